@@ -1,0 +1,59 @@
+// Loggers. Their names and messages belong to the service; where a message goes is a sink's business.
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <string_view>
+
+namespace norra {
+
+enum class LogLevel { debug, info, warning, error };
+
+/// Lower-case English name.
+std::string_view name(LogLevel level);
+
+struct LogMessage {
+  std::string_view subsystem;
+  std::string_view category;
+  std::string_view processType;
+  LogLevel level = LogLevel::info;
+  /// Whether the logger's level and state let the message through. A sink that shows a whole run may write it all the
+  /// same.
+  bool isEnabled = true;
+  std::string_view text;
+};
+
+/// Where messages go. Any thread.
+class LogSink {
+ public:
+  virtual ~LogSink() = default;
+  virtual void write(const LogMessage& message) = 0;
+};
+
+/// One named source of messages. All operations from any thread.
+class NorraOSLogger {
+ public:
+  NorraOSLogger(std::string subsystem, std::string category, std::string processType);
+
+  void debug(std::string_view message) const { log(LogLevel::debug, message); }
+  void info(std::string_view message) const { log(LogLevel::info, message); }
+  void warning(std::string_view message) const { log(LogLevel::warning, message); }
+  void error(std::string_view message) const { log(LogLevel::error, message); }
+
+  /// 3: everything; 2: all but debug; 1: warnings and errors; 0: errors only. A new logger has 2.
+  void changeLogLevel(int level) { level_ = level; }
+  /// 1: on, as a new logger is; 0: off.
+  void changeLogState(int state) { state_ = state; }
+
+ private:
+  void log(LogLevel level, std::string_view message) const;
+  bool isEnabled(LogLevel level) const;
+
+  std::string subsystem_;
+  std::string category_;
+  std::string processType_;
+  std::atomic<int> level_ = 2;
+  std::atomic<int> state_ = 1;
+};
+
+}  // namespace norra

@@ -1,0 +1,42 @@
+// The applications of the desktop and which of them is in front.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Platform/Accessibility.h"
+
+namespace norra {
+
+/// What was known of an application when it was looked up.
+struct NSRunningApplication {
+  ProcessIdentifier processIdentifier = 0;
+  std::optional<std::string> bundleIdentifier;
+  std::optional<NSURL> executableURL;
+  std::optional<std::string> localizedName;
+};
+
+/// Something that goes on until this is let go.
+class Registration {
+ public:
+  virtual ~Registration() = default;
+};
+
+/// Receives the activated application; nothing where the notification names none. Main thread.
+using ActivationHandler = std::function<void(const std::optional<NSRunningApplication>& application)>;
+
+class Workspace {
+ public:
+  virtual ~Workspace() = default;
+
+  /// Nothing: none is in front. Any thread.
+  virtual std::optional<NSRunningApplication> frontmostApplication() const = 0;
+  /// Nothing: no such application. Any thread.
+  virtual std::optional<NSRunningApplication> runningApplication(ProcessIdentifier process) const = 0;
+  /// Calls the handler for every activation until the registration is let go. Main thread.
+  [[nodiscard]] virtual std::unique_ptr<Registration> onActivation(ActivationHandler handler) = 0;
+};
+
+}  // namespace norra
