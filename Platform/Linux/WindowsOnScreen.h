@@ -1,0 +1,53 @@
+// What the accessibility side asks the window side: which top-level window lies under a point, and which one is active.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "Platform/Accessibility.h"
+
+namespace norra::linux_desktop {
+
+/// A rectangle in pixels of the screen.
+struct ScreenRectangle {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+  bool operator==(const ScreenRectangle&) const = default;
+};
+
+/// The invisible border (shadow) that a client draws around its own window, in pixels, as _GTK_FRAME_EXTENTS says.
+struct ShadowExtents {
+  double left = 0;
+  double right = 0;
+  double top = 0;
+  double bottom = 0;
+  bool operator==(const ShadowExtents&) const = default;
+};
+
+/// One top-level window as it stood when it was looked up.
+struct WindowOnScreen {
+  std::uint32_t window = 0;
+  /// 0 where the window does not tell.
+  ProcessIdentifier process = 0;
+  /// With what the window manager drew around it.
+  ScreenRectangle frame;
+  /// The client's own window; its shadow, if it has one, is part of it.
+  ScreenRectangle client;
+  ShadowExtents shadow;
+  std::string title;
+  /// Whether the window manager does not care for it: menus, lists of combo boxes, tool tips.
+  bool overrideRedirect = false;
+};
+
+/// Any thread; every answer comes within a bound. Nothing: there is none, or no way to know.
+class WindowsOnScreen {
+ public:
+  virtual ~WindowsOnScreen() = default;
+  virtual std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) = 0;
+  virtual std::optional<WindowOnScreen> activeWindow() = 0;
+};
+
+}  // namespace norra::linux_desktop
