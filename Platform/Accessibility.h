@@ -75,9 +75,8 @@ struct CFOther {
 class AXUIElement;
 
 /// What an attribute holds; the first alternative is nothing.
-using AXAttributeValue =
-    std::variant<std::monostate, std::string, NSNumber, AXUIElement, std::vector<AXUIElement>, NSURL, CFRange,
-                 CGPoint, CFOther>;
+using AXAttributeValue = std::variant<std::monostate, std::string, NSNumber, AXUIElement, std::vector<AXUIElement>,
+                                      NSURL, CFRange, CGPoint, CFOther>;
 
 /// A platform's side of one element. Reached only through AXUIElement.
 ///
