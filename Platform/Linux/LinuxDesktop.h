@@ -1,0 +1,33 @@
+// The desktop that is watched: its input, its windows and applications, its accessibility tree, each as far as it is
+// there.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Accessibility.h"
+#include "Platform/EventTap.h"
+#include "Platform/Linux/EventLoop.h"
+#include "Platform/Workspace.h"
+
+namespace norra::linux_desktop {
+
+/// Main thread. What is missing is stood in for by an object that says so at its first use.
+class LinuxDesktop {
+ public:
+  /// `loop` must outlive this.
+  explicit LinuxDesktop(EventLoop& loop);
+  ~LinuxDesktop();
+  LinuxDesktop(const LinuxDesktop&) = delete;
+  LinuxDesktop& operator=(const LinuxDesktop&) = delete;
+
+  Workspace& workspace() { return *workspace_; }
+  EventTaps& eventTaps() { return *eventTaps_; }
+  Accessibility& accessibility() { return *accessibility_; }
+
+ private:
+  std::unique_ptr<Workspace> workspace_;
+  std::unique_ptr<EventTaps> eventTaps_;
+  std::unique_ptr<Accessibility> accessibility_;
+};
+
+}  // namespace norra::linux_desktop
