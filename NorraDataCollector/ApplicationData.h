@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "NorraDataCollector/model/Action.h"
+#include "Platform/Accessibility.h"
+#include "Platform/Workspace.h"
+
+namespace norra {
+
+/// What is told of an application that became the followed one. Reads the title of its focused window. Any thread.
+ChangeApplicationData changeApplicationData(Accessibility& accessibility, const NSRunningApplication& application);
+
+/// The last part of the address's path with its escapes undone; empty where there is none.
+std::string lastPathComponent(const NSURL& url);
+
+}  // namespace norra

@@ -1,0 +1,12 @@
+#include "NorraDataCollector/NorraDataCollectorLogging.h"
+
+#include "NorraLogging/NorraOSLoggerFactory.h"
+
+namespace norra::NorraDataCollectorLogging {
+
+NorraOSLogger& defaultLogger() {
+  static const auto logger = NorraOSLoggerFactory::newOSLogger(std::string(mainBundleIdentifier), "DataCollector", "C");
+  return *logger;
+}
+
+}  // namespace norra::NorraDataCollectorLogging

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "NorraLogging/NorraOSLogger.h"
+
+namespace norra::NorraDataCollectorLogging {
+
+/// The logger of the collection engine, the accessibility layer and the click interpretation. Any thread.
+NorraOSLogger& defaultLogger();
+
+}  // namespace norra::NorraDataCollectorLogging

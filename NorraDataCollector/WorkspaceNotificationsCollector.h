@@ -1,0 +1,21 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "Platform/Workspace.h"
+
+namespace norra {
+
+/// Tells of every activated application for as long as it exists. Belongs to the main thread.
+class WorkspaceNotificationsCollector {
+ public:
+  using DidActivateApplication = std::function<void(const NSRunningApplication&)>;
+
+  WorkspaceNotificationsCollector(Workspace& workspace, DidActivateApplication didActivateApplication);
+
+ private:
+  std::unique_ptr<Registration> activations_;
+};
+
+}  // namespace norra

@@ -1,0 +1,43 @@
+#include "NorraDataCollector/accessibility/FocusedElementData.h"
+
+#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "NorraDataCollector/accessibility/AttributeValueText.h"
+#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/interpretation/WebContext.h"
+#include "NorraDataCollector/text/Text.h"
+
+namespace norra {
+namespace {
+
+bool canTrackValue(const AXUIElement& element, std::string_view role) {
+  if (role != role::textArea) return true;
+  return isWeb(element) && canTrackTextArea(parentWebAreaURL(element));
+}
+
+}  // namespace
+
+FocusedElementData::FocusedElementData(const AXUIElement& element)
+    : element_(element),
+      role_(ax::roleOrUnknown(element)),
+      subrole_(ax::subroleOrUnknown(element)),
+      isPassword_(subrole_ == subrole::secureTextField),
+      shouldTrackValue_(canTrackValue(element, role_)),
+      initialText_(masked(valueToText(ax::value(element, attribute::value)).value_or(""))),
+      text_(initialText_) {}
+
+std::optional<std::string> FocusedElementData::valueToText(const AXAttributeValue& value) {
+  if (std::holds_alternative<std::monostate>(value)) return std::nullopt;
+  return description(value);
+}
+
+std::string FocusedElementData::masked(const std::string& text) const {
+  if (!shouldTrackValue_) return {};
+  return isPassword_ ? std::string(characterCount(text), '*') : text;
+}
+
+std::optional<FocusedElementData> focusedElementData(const std::optional<AXUIElement>& element) {
+  if (!element) return std::nullopt;
+  return FocusedElementData(*element);
+}
+
+}  // namespace norra

@@ -1,0 +1,71 @@
+#include "NorraDataCollector/accessibility/SelectionChanges.h"
+
+#include <utility>
+
+#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/interpretation/ElementNaming.h"
+#include "NorraDataCollector/interpretation/NameLists.h"
+#include "NorraDataCollector/text/Text.h"
+
+namespace norra {
+namespace {
+
+/// The action's texts but for the new value.
+template <typename Data>
+Data selectionOf(const AXUIElement& element) {
+  Data data;
+  data.elementName = collectNameOfTitleElementOrElement(element).value_or("");
+  data.controlType = collectRoleDescription(element);
+  data.automationID = collectAutomationID(element).value_or("");
+  return data;
+}
+
+/// Whether the selection is another than the last one; from then on it is the last one.
+bool takeSelection(FocusedElementData* focused, const std::vector<AXUIElement>& selected) {
+  if (focused == nullptr) return true;
+  if (focused->lastSelectedElements == selected) return false;
+  focused->lastSelectedElements = selected;
+  return true;
+}
+
+bool takeSelectedString(FocusedElementData* focused, const std::string& selected) {
+  if (focused == nullptr) return true;
+  if (areCanonicallyEquivalent(focused->lastSelectedString, selected)) return false;
+  focused->lastSelectedString = selected;
+  return true;
+}
+
+using NamesJoiner = std::string (*)(const std::vector<AXUIElement>&);
+
+template <typename Data>
+std::optional<Action> changedSelectedElements(const AXUIElement& element, FocusedElementData* focused,
+                                              std::string_view attribute, NamesJoiner joinedNames) {
+  auto data = selectionOf<Data>(element);
+  const auto selected = ax::elements(element, attribute);
+  if (!takeSelection(focused, selected)) return std::nullopt;
+  data.newValue = joinedNames(selected);
+  return data;
+}
+
+}  // namespace
+
+std::optional<Action> changedSelectedRows(const AXUIElement& element, FocusedElementData* focused) {
+  auto action = changedSelectedElements<ChangeSelectedRowsData>(element, focused, attribute::selectedRows,
+                                                                joinedLazilyCollectedRowOrColumnNames);
+  if (!action) return std::nullopt;
+  if (!takeSelectedString(focused, std::get<ChangeSelectedRowsData>(*action).newValue)) return std::nullopt;
+  return action;
+}
+
+std::optional<Action> changedSelectedCells(const AXUIElement& element, FocusedElementData* focused) {
+  return changedSelectedElements<ChangeSelectedCellsData>(element, focused, attribute::selectedCells,
+                                                          joinedLazilyCollectedRowOrColumnNames);
+}
+
+std::optional<Action> changedSelectedChildren(const AXUIElement& element, FocusedElementData* focused) {
+  return changedSelectedElements<ChangeSelectedChildrenData>(element, focused, attribute::selectedChildren,
+                                                             joinedLazilyCollectedListItemElementNames);
+}
+
+}  // namespace norra

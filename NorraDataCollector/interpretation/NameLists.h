@@ -1,0 +1,26 @@
+// The names of several elements as one bounded text, such as ["Inbox", "Sent", ...]. Any thread.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "Platform/Accessibility.h"
+
+namespace norra {
+
+/// The name of a row, a column or a cell: its title element's or its own, else that of something below it.
+std::optional<std::string> collectRowOrColumnName(const AXUIElement& rowOrColumn);
+/// The name of a list's item: its own, else that of something below it, images included.
+std::optional<std::string> collectListItemName(const AXUIElement& listItem);
+
+/// Joins the names that `collect` gives for the indices from 0, asking only while there is room in the budget of
+/// maxLogStringCount characters. An index without a name is left out; names are quoted and not escaped.
+std::string joinedLazilyCollectedNames(const std::function<std::optional<std::string>(std::size_t)>& collect,
+                                       std::size_t elementsCount);
+
+std::string joinedLazilyCollectedRowOrColumnNames(const std::vector<AXUIElement>& elements);
+std::string joinedLazilyCollectedListItemElementNames(const std::vector<AXUIElement>& elements);
+
+}  // namespace norra

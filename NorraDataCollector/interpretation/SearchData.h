@@ -1,0 +1,48 @@
+// What a walk from a clicked element towards its window meets.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "Platform/Accessibility.h"
+
+namespace norra {
+
+/// The first element of each kind on the walk. Lives for one click.
+struct SearchData {
+  std::optional<NSURL> url;
+  std::optional<AXUIElement> cell;
+  std::optional<CFRange> cellColumnIndexRange;
+  std::optional<std::vector<AXUIElement>> columns;
+  std::optional<AXUIElement> row;
+  std::optional<std::string> groupName;
+  std::optional<std::string> popupButtonTitleElementName;
+  std::optional<AXUIElement> linkElement;
+  std::optional<std::string> linkName;
+  std::optional<AXUIElement> listItemElement;
+  /// The control that the click is attributed to, and what was read of it.
+  std::optional<AXUIElement> interactiveElement;
+  std::optional<std::string> interactiveName;
+  std::optional<std::string> interactiveTitleElementName;
+  /// A number or a text.
+  std::optional<AXAttributeValue> interactiveValue;
+  std::string interactiveRole{role::unknown};
+  std::string interactiveSubrole{subrole::unknown};
+  /// The interactive element is only a text; a control further up takes its place.
+  bool isInteractiveElementText = false;
+  bool isInInteractiveHierarchy = false;
+};
+
+/// Walks from the clicked element up to five ancestors, or to the first container that ends a walk. Any thread.
+SearchData collectSearchData(const AXUIElement& clicked);
+
+/// Whether an element at this distance from the clicked one (0) makes the click one on something interactive.
+bool checkInteractiveHierarchy(std::string_view role, const AXUIElement& element, int depth);
+
+/// The name of a menu item behind those of the menus that lead to it, such as "File -> Open Recent -> Clear Menu";
+/// nothing where the item has no name.
+std::optional<std::string> menuItemPath(const AXUIElement& menuItem);
+
+}  // namespace norra

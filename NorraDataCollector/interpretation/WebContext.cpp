@@ -1,0 +1,70 @@
+#include "NorraDataCollector/interpretation/WebContext.h"
+
+#include <uriparser/Uri.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "NorraDataCollector/NorraDataCollectorLogging.h"
+#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "NorraDataCollector/accessibility/AttributeValueText.h"
+#include "NorraDataCollector/accessibility/ElementAccess.h"
+
+namespace norra {
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::array chromiumBasedBrowsers{"com.google.Chrome"sv, "com.microsoft.edgemac"sv, "com.brave.Browser"sv,
+                                           "com.vivaldi.Vivaldi"sv, "com.operasoftware.Opera"sv};
+
+constexpr std::array webSearchHosts{"www.google.com"sv, "www.bing.com"sv};
+
+constexpr int webAreaClimbLimit = 20;
+
+/// The parent; another type than an element is logged by its name.
+std::optional<AXUIElement> parentForClimb(const AXUIElement& element) {
+  auto value = ax::value(element, attribute::parent);
+  if (auto* parent = std::get_if<AXUIElement>(&value)) return std::move(*parent);
+  if (!std::holds_alternative<std::monostate>(value)) {
+    NorraDataCollectorLogging::defaultLogger().debug("Error: Wrong CFTypeID of attribute '" +
+                                                     std::string(attribute::parent) + "'. Expected AXUIElement, got '" +
+                                                     std::string(typeName(value)) + "'");
+  }
+  return std::nullopt;
+}
+
+std::string hostOf(const NSURL& url) {
+  UriUriA uri;
+  const auto& text = url.absoluteString;
+  const char* errorPosition = nullptr;
+  if (uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), &errorPosition) != URI_SUCCESS) return {};
+  std::string host;
+  if (uri.hostText.first != nullptr) host.assign(uri.hostText.first, uri.hostText.afterLast);
+  uriFreeUriMembersA(&uri);
+  return host;
+}
+
+bool contains(const auto& texts, std::string_view text) { return std::ranges::find(texts, text) != texts.end(); }
+
+}  // namespace
+
+bool isWeb(const AXUIElement& element) { return ax::domIdentifier(element).has_value(); }
+
+std::optional<NSURL> parentWebAreaURL(const AXUIElement& element) {
+  std::optional<AXUIElement> current = element;
+  for (int remaining = webAreaClimbLimit; current && remaining > 0; --remaining) {
+    if (ax::role(*current) == role::webArea) return ax::url(*current);
+    current = parentForClimb(*current);
+  }
+  return std::nullopt;
+}
+
+bool canTrackTextArea(const std::optional<NSURL>& url) { return url && contains(webSearchHosts, hostOf(*url)); }
+
+bool isApplicationChromiumBased(const std::optional<std::string>& bundleIdentifier) {
+  return bundleIdentifier && contains(chromiumBasedBrowsers, *bundleIdentifier);
+}
+
+}  // namespace norra
