@@ -1,0 +1,52 @@
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "NorraDataCollector/text/Text.h"
+
+namespace norra {
+namespace {
+
+struct Row {
+  std::string text;
+  std::size_t characters;
+};
+
+TEST(Text, CountsWhatAPersonSees) {
+  const std::vector<Row> rows{
+      {"", 0},
+      {"abc", 3},
+      {"a\r\nb", 3},
+      {"e\u0301e", 2},                                    // a combining accent
+      {"\U0001F1E9\U0001F1EA\U0001F1EB\U0001F1F7", 2},    // two flags of two letters each
+      {"\U0001F468\u200D\U0001F469\u200D\U0001F467", 1},  // a family
+      {"\u1112\u1161\u11AB", 1},                          // a decomposed syllable
+      {"a\u0301\u0302b", 2},
+      {"x\xff\xfey", 4},  // bytes that are no text
+  };
+  for (const auto& row : rows) EXPECT_EQ(characterCount(row.text), row.characters) << row.text;
+}
+
+TEST(Text, CutsBetweenCharacters) {
+  EXPECT_EQ(firstCharacters("ae\u0301b", 2), "ae\u0301");
+  EXPECT_EQ(firstCharacters("ab", 5), "ab");
+  EXPECT_TRUE(hasMoreCharactersThan("abc", 2));
+  EXPECT_FALSE(hasMoreCharactersThan("ae\u0301", 2));
+}
+
+TEST(Text, ComparesByCanonicalEquivalence) {
+  EXPECT_TRUE(areCanonicallyEquivalent("\u00e9", "e\u0301"));
+  EXPECT_TRUE(areCanonicallyEquivalent("\u212b", "A\u030a"));
+  EXPECT_FALSE(areCanonicallyEquivalent("e", "\u00e9"));
+  EXPECT_FALSE(areCanonicallyEquivalent("\ufb01", "fi"));  // only compatible
+  EXPECT_FALSE(areCanonicallyEquivalent("\xff", "\xfe"));
+  EXPECT_TRUE(areCanonicallyEquivalent("\xff", "\xff"));
+}
+
+TEST(Text, KnowsUTF8) {
+  EXPECT_TRUE(isValidUTF8("aé\U0001F468"));
+  for (const auto* text : {"\xff", "a\xc3", "\xed\xa0\x80", "\xc0\x80"}) EXPECT_FALSE(isValidUTF8(text));
+}
+
+}  // namespace
+}  // namespace norra
