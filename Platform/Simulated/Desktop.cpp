@@ -5,11 +5,6 @@ namespace norra::simulated {
 Desktop::Desktop(const DesktopDescription& description)
     : accessibility_(description), applications_(description), input_(description.canObserveInput) {}
 
-Desktop::~Desktop() {
-  clients_.dropConnections();
-  scheduler_.dropWaitingJobs();
-}
-
 Platform Desktop::platform() {
   return {accessibility_, input_, applications_, scheduler_, scheduler_, scheduler_, clients_, process_};
 }
@@ -93,6 +88,11 @@ void Desktop::notify(const std::string& element, const std::string& notification
 void Desktop::forceNotification(const std::string& element, const std::string& notification) {
   accessibility_.forceNotification(this->element(element), notification);
   runReadyJobs();
+}
+
+void Desktop::endAllWork() {
+  clients_.dropConnections();
+  scheduler_.dropWaitingJobs();
 }
 
 void Desktop::advance(std::chrono::nanoseconds by) {

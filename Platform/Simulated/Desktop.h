@@ -18,8 +18,7 @@ enum class PointerButton { left, right, other };
 class Desktop {
  public:
   explicit Desktop(const DesktopDescription& description = {});
-  /// Waiting jobs are let go while everything that they may use still stands.
-  ~Desktop();
+  ~Desktop() { endAllWork(); }
   Desktop(const Desktop&) = delete;
   Desktop& operator=(const Desktop&) = delete;
 
@@ -69,6 +68,9 @@ class Desktop {
   void advance(std::chrono::nanoseconds by);
 
   void runReadyJobs() { scheduler_.runReadyJobs(); }
+
+  /// Lets go of every connection and of all waiting work, without running it.
+  void endAllWork();
 
  private:
   Element& element(const std::string& identifier) { return accessibility_.element({identifier}); }

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string_view>
+#include <variant>
+
+#include "ScenarioPlayer/JsonCursor.h"
+#include "ScenarioPlayer/ScenarioFile.h"
+
+namespace norra::scenario {
+
+/// Reads the whole text of a scenario file; of several faults one is told.
+std::variant<ScenarioFile, ScenarioFault> readScenario(std::string_view text);
+
+}  // namespace norra::scenario

@@ -1,0 +1,110 @@
+#include <gmock/gmock.h>
+
+#include "Platform/Simulated/Clients.h"
+
+namespace norra::simulated {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+using Lines = std::vector<std::string>;
+
+class Client final : public ClientProtocol {
+ public:
+  explicit Client(Lines& lines) : lines_(lines) {}
+  void addEvent(std::string event, std::chrono::system_clock::time_point /*date*/,
+                bool /*isApplicationEvent*/) override {
+    lines_.push_back("event " + event);
+  }
+
+ private:
+  Lines& lines_;
+};
+
+/// Answers each operation with its number.
+class Service final : public ServiceProtocol {
+ public:
+  explicit Service(std::string number) : number_(std::move(number)) {}
+  void startCollectorWith(const ServiceReply& reply) override { reply("start " + number_); }
+  void stopCollectorWith(const ServiceReply& reply) override { reply("stop " + number_); }
+  void pauseCollectorWith(const ServiceReply& reply) override { reply("pause " + number_); }
+  void resumeCollectorWith(const ServiceReply& reply) override { reply("resume " + number_); }
+
+ private:
+  std::string number_;
+};
+
+class ClientsTest : public testing::Test, public NSXPCListenerDelegate {
+ protected:
+  ClientsTest() { clients_.setDelegate(this); }
+
+  bool shouldAcceptNewConnection(std::shared_ptr<NSXPCConnection> connection) override {
+    connection->setExportedObject(std::make_shared<Service>(std::to_string(proxies_.size() + 1)));
+    connection->setInvalidationHandler([this] { lines_.push_back("invalidated"); });
+    connection->setInterruptionHandler([this] { lines_.push_back("interrupted"); });
+    proxies_.push_back(connection->remoteObjectProxy([this](const auto& error) { lines_.push_back(error); }));
+    if (isAccepting_) connection->activate();
+    return isAccepting_;
+  }
+
+  void connect(const std::string& name) { clients_.connect(name, std::make_shared<Client>(lines_)); }
+  void call(const std::string& name, ServiceOperation operation) {
+    clients_.call(name, operation, [this](std::string_view reply) { lines_.emplace_back(reply); });
+  }
+
+  Lines lines_;
+  bool isAccepting_ = true;
+  std::vector<std::shared_ptr<ClientProtocol>> proxies_;
+  Clients clients_;
+};
+
+TEST_F(ClientsTest, ANameMeansItsNewestConnection) {
+  connect("a");
+  connect("a");
+  call("a", ServiceOperation::pause);
+  clients_.disconnect("a");
+  proxies_[0]->addEvent("of the first", {}, false);
+  proxies_[1]->addEvent("of the second", {}, false);
+  EXPECT_THAT(lines_, ElementsAre("pause 2", "invalidated", "event of the first", "connection invalidated"));
+  EXPECT_FALSE(clients_.isConnected("a"));
+}
+
+TEST_F(ClientsTest, AnInterruptedConnectionStillCarriesMessages) {
+  connect("a");
+  clients_.interrupt("a");
+  proxies_[0]->addEvent("x", {}, false);
+  call("a", ServiceOperation::start);
+  EXPECT_THAT(lines_, ElementsAre("interrupted", "event x", "start 1"));
+}
+
+TEST_F(ClientsTest, ClientsThatAreNotConnectedAreNotDisturbed) {
+  clients_.disconnect("a");
+  clients_.interrupt("a");
+  call("a", ServiceOperation::start);
+  EXPECT_THAT(lines_, IsEmpty());
+}
+
+TEST_F(ClientsTest, ARefusedConnectionIsNone) {
+  isAccepting_ = false;
+  connect("a");
+  EXPECT_FALSE(clients_.isConnected("a"));
+}
+
+TEST_F(ClientsTest, AClientThatExportsNothingHasNoProxy) {
+  clients_.connect("a", nullptr);
+  EXPECT_THAT(proxies_, ElementsAre(nullptr));
+}
+
+TEST_F(ClientsTest, TheListenerRunsItsLoopAndLetsGoOfTheConnections) {
+  clients_.setLoop([this] {
+    connect("a");
+    return 7;
+  });
+  EXPECT_EQ(clients_.activate(), 7);
+  EXPECT_FALSE(clients_.isConnected("a"));
+  EXPECT_THAT(lines_, IsEmpty());
+}
+
+}  // namespace
+}  // namespace norra::simulated
