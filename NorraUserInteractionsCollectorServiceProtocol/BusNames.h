@@ -1,0 +1,16 @@
+// How the two protocols are reached on the session bus. Their signatures are in the XML files beside this one.
+#pragma once
+
+namespace norra::busNames {
+
+inline constexpr const char* service = "com.norra.UserInteractionsCollectorService";
+inline constexpr const char* servicePath = "/com/norra/UserInteractionsCollectorService";
+inline constexpr const char* serviceInterface = "com.norra.ServiceProtocol";
+
+/// What every client exports on its own connection.
+inline constexpr const char* clientPath = "/com/norra/UserInteractionsCollectorClient";
+inline constexpr const char* clientInterface = "com.norra.ClientProtocol";
+/// Signature "stb"; the date is microseconds since the Unix epoch.
+inline constexpr const char* addEvent = "addEvent";
+
+}  // namespace norra::busNames

@@ -1,0 +1,21 @@
+#include "Platform/Linux/ClientProxy.h"
+
+#include <utility>
+
+namespace norra::linux_desktop {
+
+ClientProxy::ClientProxy(EventLoop& loop, ClientDelivery::Client client, ClientDelivery::ErrorHandler errorHandler)
+    : loop_(loop), delivery_(std::make_shared<ClientDelivery>(std::move(client), std::move(errorHandler))) {}
+
+ClientProxy::~ClientProxy() {
+  if (!loop_.isCurrent()) loop_.post([last = std::move(delivery_)] {});
+}
+
+void ClientProxy::addEvent(std::string event, std::chrono::system_clock::time_point date, bool isApplicationEvent) {
+  if (!delivery_->admit(event)) return;
+  loop_.post([delivery = delivery_, event = std::move(event), date, isApplicationEvent] {
+    delivery->send(event, date, isApplicationEvent);
+  });
+}
+
+}  // namespace norra::linux_desktop
