@@ -14,7 +14,7 @@ namespace norra {
 namespace {
 
 using NorraDataCollectorLogging::defaultLogger;
-using std::chrono_literals::operator""ms;
+using namespace std::chrono_literals;
 
 constexpr NSSpecialKey carriageReturn{0x000D};
 

@@ -12,6 +12,9 @@ struct Overloaded : Visitors... {
   using Visitors::operator()...;
 };
 
+template <typename... Visitors>
+Overloaded(Visitors...) -> Overloaded<Visitors...>;
+
 std::string numberText(const NSNumber& number) {
   return std::visit(Overloaded{[](bool value) { return std::string(value ? "1" : "0"); },
                                [](std::int64_t value) { return std::to_string(value); },

@@ -16,6 +16,9 @@ struct Field {
   Value Data::*member;
 };
 
+template <typename Data, typename Value>
+Field(const char*, Value Data::*) -> Field<Data, Value>;
+
 constexpr auto fields(std::type_identity<CollectorData>) {
   return std::tuple(Field{"operation", &CollectorData::operation});
 }
