@@ -1,18 +1,52 @@
 #include "Platform/Linux/LinuxDesktop.h"
 
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
 #include "Platform/Linux/AbsentDesktop.h"
+#include "Platform/Linux/PlatformLogger.h"
+#include "Platform/Linux/X11EventTaps.h"
+#include "Platform/Linux/X11Windows.h"
+#include "Platform/Linux/X11Workspace.h"
 
 namespace norra::linux_desktop {
 namespace {
 
-std::unique_ptr<Workspace> newWorkspace(sd_event* /*event*/) {
+std::unique_ptr<X11Windows> newWindows() {
+  auto connection = X11Connection::open();
+  return connection ? std::make_unique<X11Windows>(std::move(connection)) : nullptr;
+}
+
+std::unique_ptr<Workspace> newWorkspace(sd_event* event, X11Windows* windows) {
+  auto connection = windows != nullptr ? X11Connection::open() : nullptr;
+  if (connection) return std::make_unique<X11Workspace>(event, std::move(connection), *windows);
   return std::make_unique<AbsentWorkspace>(
       "No X server: application switches are not seen. Start the service in a desktop session, with DISPLAY set");
 }
 
-std::unique_ptr<EventTaps> newEventTaps(sd_event* /*event*/) {
+std::unique_ptr<EventTaps> newEventTaps(sd_event* event) {
+  auto connection = X11Connection::open();
+  if (!connection) {
+    return std::make_unique<AbsentEventTaps>(
+        "No X server: clicks and keys are not seen. Start the service in a desktop session, with DISPLAY set");
+  }
+  if (auto taps = X11EventTaps::open(event, std::move(connection))) return taps;
   return std::make_unique<AbsentEventTaps>(
-      "No X server: clicks and keys are not seen. Start the service in a desktop session, with DISPLAY set");
+      "The X server has no XInput 2.2: clicks and keys are not seen. Start a newer X server");
+}
+
+bool isSet(const char* variable) {
+  const auto* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+void reportWayland() {
+  const auto* type = std::getenv("XDG_SESSION_TYPE");
+  if (!isSet("WAYLAND_DISPLAY") && (type == nullptr || std::string_view(type) != "wayland")) return;
+  platformLogger().error(
+      "This is a Wayland session: switches to, and clicks and keys in, windows that are not of X11 are not seen. "
+      "Log in to an X11 session to see them");
 }
 
 std::unique_ptr<Accessibility> newAccessibility(sd_event* /*event*/) {
@@ -23,9 +57,12 @@ std::unique_ptr<Accessibility> newAccessibility(sd_event* /*event*/) {
 }  // namespace
 
 LinuxDesktop::LinuxDesktop(EventLoop& loop)
-    : workspace_(newWorkspace(loop.event())),
+    : windows_(newWindows()),
+      workspace_(newWorkspace(loop.event(), windows_.get())),
       eventTaps_(newEventTaps(loop.event())),
-      accessibility_(newAccessibility(loop.event())) {}
+      accessibility_(newAccessibility(loop.event())) {
+  reportWayland();
+}
 
 LinuxDesktop::~LinuxDesktop() = default;
 

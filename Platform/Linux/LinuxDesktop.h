@@ -11,6 +11,8 @@
 
 namespace norra::linux_desktop {
 
+class X11Windows;
+
 /// Main thread. What is missing is stood in for by an object that says so at its first use.
 class LinuxDesktop {
  public:
@@ -25,6 +27,7 @@ class LinuxDesktop {
   Accessibility& accessibility() { return *accessibility_; }
 
  private:
+  std::unique_ptr<X11Windows> windows_;  // null: no X server
   std::unique_ptr<Workspace> workspace_;
   std::unique_ptr<EventTaps> eventTaps_;
   std::unique_ptr<Accessibility> accessibility_;

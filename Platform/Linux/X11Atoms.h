@@ -1,0 +1,41 @@
+// The names that the X server gives numbers to.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace norra::linux_desktop {
+
+enum class X11Atom : std::size_t {
+  gtkApplicationIdentifier,
+  gtkFrameExtents,
+  kdeDesktopFile,
+  netActiveWindow,
+  netClientListStacking,
+  netSupportingWindowManagerCheck,
+  netWindowManagerName,
+  netWindowManagerProcess,
+  windowManagerClass,
+  windowManagerClientMachine,
+  windowManagerName,
+  windowManagerState,
+};
+
+/// In the order of X11Atom.
+inline constexpr std::array<std::string_view, 12> x11AtomNames{
+    "_GTK_APPLICATION_ID",
+    "_GTK_FRAME_EXTENTS",
+    "_KDE_NET_WM_DESKTOP_FILE",
+    "_NET_ACTIVE_WINDOW",
+    "_NET_CLIENT_LIST_STACKING",
+    "_NET_SUPPORTING_WM_CHECK",
+    "_NET_WM_NAME",
+    "_NET_WM_PID",
+    "WM_CLASS",
+    "WM_CLIENT_MACHINE",
+    "WM_NAME",
+    "WM_STATE",
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,54 @@
+#include "Platform/Linux/X11EventSource.h"
+
+#include <poll.h>
+
+#include <utility>
+
+namespace norra::linux_desktop {
+
+X11EventSource::X11EventSource(sd_event* event, X11Connection& connection, EventHandler handler,
+                               std::function<void()> didLoseConnection)
+    : connection_(connection), handler_(std::move(handler)), didLoseConnection_(std::move(didLoseConnection)) {
+  sd_event_source* source = nullptr;
+  require(sd_event_add_io(event, &source, xcb_get_file_descriptor(connection_.get()), POLLIN, onInput, this),
+          "sd_event_add_io");
+  input_.reset(source);
+  require(sd_event_source_set_prepare(source, onPrepare), "sd_event_source_set_prepare");
+  require(sd_event_add_defer(event, &source, onQueued, this), "sd_event_add_defer");
+  queued_.reset(source);
+}
+
+int X11EventSource::onInput(sd_event_source*, int, std::uint32_t, void* self) noexcept {
+  static_cast<X11EventSource*>(self)->dispatch();
+  return 0;
+}
+
+// Whoever waited for an answer may have read events too; the descriptor says nothing of them.
+int X11EventSource::onPrepare(sd_event_source*, void* self) noexcept {
+  auto& source = *static_cast<X11EventSource*>(self);
+  xcb_flush(source.connection_.get());
+  if (!source.next_) source.next_.reset(xcb_poll_for_queued_event(source.connection_.get()));
+  if (source.next_) sd_event_source_set_enabled(source.queued_.get(), SD_EVENT_ONESHOT);
+  return 0;
+}
+
+int X11EventSource::onQueued(sd_event_source*, void* self) noexcept {
+  static_cast<X11EventSource*>(self)->dispatch();
+  return 0;
+}
+
+// One event a turn, so that a flood of them keeps nobody else waiting.
+void X11EventSource::dispatch() {
+  if (!next_) next_.reset(xcb_poll_for_event(connection_.get()));
+  if (const auto event = std::exchange(next_, nullptr)) handler_(*event);
+  endIfLost();
+}
+
+void X11EventSource::endIfLost() {
+  if (!connection_.isLost()) return;
+  input_.reset();
+  queued_.reset();
+  if (const auto didLose = std::exchange(didLoseConnection_, nullptr)) didLose();
+}
+
+}  // namespace norra::linux_desktop

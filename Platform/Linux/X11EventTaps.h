@@ -1,0 +1,55 @@
+// Input as the X server tells it to whoever asks (raw events of XInput2): nothing is grabbed, held up or changed, and
+// open menus hide nothing.
+#pragma once
+
+#include <systemd/sd-event.h>
+
+#include <bitset>
+#include <vector>
+
+#include "Platform/EventTap.h"
+#include "Platform/Linux/X11EventSource.h"
+#include "Platform/Linux/X11Keyboard.h"
+
+namespace norra::linux_desktop {
+
+/// Main thread. The server is asked for no event that no tap wants now. A click is where the pointer is when its event
+/// is read; key presses carry no location. Taps are never disabled.
+class X11EventTaps final : public EventTaps {
+ public:
+  /// Null: the server has no XInput 2.2. `event` is not owned; the connection must have no other user of its events.
+  /// `isSecureInput` as for KeyTranslator.
+  static std::unique_ptr<X11EventTaps> open(sd_event* event, std::unique_ptr<X11Connection> connection,
+                                            SecureInput isSecureInput = {});
+
+  std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
+
+ private:
+  class Tap;
+  struct Subscription;
+
+  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, SecureInput isSecureInput);
+  void didChangeTaps();
+  CGEventMask wantedEvents() const;
+  void selectEvents(std::uint32_t events);
+  void followKeyboard(bool isWanted);
+
+  void handle(const xcb_generic_event_t& event);
+  void handleInput(const xcb_generic_event_t& event);
+  void handleButtonRelease(std::uint32_t button);
+  void handleKeyPress(std::uint32_t key, bool isMarkedRepeat);
+  std::uint32_t logicalButton(std::uint32_t button);
+  void deliver(const CGEvent& event);
+
+  const std::unique_ptr<X11Connection> connection_;
+  const SecureInput isSecureInput_;
+  const std::uint8_t inputExtension_;
+  std::vector<std::shared_ptr<Subscription>> subscriptions_;
+  std::uint32_t selectedEvents_ = 0;
+  std::unique_ptr<X11Keyboard> keyboard_;
+  std::bitset<256> heldKeys_;
+  std::vector<std::uint8_t> buttonMapping_;
+  X11EventSource source_;
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,151 @@
+#include "tests/Platform/Linux/PrivateDisplay.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <iterator>
+#include <sstream>
+
+#include "Platform/Linux/X11WindowTree.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::chrono::seconds patience{20};
+constexpr std::chrono::milliseconds turn{5};
+
+bool repeatUntil(const std::function<bool()>& condition, const std::function<void()>& pass) {
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    pass();
+  }
+  return true;
+}
+
+// The X server writes its number, and a line's end, when it is ready.
+std::string numberFrom(int descriptor) {
+  std::string number;
+  for (char digit = 0; read(descriptor, &digit, 1) == 1 && digit != '\n';) number += digit;
+  return number;
+}
+
+}  // namespace
+
+ChildProgram::ChildProgram(const std::vector<std::string>& command, int descriptor) {
+  std::vector<char*> arguments;
+  for (const auto& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
+  arguments.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+  if (descriptor >= 0) posix_spawn_file_actions_adddup2(&actions, descriptor, descriptor);
+  const int error = posix_spawnp(&process_, arguments.front(), &actions, nullptr, arguments.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  EXPECT_EQ(error, 0) << command.front();
+}
+
+ChildProgram::~ChildProgram() {
+  signal(SIGKILL);
+  wait();
+}
+
+void ChildProgram::signal(int number) const {
+  if (process_ > 0) kill(process_, number);
+}
+
+int ChildProgram::wait() {
+  int status = 0;
+  if (process_ > 0) waitpid(process_, &status, 0);
+  process_ = -1;
+  return status;
+}
+
+bool ChildProgram::hasEnded() const {
+  siginfo_t info{};
+  return waitid(P_PID, static_cast<id_t>(process_), &info, WEXITED | WNOHANG | WNOWAIT) == 0 && info.si_pid == process_;
+}
+
+bool PrivateDisplay::isInstalled() { return std::system("command -v Xvfb > /dev/null") == 0; }
+
+PrivateDisplay::PrivateDisplay() {
+  std::array<int, 2> ends{};
+  EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+  server_ =
+      std::make_unique<ChildProgram>(std::vector<std::string>{"Xvfb", "-displayfd", std::to_string(ends[1]), "-screen",
+                                                              "0", "1280x900x24", "-nolisten", "tcp", "-noreset"},
+                                     ends[1]);
+  close(ends[1]);
+  setenv("DISPLAY", (":" + numberFrom(ends[0])).c_str(), 1);
+  close(ends[0]);
+}
+
+std::unique_ptr<X11Connection> PrivateDisplay::connect() const { return X11Connection::open(); }
+
+void PrivateDisplay::startWindowManager() {
+  windowManager_ = std::make_unique<ChildProgram>(std::vector<std::string>{"openbox", "--sm-disable"});
+  const auto connection = connect();
+  EXPECT_TRUE(waitUntil([&] { return X11WindowTree(*connection).hasWindowManager(); }));
+}
+
+void PrivateDisplay::endWindowManager() { windowManager_.reset(); }
+
+bool waitUntil(const std::function<bool()>& condition) {
+  return repeatUntil(condition, [] { poll(nullptr, 0, static_cast<int>(turn.count())); });
+}
+
+bool serveUntil(sd_event* event, const std::function<bool()>& condition) {
+  return repeatUntil(condition, [&] { sd_event_run(event, std::chrono::microseconds(turn).count()); });
+}
+
+void serveWhile(sd_event* event, const std::string& command) {
+  std::istringstream stream(command);
+  const std::vector<std::string> words{std::istream_iterator<std::string>(stream), {}};
+  ChildProgram program(words);
+  EXPECT_TRUE(serveUntil(event, [&] { return program.hasEnded(); })) << command;
+  EXPECT_EQ(program.wait(), 0) << command;
+}
+
+TestWindow::TestWindow(X11Connection& connection, const TestWindowTraits& traits)
+    : connection_(connection), window_(xcb_generate_id(connection.get())) {
+  const std::uint32_t overrideRedirect = traits.overrideRedirect ? 1 : 0;
+  xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window_, connection.root(), traits.x, traits.y,
+                    traits.width, traits.height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
+                    XCB_CW_OVERRIDE_REDIRECT, &overrideRedirect);
+  set(X11Atom::windowManagerName, XCB_ATOM_STRING, traits.title);
+  set(X11Atom::windowManagerClass, XCB_ATOM_STRING, traits.instanceName + '\0' + traits.className + '\0');
+  xcb_map_window(connection.get(), window_);
+  const auto isShown = [&] {
+    const auto attributes =
+        connection.await<&xcb_get_window_attributes_reply>(xcb_get_window_attributes(connection.get(), window_));
+    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+  };
+  EXPECT_TRUE(waitUntil(isShown));
+}
+
+TestWindow::~TestWindow() {
+  xcb_destroy_window(connection_.get(), window_);
+  connection_.await<&xcb_get_input_focus_reply>(xcb_get_input_focus(connection_.get()));
+}
+
+void TestWindow::set(X11Atom property, xcb_atom_t type, const std::string& text) {
+  xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, connection_.atom(property), type, 8,
+                      static_cast<std::uint32_t>(text.size()), text.data());
+  xcb_flush(connection_.get());
+}
+
+void TestWindow::set(X11Atom property, const std::vector<std::uint32_t>& items) {
+  xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, connection_.atom(property), XCB_ATOM_CARDINAL,
+                      32, static_cast<std::uint32_t>(items.size()), items.data());
+  xcb_flush(connection_.get());
+}
+
+}  // namespace norra::linux_desktop
