@@ -26,9 +26,9 @@ bool isKeypadKeysym(xkb_keysym_t keysym) { return keysym >= XKB_KEY_KP_Space && 
 
 }  // namespace
 
-KeyTranslator::KeyTranslator(KeymapPtr keymap, KeyStatePtr state, SecureInput isSecureInput)
+KeyTranslator::KeyTranslator(KeymapPtr keymap, SecureInput isSecureInput)
     : keymap_(std::move(keymap)),
-      state_(std::move(state)),
+      state_(xkb_state_new(keymap_.get())),
       stateWithoutModifiers_(xkb_state_new(keymap_.get())),
       isSecureInput_(std::move(isSecureInput)) {}
 

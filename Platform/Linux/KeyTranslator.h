@@ -41,8 +41,8 @@ struct KeyboardState {
 /// One layout with its present state. One thread at a time.
 class KeyTranslator {
  public:
-  /// Both not null; `state` is one of `keymap`. `isSecureInput` empty: never.
-  KeyTranslator(KeymapPtr keymap, KeyStatePtr state, SecureInput isSecureInput = {});
+  /// `keymap` not null. `isSecureInput` empty: never.
+  explicit KeyTranslator(KeymapPtr keymap, SecureInput isSecureInput = {});
 
   void update(const KeyboardState& state);
 

@@ -22,14 +22,15 @@ constexpr std::uint16_t mapParts = XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART
                                    XCB_XKB_MAP_PART_VIRTUAL_MOD_MAP;
 constexpr std::uint16_t newKeyboardParts = XCB_XKB_NKN_DETAIL_KEYCODES | XCB_XKB_NKN_DETAIL_DEVICE_ID;
 
-KeyboardState stateIn(const xcb_generic_event_t& event) {
-  const auto& notice = reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event);
-  return {notice.baseMods,
-          notice.latchedMods,
-          notice.lockedMods,
-          static_cast<xkb_layout_index_t>(notice.baseGroup),
-          static_cast<xkb_layout_index_t>(notice.latchedGroup),
-          notice.lockedGroup};
+// Of an answer or an event, which name their parts alike.
+template <typename Message>
+KeyboardState stateIn(const Message& message) {
+  return {message.baseMods,
+          message.latchedMods,
+          message.lockedMods,
+          static_cast<xkb_layout_index_t>(message.baseGroup),
+          static_cast<xkb_layout_index_t>(message.latchedGroup),
+          message.lockedGroup};
 }
 
 }  // namespace
@@ -52,7 +53,8 @@ X11Keyboard::X11Keyboard(X11Connection& connection, SecureInput isSecureInput, s
       context_(xkb_context_new(
           static_cast<xkb_context_flags>(XKB_CONTEXT_NO_DEFAULT_INCLUDES | XKB_CONTEXT_NO_ENVIRONMENT_NAMES))) {
   selectEvents(keyboardEvents);
-  load();
+  loadState();
+  loadLayout();
 }
 
 X11Keyboard::~X11Keyboard() { selectEvents(0); }
@@ -67,29 +69,41 @@ void X11Keyboard::selectEvents(std::uint16_t events) {
                             static_cast<std::uint16_t>(keyboardEvents & ~events), 0, mapParts, mapParts, &details);
 }
 
-// Reading the layout waits for the server without a bound of ours; it happens at the start and after a change only.
-void X11Keyboard::load() {
-  isOutdated_ = false;
+void X11Keyboard::loadState() {
+  const auto request = xcb_xkb_get_state(connection_.get(), static_cast<xcb_xkb_device_spec_t>(device_));
+  if (const auto reply = connection_.await<&xcb_xkb_get_state_reply>(request)) state_ = stateIn(*reply);
+}
+
+// Waits for the server without a bound of ours; that happens at the start and after a change only. The state stays what
+// the events have told so far: the server's own may be that of later key presses already.
+void X11Keyboard::loadLayout() {
+  isLayoutOutdated_ = false;
   KeymapPtr keymap(
       xkb_x11_keymap_new_from_device(context_.get(), connection_.get(), device_, XKB_KEYMAP_COMPILE_NO_FLAGS));
   if (!keymap) return;
-  KeyStatePtr state(xkb_x11_state_new_from_device(keymap.get(), connection_.get(), device_));
-  if (!state) return;
-  translator_ = std::make_unique<KeyTranslator>(std::move(keymap), std::move(state), isSecureInput_);
+  translator_ = std::make_unique<KeyTranslator>(std::move(keymap), isSecureInput_);
+  translator_->update(state_);
+}
+
+void X11Keyboard::didChangeState(const KeyboardState& state) {
+  state_ = state;
+  translator_->update(state);
 }
 
 void X11Keyboard::handle(const xcb_generic_event_t& event) {
   if ((event.response_type & 0x7F) != firstEvent_) return;
   switch (event.pad0) {  // the kind of an event of this extension
-    case XCB_XKB_STATE_NOTIFY: translator_->update(stateIn(event)); break;
+    case XCB_XKB_STATE_NOTIFY:
+      didChangeState(stateIn(reinterpret_cast<const xcb_xkb_state_notify_event_t&>(event)));
+      break;
     case XCB_XKB_NEW_KEYBOARD_NOTIFY:
-    case XCB_XKB_MAP_NOTIFY: isOutdated_ = true; break;
+    case XCB_XKB_MAP_NOTIFY: isLayoutOutdated_ = true; break;
     default: break;
   }
 }
 
 NSEvent X11Keyboard::translate(xcb_keycode_t key) {
-  if (isOutdated_) load();
+  if (isLayoutOutdated_) loadLayout();
   return translator_->translate(key);
 }
 

@@ -24,7 +24,9 @@ class X11Keyboard {
  private:
   X11Keyboard(X11Connection& connection, SecureInput isSecureInput, std::uint8_t firstEvent);
   void selectEvents(std::uint16_t events);
-  void load();
+  void loadState();
+  void loadLayout();
+  void didChangeState(const KeyboardState& state);
 
   X11Connection& connection_;
   const SecureInput isSecureInput_;
@@ -32,7 +34,8 @@ class X11Keyboard {
   const std::int32_t device_;
   const KeyContextPtr context_;
   std::unique_ptr<KeyTranslator> translator_;
-  bool isOutdated_ = false;
+  KeyboardState state_;
+  bool isLayoutOutdated_ = false;
 };
 
 }  // namespace norra::linux_desktop

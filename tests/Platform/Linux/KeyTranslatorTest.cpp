@@ -32,13 +32,12 @@ KeyTranslator translatorFor(const Press& press, SecureInput isSecureInput = {}) 
   const auto context = newContext();
   const xkb_rule_names names{"evdev", "pc105", press.layouts, "", ""};
   KeymapPtr keymap(xkb_keymap_new_from_names(context.get(), &names, XKB_KEYMAP_COMPILE_NO_FLAGS));
-  KeyStatePtr state(xkb_state_new(keymap.get()));
   KeyboardState held;
   for (const auto* name : press.heldModifiers) {
     held.baseModifiers |= xkb_mod_mask_t{1} << xkb_keymap_mod_get_index(keymap.get(), name);
   }
   held.lockedLayout = press.layout;
-  KeyTranslator translator(std::move(keymap), std::move(state), std::move(isSecureInput));
+  KeyTranslator translator(std::move(keymap), std::move(isSecureInput));
   translator.update(held);
   return translator;
 }
