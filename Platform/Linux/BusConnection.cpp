@@ -15,14 +15,18 @@ std::shared_ptr<ClientProtocol> BusConnection::remoteObjectProxy(ClientDelivery:
 }
 
 void BusConnection::invalidate() {
-  isActive_ = false;
-  interrupted_ = nullptr;
   if (const auto handler = std::exchange(invalidated_, nullptr)) handler();
-  exportedObject_.reset();
+  letGo();
 }
 
 void BusConnection::interrupt() {
   if (interrupted_) interrupted_();
+}
+
+void BusConnection::letGo() {
+  invalidated_ = nullptr;
+  interrupted_ = nullptr;
+  exportedObject_.reset();
 }
 
 }  // namespace norra::linux_desktop

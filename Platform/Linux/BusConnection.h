@@ -29,8 +29,12 @@ class BusConnection final : public NSXPCConnection {
   /// What answers the client's calls; null while the connection is not active.
   std::shared_ptr<ServiceProtocol> exportedObject() const { return isActive_ ? exportedObject_ : nullptr; }
 
+  /// The client has gone: tells so, and lets go.
   void invalidate();
+  /// The way to the client broke: tells so.
   void interrupt();
+  /// Lets go of the exported object and of both handlers.
+  void letGo();
 
  private:
   EventLoop& loop_;

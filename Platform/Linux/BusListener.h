@@ -45,6 +45,10 @@ class BusListener final : public NSXPCListener {
  private:
   struct Client {
     Client(BusListener& owner, std::string uniqueName, std::shared_ptr<BusConnection> connection);
+    ~Client() { calls.connection().letGo(); }
+    Client(const Client&) = delete;
+    Client& operator=(const Client&) = delete;
+
     BusListener& listener;
     const std::string name;
     ClientCalls calls;

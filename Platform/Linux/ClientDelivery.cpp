@@ -27,13 +27,16 @@ Call newCall(const ClientDelivery::Client& client, const char* interface, const 
   return {result, MessagePtr(message)};
 }
 
-/// Nothing beside a negative result.
-SlotPtr callAsync(Call& call, sd_bus_message_handler_t onAnswer, void* context) {
+int callAsync(sd_bus_message* call, SlotPtr& answer, sd_bus_message_handler_t onAnswer, void* context) {
   sd_bus_slot* slot = nullptr;
-  if (call.result >= 0) {
-    call.result = sd_bus_call_async(nullptr, &slot, call.message.get(), onAnswer, context, noTimeout);
-  }
-  return SlotPtr(slot);
+  const int result = sd_bus_call_async(nullptr, &slot, call, onAnswer, context, noTimeout);
+  answer.reset(slot);
+  return result;
+}
+
+int sendWithoutAnswer(sd_bus_message* call) {
+  const int result = sd_bus_message_set_expect_reply(call, 0);
+  return result < 0 ? result : sd_bus_send(nullptr, call, nullptr);
 }
 
 }  // namespace
@@ -62,49 +65,48 @@ bool ClientDelivery::admit(const std::string& event) {
 
 void ClientDelivery::send(const std::string& event, std::chrono::system_clock::time_point date,
                           bool isApplicationEvent) {
-  const auto ordinal = nextOrdinal_++;
-  const auto unanswered = unanswered_.emplace(ordinal, Unanswered{this, ordinal, event.size(), nullptr}).first;
-  auto call = newCall(client_, busNames::clientInterface, busNames::addEvent);
-  if (call.result >= 0) {
-    call.result = sd_bus_message_append(call.message.get(), "stb", event.c_str(), microsecondsSinceEpoch(date),
-                                        int{isApplicationEvent});
+  ++nextOrdinal_;
+  sent_.push_back(event.size());
+  auto [result, report] = newCall(client_, busNames::clientInterface, busNames::addEvent);
+  if (result >= 0) {
+    result = sd_bus_message_append(report.get(), "stb", event.c_str(), microsecondsSinceEpoch(date),
+                                   int{isApplicationEvent});
   }
-  unanswered->second.answer = callAsync(call, onAnswer, &unanswered->second);
-  if (unanswered_.size() >= client_.limits.reports / 2) askForSignOfLife();
-  if (call.result < 0) {
-    forget(unanswered);
-    errorHandler_(describe(call.result));
-  }
+  if (result >= 0) result = report_.answer ? sendWithoutAnswer(report.get()) : sendAskingForAnswer(report.get());
+  if (result < 0) return errorHandler_(describe(result));
+  if (sent_.size() >= client_.limits.reports / 2) askForSignOfLife();
+}
+
+int ClientDelivery::sendAskingForAnswer(sd_bus_message* report) {
+  report_.readBefore = nextOrdinal_;
+  return callAsync(report, report_.answer, onAnswer, this);
 }
 
 void ClientDelivery::askForSignOfLife() {
-  if (signOfLife_ != nullptr) return;
-  askedBefore_ = nextOrdinal_;
-  auto call = newCall(client_, "org.freedesktop.DBus.Peer", "Ping");
-  signOfLife_ = callAsync(call, onSignOfLife, this);
+  if (signOfLife_.answer) return;
+  signOfLife_.readBefore = nextOrdinal_;
+  const auto [result, ping] = newCall(client_, "org.freedesktop.DBus.Peer", "Ping");
+  if (result >= 0) callAsync(ping.get(), signOfLife_.answer, onSignOfLife, this);
 }
 
-void ClientDelivery::forget(UnansweredByOrdinal::iterator unanswered) {
-  unread_.remove(unanswered->second.bytes);
-  unanswered_.erase(unanswered);
+void ClientDelivery::answered(Question& question) {
+  question.answer.reset();
+  for (auto first = nextOrdinal_ - sent_.size(); first < question.readBefore; ++first) {
+    unread_.remove(sent_.front());
+    sent_.pop_front();
+  }
 }
 
-void ClientDelivery::forgetAllBefore(std::uint64_t ordinal) {
-  while (!unanswered_.empty() && unanswered_.begin()->first < ordinal) forget(unanswered_.begin());
-}
-
-int ClientDelivery::onAnswer(sd_bus_message* answer, void* context, sd_bus_error*) noexcept {
-  const auto& unanswered = *static_cast<Unanswered*>(context);
-  const auto delivery = unanswered.delivery->shared_from_this();
-  delivery->forget(delivery->unanswered_.find(unanswered.ordinal));
+int ClientDelivery::onAnswer(sd_bus_message* answer, void* self, sd_bus_error*) noexcept {
+  const auto delivery = static_cast<ClientDelivery*>(self)->shared_from_this();
+  delivery->answered(delivery->report_);
   if (const auto* error = sd_bus_message_get_error(answer)) delivery->errorHandler_(describe(*error));
   return 1;
 }
 
-int ClientDelivery::onSignOfLife(sd_bus_message*, void* context, sd_bus_error*) noexcept {
-  const auto delivery = static_cast<ClientDelivery*>(context)->shared_from_this();
-  delivery->signOfLife_.reset();
-  delivery->forgetAllBefore(delivery->askedBefore_);
+int ClientDelivery::onSignOfLife(sd_bus_message*, void* self, sd_bus_error*) noexcept {
+  const auto delivery = static_cast<ClientDelivery*>(self)->shared_from_this();
+  delivery->answered(delivery->signOfLife_);
   return 1;
 }
 

@@ -4,8 +4,8 @@
 #include <atomic>
 #include <chrono>
 #include <cstdint>
+#include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <string>
 
@@ -33,8 +33,9 @@ class UnreadReports {
   std::atomic<std::size_t> bytes_ = 0;
 };
 
-/// A client that answers its calls tells so that it has read them. One that reads and never answers is asked for a sign
-/// of life when half the limit is reached. Main thread, admit() excepted.
+/// Sends the reports without waiting. At most one of them at a time asks for an answer, which tells that all up to it
+/// were read; a client that reads and never answers is asked for a sign of life when half the limit is reached. So the
+/// bus has at most two open questions for each client to keep. Main thread, admit() excepted.
 class ClientDelivery : public std::enable_shared_from_this<ClientDelivery> {
  public:
   using ErrorHandler = std::function<void(const std::string& description)>;
@@ -54,28 +55,26 @@ class ClientDelivery : public std::enable_shared_from_this<ClientDelivery> {
   void send(const std::string& event, std::chrono::system_clock::time_point date, bool isApplicationEvent);
 
  private:
-  struct Unanswered {
-    ClientDelivery* delivery;
-    std::uint64_t ordinal;
-    std::size_t bytes;
-    SlotPtr answer;
+  /// A question to the client whose answer tells that it has read everything before.
+  struct Question {
+    SlotPtr answer;                // present while it is awaited
+    std::uint64_t readBefore = 0;  // the ordinal of the first report that the answer says nothing about
   };
-  using UnansweredByOrdinal = std::map<std::uint64_t, Unanswered>;
 
+  int sendAskingForAnswer(sd_bus_message* report);
   void askForSignOfLife();
-  void forget(UnansweredByOrdinal::iterator unanswered);
-  void forgetAllBefore(std::uint64_t ordinal);
-  static int onAnswer(sd_bus_message* answer, void* unanswered, sd_bus_error* error) noexcept;
+  void answered(Question& question);
+  static int onAnswer(sd_bus_message* answer, void* delivery, sd_bus_error* error) noexcept;
   static int onSignOfLife(sd_bus_message* answer, void* delivery, sd_bus_error* error) noexcept;
 
   const Client client_;
   const ErrorHandler errorHandler_;
   UnreadReports unread_;
 
+  std::deque<std::size_t> sent_;  // the sizes of what was sent and is not known to be read
   std::uint64_t nextOrdinal_ = 0;
-  UnansweredByOrdinal unanswered_;
-  std::uint64_t askedBefore_ = 0;  // the ordinal of the first report after the question
-  SlotPtr signOfLife_;             // present while it is awaited
+  Question report_;
+  Question signOfLife_;
 };
 
 }  // namespace norra::linux_desktop
