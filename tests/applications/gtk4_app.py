@@ -1,0 +1,109 @@
+#!/usr/bin/python3
+"""A GTK 4 window with one of each widget; control.py says how a test asks where they are."""
+import re
+import subprocess
+
+import gi
+
+gi.require_version("Gdk", "4.0")
+gi.require_version("GdkX11", "4.0")
+gi.require_version("Gtk", "4.0")
+from gi.repository import Gdk, GdkX11, GLib, Gtk
+
+from control import Control
+
+
+class Window(Gtk.Window):
+    def __init__(self):
+        super().__init__(title="Pilot ledger")
+        self.set_default_size(420, 560)
+        self.widgets = {}
+        column = Gtk.Box(orientation=Gtk.Orientation.VERTICAL, spacing=4)
+        self.set_child(column)
+        self.controls(column)
+        self.texts(column)
+        duties = self.named("Duties", Gtk.ListBox())
+        duties.update_property([Gtk.AccessibleProperty.LABEL], ["Duties"])
+        for text in ("Helm", "Lookout", "Galley"):
+            duties.append(self.named(text, Gtk.Label(label=text, xalign=0)))
+        column.append(duties)
+
+    def named(self, name, widget):
+        self.widgets[name] = widget
+        return widget
+
+    def labelled(self, text, widget):
+        label = Gtk.Label(label=text, xalign=0)
+        label.set_mnemonic_widget(widget)
+        box = Gtk.Box(spacing=4)
+        box.append(label)
+        widget.set_hexpand(True)
+        box.append(self.named(text, widget))
+        return box
+
+    def controls(self, column):
+        column.append(self.named("Weigh anchor", Gtk.Button(label="Weigh anchor")))
+        column.append(self.named("Lanterns", Gtk.CheckButton(label="Lanterns")))
+        column.append(self.labelled("Autopilot", Gtk.Switch(halign=Gtk.Align.START)))
+        column.append(self.labelled("Speed", Gtk.Scale.new_with_range(Gtk.Orientation.HORIZONTAL, 0, 100, 1)))
+        column.append(self.labelled("Crew", Gtk.SpinButton.new_with_range(0, 100, 1)))
+
+    def texts(self, column):
+        column.append(self.labelled("Ship", Gtk.Entry()))
+        column.append(self.labelled("Captain", Gtk.Entry()))
+        column.append(self.labelled("Passphrase", Gtk.PasswordEntry()))
+        column.append(self.labelled("Cipher", Gtk.Entry(visibility=False)))
+        column.append(self.named("Log book", Gtk.TextView(height_request=60)))
+
+
+class Places:
+    """Where a widget is on the screen: its window's place, as the window manager has it, and its own place in it."""
+
+    def __init__(self, window):
+        self.widgets = window.widgets
+
+    def place(self, name):
+        widget = self.widgets[name]
+        if not widget.get_mapped():
+            return None
+        native = widget.get_native()
+        x, y = self.origin(native.get_surface())
+        shadow = native.get_surface_transform()
+        known, area = widget.compute_bounds(native)
+        numbers = (x + shadow[0] + area.origin.x, y + shadow[1] + area.origin.y, area.size.width, area.size.height)
+        return [round(number) for number in numbers] if known else None
+
+    @staticmethod
+    def origin(surface):
+        command = ["xwininfo", "-id", str(surface.get_xid())]
+        answer = subprocess.run(command, capture_output=True, text=True, check=True).stdout
+        return [int(number) for number in re.findall(r"Absolute upper-left .:\s+(-?\d+)", answer)]
+
+    def value(self, name):
+        widget = self.widgets[name]
+        for answer in ("get_value", "get_active", "get_text"):
+            if hasattr(widget, answer):
+                return getattr(widget, answer)()
+        return None
+
+
+def put_into_clipboard(text):
+    Gdk.Display.get_default().get_clipboard().set_content(Gdk.ContentProvider.new_for_value(text))
+
+
+def main():
+    Gtk.init()
+    loop = GLib.MainLoop()
+    window = Window()
+    places = Places(window)
+    commands = {"place": places.place, "value": places.value, "clipboard": put_into_clipboard,
+                "focus": lambda name: window.widgets[name].grab_focus()}
+    control = Control(commands, lambda function: GLib.idle_add(function))
+    window.connect("close-request", lambda *_: loop.quit())
+    window.connect("map", lambda *_: control.begin())
+    window.present()
+    loop.run()
+
+
+if __name__ == "__main__":
+    main()

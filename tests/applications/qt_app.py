@@ -1,0 +1,170 @@
+#!/usr/bin/python3
+"""A Qt window with one of each widget; control.py says how a test asks where they are."""
+import sys
+
+from PyQt5.QtCore import QObject, QRect, Qt, QTimer, pyqtSignal
+from PyQt5.QtGui import QGuiApplication
+from PyQt5.QtWidgets import (QApplication, QCheckBox, QComboBox, QGridLayout, QGroupBox, QHBoxLayout, QLabel, QLineEdit,
+                             QListWidget, QMainWindow, QPlainTextEdit, QPushButton, QRadioButton, QSlider, QSpinBox,
+                             QTableWidget, QTableWidgetItem, QTabWidget, QTreeWidget, QTreeWidgetItem, QVBoxLayout, QWidget)
+
+from control import Control
+
+HARBOURS = [("Lisbon", "12 m"), ("Bergen", "30 m"), ("Genoa", "15 m"), ("Cork", "9 m")]
+FLEETS = [("Northern", ["Gull", "Tern"]), ("Southern", ["Petrel"])]
+
+
+class Window(QMainWindow):
+    def __init__(self):
+        super().__init__()
+        self.setWindowTitle("Quay ledger")
+        self.resize(900, 640)
+        self.widgets = {}
+        voyage = self.menuBar().addMenu("Voyage")
+        past = voyage.addMenu("Past")
+        for menu, text in ((past, "Lisbon 1920"), (past, "Cork 1921"), (voyage, "Depart")):
+            self.widgets[text] = (menu, menu.addAction(text))
+        self.widgets["Voyage"] = (self.menuBar(), voyage.menuAction())
+        self.widgets["Past"] = (voyage, past.menuAction())
+        centre = QWidget()
+        self.setCentralWidget(centre)
+        columns = QHBoxLayout(centre)
+        for build in (self.controls, self.texts, self.views):
+            column = QVBoxLayout()
+            columns.addLayout(column)
+            build(column)
+            column.addStretch()
+
+    def named(self, name, widget):
+        self.widgets[name] = widget
+        return widget
+
+    def labelled(self, text, widget):
+        label = QLabel(text)
+        label.setBuddy(self.named(text, widget))
+        box = QHBoxLayout()
+        box.addWidget(label)
+        box.addWidget(widget)
+        return box
+
+    def controls(self, column):
+        for text in ("Weigh anchor", "Drop anchor"):
+            column.addWidget(self.named(text, QPushButton(text)))
+        column.addWidget(self.named("Lanterns", QCheckBox("Lanterns")))
+        course, box = QGroupBox("Course"), QHBoxLayout()
+        course.setLayout(box)
+        for text in ("North", "South", "East"):
+            box.addWidget(self.named(text, QRadioButton(text)))
+        self.widgets["North"].setChecked(True)
+        column.addWidget(course)
+        column.addLayout(self.labelled("Speed", QSlider(Qt.Horizontal)))
+        column.addLayout(self.labelled("Crew", QSpinBox()))
+        cargo = QComboBox()
+        cargo.addItems(["Tea", "Salt", "Rope"])
+        column.addLayout(self.labelled("Cargo", cargo))
+
+    def texts(self, column):
+        column.addLayout(self.labelled("Ship", QLineEdit()))
+        column.addLayout(self.labelled("Captain", QLineEdit()))
+        column.addLayout(self.labelled("Passphrase", QLineEdit(echoMode=QLineEdit.Password)))
+        book = self.named("Log book", QPlainTextEdit())
+        book.setAccessibleName("Log book")
+        book.setMaximumHeight(60)
+        column.addWidget(book)
+        pages = self.named("Pages", QTabWidget())
+        for tab, text in (("Charts", "Unroll"), ("Stores", "Count")):
+            page = QWidget()
+            QGridLayout(page).addWidget(self.named(text, QPushButton(text)))
+            pages.addTab(page, tab)
+        column.addWidget(pages)
+
+    def views(self, column):
+        duties = self.named("Duties", QListWidget())
+        duties.addItems(["Helm", "Lookout", "Galley"])
+        harbours = self.named("Harbours", QTableWidget(len(HARBOURS), 2))
+        harbours.setHorizontalHeaderLabels(["Harbour", "Depth"])
+        for row, texts in enumerate(HARBOURS):
+            for index, text in enumerate(texts):
+                harbours.setItem(row, index, QTableWidgetItem(text))
+        fleets = self.named("Fleets", QTreeWidget())
+        fleets.setHeaderLabel("Fleet")
+        for fleet, ships in FLEETS:
+            item = QTreeWidgetItem(fleets, [fleet])
+            for ship in ships:
+                QTreeWidgetItem(item, [ship])
+        fleets.expandAll()
+        for name in ("Duties", "Harbours", "Fleets"):
+            self.widgets[name].setAccessibleName(name)
+            self.widgets[name].setMaximumHeight(160)
+            column.addWidget(self.widgets[name])
+
+
+class Places:
+    """Where a widget is on the screen. "Harbours 1 0" is an item of a view: its row (2:0 below row 2) and its column;
+    "Pages 1" a tab, "Cargo: 1" an option of a combo box."""
+
+    def __init__(self, window):
+        self.widgets = window.widgets
+
+    def place(self, name):
+        found, part = self.widgets.get(name), []
+        if found is None:
+            name, *part = name.split(" ")
+            found = self.widgets[name.rstrip(":")]
+        if isinstance(found, tuple):
+            return self.place_in(found[0], found[0].actionGeometry(found[1]))
+        if isinstance(found, QTabWidget):
+            return self.place_in(found.tabBar(), found.tabBar().tabRect(int(part[0])))
+        if isinstance(found, QComboBox) and part:
+            return self.place_of_item(found.view(), part + ["0"])
+        return self.place_of_item(found, part) if part else self.place_in(found, found.rect())
+
+    @staticmethod
+    def place_in(widget, area):
+        if not widget.isVisible():
+            return None
+        corner = widget.mapToGlobal(area.topLeft())
+        return [corner.x(), corner.y(), area.width(), area.height()]
+
+    def place_of_item(self, view, part):
+        path, column = part[0].split(":"), int(part[1])
+        index = view.rootIndex()
+        for row in path:
+            index = view.model().index(int(row), 0, index)
+        return self.place_in(view.viewport(), view.visualRect(index.siblingAtColumn(column)))
+
+    def value(self, name):
+        widget = self.widgets[name]
+        for answer in ("isChecked", "currentText", "value", "text"):
+            if isinstance(widget, QPushButton) and answer == "isChecked":
+                continue
+            if hasattr(widget, answer):
+                return getattr(widget, answer)()
+        return None
+
+
+class Invoker(QObject):
+    """Runs functions of other threads on the thread of the window."""
+
+    invoked = pyqtSignal(object)
+
+    def __init__(self):
+        super().__init__()
+        self.invoked.connect(lambda function: function())
+
+
+def main():
+    application = QApplication(sys.argv)
+    window = Window()
+    places = Places(window)
+    invoker = Invoker()
+    commands = {"place": places.place, "value": places.value, "clipboard": QGuiApplication.clipboard().setText,
+                "focus": lambda name: window.widgets[name].setFocus()}
+    window.show()
+    control = Control(commands, invoker.invoked.emit)
+    QTimer.singleShot(0, control.begin)
+    sys.exit(application.exec())
+
+
+if __name__ == "__main__":
+    main()
