@@ -5,7 +5,6 @@
 #include <atomic>
 #include <string>
 
-#include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
 #include "Platform/Workspace.h"
 
@@ -20,17 +19,6 @@ class MissingFacility {
  private:
   std::string problem_;
   mutable std::atomic<bool> isReported_ = false;
-};
-
-class AbsentAccessibility final : public Accessibility {
- public:
-  explicit AbsentAccessibility(std::string problem) : missing_(std::move(problem)) {}
-  AXUIElement createSystemWide() override;
-  AXUIElement createApplication(ProcessIdentifier process) override;
-  AXResult<std::unique_ptr<AXObserver>> createObserver(ProcessIdentifier process, AXObserverCallback callback) override;
-
- private:
-  MissingFacility missing_;
 };
 
 class AbsentEventTaps final : public EventTaps {

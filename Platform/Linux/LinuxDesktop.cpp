@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Platform/Linux/AbsentDesktop.h"
+#include "Platform/Linux/AtspiAccessibility.h"
 #include "Platform/Linux/PlatformLogger.h"
 #include "Platform/Linux/X11EventTaps.h"
 #include "Platform/Linux/X11Windows.h"
@@ -49,9 +50,8 @@ void reportWayland() {
       "Log in to an X11 session to see them");
 }
 
-std::unique_ptr<Accessibility> newAccessibility(sd_event* /*event*/) {
-  return std::make_unique<AbsentAccessibility>(
-      "No accessibility bus: applications cannot be read. Install at-spi2-core and start a new session");
+std::unique_ptr<WindowsOnScreen> noWindowsBeside(const X11Windows* windows) {
+  return windows != nullptr ? nullptr : std::make_unique<NoWindowsOnScreen>();
 }
 
 }  // namespace
@@ -60,7 +60,9 @@ LinuxDesktop::LinuxDesktop(EventLoop& loop)
     : windows_(newWindows()),
       workspace_(newWorkspace(loop.event(), windows_.get())),
       eventTaps_(newEventTaps(loop.event())),
-      accessibility_(newAccessibility(loop.event())) {
+      noWindows_(noWindowsBeside(windows_.get())),
+      accessibility_(std::make_unique<AtspiAccessibility>(
+          loop.event(), windows_ ? static_cast<WindowsOnScreen&>(*windows_) : *noWindows_)) {
   reportWayland();
 }
 

@@ -7,6 +7,7 @@
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
 #include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/WindowsOnScreen.h"
 #include "Platform/Workspace.h"
 
 namespace norra::linux_desktop {
@@ -30,6 +31,7 @@ class LinuxDesktop {
   std::unique_ptr<X11Windows> windows_;  // null: no X server
   std::unique_ptr<Workspace> workspace_;
   std::unique_ptr<EventTaps> eventTaps_;
+  std::unique_ptr<WindowsOnScreen> noWindows_;  // null: windows_ is there
   std::unique_ptr<Accessibility> accessibility_;
 };
 

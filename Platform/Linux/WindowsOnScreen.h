@@ -50,4 +50,11 @@ class WindowsOnScreen {
   virtual std::optional<WindowOnScreen> activeWindow() = 0;
 };
 
+/// Stands for them where there is no X server.
+class NoWindowsOnScreen final : public WindowsOnScreen {
+ public:
+  std::optional<WindowOnScreen> topLevelWindowAt(CGPoint /*point*/) override { return std::nullopt; }
+  std::optional<WindowOnScreen> activeWindow() override { return std::nullopt; }
+};
+
 }  // namespace norra::linux_desktop

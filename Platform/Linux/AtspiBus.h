@@ -1,0 +1,52 @@
+// The accessibility bus: where it is, and how to get onto it.
+#pragma once
+
+#include <chrono>
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "Platform/Linux/SessionBus.h"
+
+namespace norra::linux_desktop {
+
+/// Any thread.
+class AtspiBus {
+ public:
+  using TimePoint = std::chrono::steady_clock::time_point;
+
+  AtspiBus() = default;
+  /// Of a bus whose address is known.
+  explicit AtspiBus(std::string address) : knownAddress_(std::move(address)) {}
+
+  /// A connection that is ready for use; null when there is no such bus or it does not answer in time, which is logged
+  /// once until it is there again. Asked again soon after a failure it fails at once.
+  BusPtr connect();
+
+ private:
+  bool mayTry(TimePoint now);
+  void noteOutcome(bool isConnected);
+
+  const std::optional<std::string> knownAddress_;
+
+  std::mutex mutex_;
+  // guarded by mutex_
+  TimePoint nextTry_;
+  bool isFailureLogged_ = false;
+};
+
+/// Serves the bus until `isDone`, the deadline or a failure. Whether it is done.
+template <typename Condition>
+bool serveBus(sd_bus* bus, std::chrono::steady_clock::time_point deadline, const Condition& isDone) {
+  using std::chrono::ceil, std::chrono::microseconds, std::chrono::steady_clock;
+  while (!isDone()) {
+    const auto processed = sd_bus_process(bus, nullptr);
+    if (processed < 0) return false;
+    if (processed > 0) continue;
+    const auto left = ceil<microseconds>(deadline - steady_clock::now());
+    if (left.count() <= 0 || sd_bus_wait(bus, static_cast<std::uint64_t>(left.count())) < 0) return false;
+  }
+  return true;
+}
+
+}  // namespace norra::linux_desktop

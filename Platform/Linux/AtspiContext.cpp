@@ -1,0 +1,27 @@
+#include "Platform/Linux/AtspiContext.h"
+
+#include "Platform/Linux/AtspiApplicationElement.h"
+#include "Platform/Linux/AtspiElement.h"
+#include "Platform/Linux/AtspiSystemWideElement.h"
+
+namespace norra::linux_desktop {
+
+AtspiReader& AtspiContext::reader() {
+  const std::lock_guard lock(mutex_);
+  auto& reader = readers_[std::this_thread::get_id()];
+  if (!reader) reader = std::make_unique<AtspiReader>(shared, applications, epoch_);
+  reader->enter();
+  return *reader;
+}
+
+AXUIElement AtspiContext::element(const AtspiReference& reference, AtspiPart part) {
+  return AXUIElement(std::make_shared<AtspiElement>(*this, reference, part));
+}
+
+AXUIElement AtspiContext::application(ProcessIdentifier process) {
+  return AXUIElement(std::make_shared<AtspiApplicationElement>(*this, process));
+}
+
+AXUIElement AtspiContext::systemWide() { return AXUIElement(std::make_shared<AtspiSystemWideElement>(*this)); }
+
+}  // namespace norra::linux_desktop

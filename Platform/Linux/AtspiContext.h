@@ -1,0 +1,53 @@
+// What all elements of the desktop share: the way to their applications, what is known of these, and where the windows
+// are.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include "Platform/Accessibility.h"
+#include "Platform/Linux/AtspiProcesses.h"
+#include "Platform/Linux/AtspiReader.h"
+#include "Platform/Linux/FocusMemory.h"
+#include "Platform/Linux/WindowsOnScreen.h"
+
+namespace norra::linux_desktop {
+
+/// Which part of an object an element is. Tables that have cells only get their rows and columns made up.
+struct AtspiPart {
+  enum class Kind : std::uint8_t { whole, row, column };
+  Kind kind = Kind::whole;
+  std::int32_t index = 0;
+  bool operator==(const AtspiPart&) const = default;
+};
+
+/// Outlives all elements. Any thread.
+class AtspiContext {
+ public:
+  /// Both must outlive this.
+  AtspiContext(const ReadingEpoch& epoch, WindowsOnScreen& windowsOnScreen) : windows(windowsOnScreen), epoch_(epoch) {}
+  AtspiContext(const AtspiContext&) = delete;
+  AtspiContext& operator=(const AtspiContext&) = delete;
+
+  /// The calling thread's reader, for the event that is handled.
+  AtspiReader& reader();
+
+  AXUIElement element(const AtspiReference& reference, AtspiPart part = {});
+  AXUIElement application(ProcessIdentifier process);
+  AXUIElement systemWide();
+
+  AtspiShared shared;
+  AtspiApplications applications;
+  AtspiProcesses processes;
+  FocusMemory focus;
+  WindowsOnScreen& windows;
+
+ private:
+  const ReadingEpoch& epoch_;
+  std::mutex mutex_;
+  std::map<std::thread::id, std::unique_ptr<AtspiReader>> readers_;  // guarded by mutex_
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,106 @@
+#include "Platform/Linux/AtspiElement.h"
+
+#include <algorithm>
+#include <array>
+
+#include "Platform/Linux/AtspiNaming.h"
+#include "Platform/Linux/AtspiStructure.h"
+#include "Platform/Linux/AtspiTables.h"
+#include "Platform/Linux/AtspiValue.h"
+#include "Platform/Linux/ElementView.h"
+#include "Platform/Linux/RoleDescriptions.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+AttributeResult roleOf(const ElementView& view) {
+  if (const auto error = view.roleError(); error != axError::success) return failed(error);
+  return valueOf(std::string(view.mappedRole().role));
+}
+
+AttributeResult subroleOf(const ElementView& view) {
+  if (const auto error = view.roleError(); error != axError::success) return failed(error);
+  return textOrNoValue(std::string(view.mappedRole().subrole));
+}
+
+AttributeResult isFocused(const ElementView& view) { return truth(view.hasState(AtspiState::focused)); }
+AttributeResult isSelected(const ElementView& view) { return truth(view.hasState(AtspiState::selected)); }
+
+struct Attribute {
+  std::string_view name;
+  AttributeResult (*read)(const ElementView&);
+};
+
+constexpr std::array attributes{
+    Attribute{"AXRole", roleOf},
+    Attribute{"AXSubrole", subroleOf},
+    Attribute{"AXRoleDescription", roleDescriptionOf},
+    Attribute{"AXTitle", titleOf},
+    Attribute{"AXDescription", descriptionOf},
+    Attribute{"AXValue", contentOf},
+    Attribute{"AXPlaceholderValue", placeholderOf},
+    Attribute{"AXHelp", helpOf},
+    Attribute{"AXIdentifier", identifierOf},
+    Attribute{"AXDOMIdentifier", domIdentifierOf},
+    Attribute{"AXURL", urlOf},
+    Attribute{"AXTitleUIElement", titleElementOf},
+    Attribute{"AXParent", parentOf},
+    Attribute{"AXChildren", childrenOf},
+    Attribute{"AXWindow", windowOf},
+    Attribute{"AXFocused", isFocused},
+    Attribute{"AXSelected", isSelected},
+    Attribute{"AXColumns", columnsOf},
+    Attribute{"AXColumnIndexRange", columnIndexRangeOf},
+    Attribute{"AXRowIndexRange", rowIndexRangeOf},
+    Attribute{"AXRowHeaderUIElements", rowHeadersOf},
+    Attribute{"AXSelectedRows", selectedRowsOf},
+    Attribute{"AXSelectedCells", selectedCellsOf},
+    Attribute{"AXSelectedChildren", selectedChildrenOf},
+};
+
+}  // namespace
+
+AXResult<AXAttributeValue> AtspiElement::copyAttributeValue(std::string_view attribute) const {
+  const auto* row = std::ranges::find(attributes, attribute, &Attribute::name);
+  if (row == attributes.end() && part_.kind == AtspiPart::Kind::whole) return unsupported();
+  const ElementView view(context_, context_.reader(), reference_);
+  return part_.kind == AtspiPart::Kind::whole ? row->read(view) : partAttribute(view, part_, attribute);
+}
+
+AXResult<std::vector<std::string>> AtspiElement::copyAttributeNames() const {
+  AXResult<std::vector<std::string>> names;
+  for (const auto& attribute : attributes) {
+    const auto value = copyAttributeValue(attribute.name);
+    if (value.error == axError::success || value.error == axError::noValue) names.value.emplace_back(attribute.name);
+  }
+  return names;
+}
+
+AXResult<std::vector<std::string>> AtspiElement::copyActionNames() const {
+  if (part_.kind != AtspiPart::Kind::whole) return {};
+  return actionNamesOf(ElementView(context_, context_.reader(), reference_));
+}
+
+AXResult<std::optional<AXUIElement>> AtspiElement::copyElementAtPosition(float /*x*/, float /*y*/) const {
+  return {axError::illegalArgument, std::nullopt};
+}
+
+AXResult<ProcessIdentifier> AtspiElement::getPid() const {
+  const auto process = context_.processes.processOf(reference_.busName, context_.reader());
+  if (process == 0) return {axError::invalidUIElement, 0};
+  return {axError::success, process};
+}
+
+AXUIElement AtspiElement::createApplication(ProcessIdentifier process) const { return context_.application(process); }
+
+std::optional<std::string> AtspiElement::roleDescription(std::string_view role,
+                                                         std::optional<std::string_view> subrole) const {
+  return englishRoleDescription(role, subrole);
+}
+
+bool AtspiElement::isEqual(const AXUIElementPrimitives& other) const {
+  const auto* element = dynamic_cast<const AtspiElement*>(&other);
+  return element && element->reference_ == reference_ && element->part_ == part_;
+}
+
+}  // namespace norra::linux_desktop

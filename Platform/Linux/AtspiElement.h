@@ -1,0 +1,33 @@
+// One element of an application: an AT-SPI object, or a row or column made up for a table.
+#pragma once
+
+#include "Platform/Accessibility.h"
+#include "Platform/Linux/AtspiContext.h"
+
+namespace norra::linux_desktop {
+
+class AtspiElement final : public AXUIElementPrimitives {
+ public:
+  AtspiElement(AtspiContext& context, AtspiReference reference, AtspiPart part)
+      : context_(context), reference_(std::move(reference)), part_(part) {}
+
+  const AtspiReference& reference() const { return reference_; }
+  AtspiPart part() const { return part_; }
+
+  AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const override;
+  AXResult<std::vector<std::string>> copyAttributeNames() const override;
+  AXResult<std::vector<std::string>> copyActionNames() const override;
+  AXResult<std::optional<AXUIElement>> copyElementAtPosition(float x, float y) const override;
+  AXResult<ProcessIdentifier> getPid() const override;
+  AXUIElement createApplication(ProcessIdentifier process) const override;
+  std::optional<std::string> roleDescription(std::string_view role,
+                                             std::optional<std::string_view> subrole) const override;
+  bool isEqual(const AXUIElementPrimitives& other) const override;
+
+ private:
+  AtspiContext& context_;
+  const AtspiReference reference_;
+  const AtspiPart part_;
+};
+
+}  // namespace norra::linux_desktop

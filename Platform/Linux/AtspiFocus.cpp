@@ -1,0 +1,102 @@
+#include "Platform/Linux/AtspiFocus.h"
+
+#include <algorithm>
+#include <array>
+#include <deque>
+
+#include "Platform/Linux/AtspiContext.h"
+#include "Platform/Linux/AtspiStructure.h"
+#include "Platform/Linux/PlacedElements.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::size_t mostElementsSearched = 300;
+constexpr std::size_t mostChildrenSearched = 40;
+constexpr int mostLevelsOfItems = 4;
+
+constexpr std::array items{AtspiRole::listItem, AtspiRole::tableCell, AtspiRole::tableRow,
+                           AtspiRole::treeItem, AtspiRole::icon,      AtspiRole::tableRowHeader};
+constexpr std::array containers{AtspiRole::list, AtspiRole::listBox,   AtspiRole::table,
+                                AtspiRole::tree, AtspiRole::treeTable, AtspiRole::layeredPane};
+
+template <typename Table>
+bool contains(const Table& table, AtspiRole role) {
+  return std::ranges::find(table, role) != table.end();
+}
+
+bool isFocused(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::focused); }
+
+// Containers with very many children are not searched; what is focused in them is theirs.
+bool isSearched(const AtspiFacts& facts) {
+  return !hasState(facts.states, AtspiState::managesDescendants) &&
+         (hasState(facts.states, AtspiState::showing) || hasState(facts.states, AtspiState::visible));
+}
+
+std::vector<AtspiReference> shownChildren(const ElementView& view) {
+  const auto children = firstChildren(view, mostChildrenSearched);
+  std::vector<AtspiQuestion> questions;
+  for (const auto& child : children) questions.push_back({child, Asks{Ask::role, Ask::states, Ask::childCount}});
+  view.reader().read(questions);
+  return children;
+}
+
+// Breadth first; the deepest focused element wins, since toolkits call containers focused too.
+AtspiReference searchFocused(const ElementView& window) {
+  std::deque<AtspiReference> open{window.reference()};
+  AtspiReference best;
+  for (std::size_t seen = 0; !open.empty() && seen < mostElementsSearched; ++seen) {
+    const auto current = open.front();
+    open.pop_front();
+    for (const auto& child : shownChildren(window.other(current))) {
+      const auto& facts = window.reader().known(child);
+      if (isFocused(facts)) best = child;
+      if (isSearched(facts) && facts.childCount > 0) open.push_back(child);
+    }
+  }
+  return best;
+}
+
+AtspiReference rememberedFocus(AtspiContext& context, ProcessIdentifier process, AtspiReader& reader) {
+  for (const auto& name : context.processes.busNamesOf(process, reader)) {
+    if (auto focused = context.focus.focused(name)) return *focused;
+  }
+  return {};
+}
+
+}  // namespace
+
+AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root) {
+  const ElementView view(context, context.reader(), root);
+  const auto children = shownChildren(view);
+  const auto found = std::ranges::find_if(
+      children, [&](const auto& child) { return hasState(view.reader().known(child).states, AtspiState::active); });
+  return found != children.end() ? *found : AtspiReference{};
+}
+
+AtspiReference followedElement(const ElementView& focused) {
+  if (!contains(items, focused.role())) return focused.reference();
+  auto above = focused.need(Ask::parent).parent;
+  for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
+    const auto container = focused.other(above);
+    if (contains(containers, container.role())) return above;
+    above = container.need(Ask::parent).parent;
+  }
+  return focused.reference();
+}
+
+AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process) {
+  auto& reader = context.reader();
+  if (const auto remembered = rememberedFocus(context, process, reader); !remembered.isNull()) return remembered;
+  const auto root = context.processes.rootOf(process, reader);
+  if (root.isNull()) return {};
+  const auto window = activeWindowOf(context, root);
+  if (window.isNull()) return {};
+  const auto found = searchFocused(ElementView(context, reader, window));
+  if (found.isNull()) return {};
+  const auto followed = followedElement(ElementView(context, reader, found));
+  context.focus.noteFocus(followed);
+  return followed;
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,22 @@
+// Which element has the keyboard focus.
+#pragma once
+
+#include "Platform/Accessibility.h"
+#include "Platform/Linux/AtspiReference.h"
+
+namespace norra::linux_desktop {
+
+class AtspiContext;
+class ElementView;
+
+/// The element of a process that has the focus, as its events told, else as a bounded search finds it; null: none. In
+/// lists, tables and trees it is the container.
+AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process);
+
+/// The top-level of an application that is active; null: none.
+AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root);
+
+/// The list, table or tree that an item lies in, if it is an item of one; else the element itself.
+AtspiReference followedElement(const ElementView& focused);
+
+}  // namespace norra::linux_desktop

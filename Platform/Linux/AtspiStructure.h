@@ -1,0 +1,21 @@
+// Where elements lie: parents, children, windows.
+#pragma once
+
+#include <vector>
+
+#include "Platform/Linux/AtspiAttribute.h"
+#include "Platform/Linux/AtspiReference.h"
+
+namespace norra::linux_desktop {
+
+class ElementView;
+
+AttributeResult parentOf(const ElementView& view);
+AttributeResult childrenOf(const ElementView& view);
+AttributeResult windowOf(const ElementView& view);
+AttributeResult urlOf(const ElementView& view);
+
+/// The first children, at most `limit`, of which there may be any number.
+std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t limit);
+
+}  // namespace norra::linux_desktop

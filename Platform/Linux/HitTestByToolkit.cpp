@@ -1,0 +1,132 @@
+#include "Platform/Linux/HitTestByToolkit.h"
+
+#include <algorithm>
+
+#include "Platform/Linux/AtspiStructure.h"
+#include "Platform/Linux/PlacedElements.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr int mostLevels = 40;
+// A tab says only where its label is.
+constexpr std::int32_t marginOfTab = 16;
+
+AtspiCall hitTestCall(const AtspiReference& element, CGPoint point, std::uint32_t coordinates) {
+  return {element,
+          "org.a11y.atspi.Component",
+          "GetAccessibleAtPoint",
+          {static_cast<std::int32_t>(point.x), static_cast<std::int32_t>(point.y), coordinates}};
+}
+
+AtspiReference ask(const ElementView& view, CGPoint point, std::uint32_t coordinates) {
+  const auto reply = view.reader().call(hitTestCall(view.reference(), point, coordinates));
+  auto answer = readReference(reply.message.get());
+  return answer ? *answer : AtspiReference{};
+}
+
+AtspiRectangle inflated(AtspiRectangle place, std::int32_t margin) {
+  return {place.x - margin, place.y - margin / 2, place.width + 2 * margin, place.height + margin};
+}
+
+const PlacedElement* tabAt(const std::vector<PlacedElement>& tabs, CGPoint point) {
+  for (const auto margin : {0, marginOfTab}) {
+    const auto found = std::ranges::find_if(
+        tabs, [&](const auto& tab) { return tab.place && contains(inflated(*tab.place, margin), point); });
+    if (found != tabs.end()) return &*found;
+  }
+  return nullptr;
+}
+
+// The page that is on the screen at the point; null: none.
+AtspiReference pageAt(const ElementView& tabList, const std::vector<PlacedElement>& tabs, CGPoint point) {
+  for (const auto& tab : tabs) {
+    if (!hasState(tab.states, AtspiState::selected)) continue;
+    for (const auto& page : placedChildren(tabList.other(tab.reference), Coordinates::ofScreen, 1)) {
+      if (!page.isAt(point)) continue;
+      tabList.reader().noteParent(page.reference, tabList.reference());
+      return page.reference;
+    }
+  }
+  return {};
+}
+
+struct Step {
+  AtspiReference next;  // null: none
+  bool isLast = false;
+};
+
+Step stepIntoNotebook(const ElementView& tabList, CGPoint point) {
+  const auto tabs = placedChildren(tabList, Coordinates::ofScreen);
+  const auto page = pageAt(tabList, tabs, point);
+  if (!page.isNull()) return {page};
+  const auto* tab = tabAt(tabs, point);
+  return {tab ? tab->reference : AtspiReference{}, true};
+}
+
+// Popovers are children of the window beside what they cover, and the toolkit finds what they cover.
+AtspiReference popoverAt(const ElementView& window, CGPoint point) {
+  if (window.needOnly(Ask::childCount).childCount < 2) return {};
+  const auto children = placedChildren(window, Coordinates::ofScreen);
+  const auto found = std::ranges::find_if(children.rbegin(), children.rend(), [point](const auto& child) {
+    return child.isAt(point) && hasState(child.states, AtspiState::showing);
+  });
+  return found != children.rend() ? found->reference : AtspiReference{};
+}
+
+Step stepGtk3(const ElementView& view, CGPoint point) {
+  view.reader().expect(view.reference(), Ask::role);
+  const auto answer = toolkitsAnswer(view, point);
+  if (view.role() == AtspiRole::pageTabList) return stepIntoNotebook(view, point);
+  return {answer};
+}
+
+}  // namespace
+
+AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return ask(view, point, 0); }
+
+AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point) {
+  auto current = topLevel.reference();
+  if (const auto popover = popoverAt(topLevel, point); !popover.isNull()) current = popover;
+  for (int level = 0; level < mostLevels; ++level) {
+    const auto step = stepGtk3(topLevel.other(current), point);
+    if (step.next.isNull() || step.next == current) break;
+    if (!topLevel.reader().known(step.next).asked.has(Ask::parent)) topLevel.reader().noteParent(step.next, current);
+    current = step.next;
+    if (step.isLast) break;
+  }
+  return current;
+}
+
+AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window) {
+  const auto& place = topLevel.needOnly(Ask::windowExtents).windowExtents;
+  const bool saysShadow = window.shadow != ShadowExtents{};
+  const auto left = saysShadow ? window.shadow.left : (window.client.width - place.width) / 2;
+  const auto top = saysShadow ? window.shadow.top : (window.client.height - place.height) / 2;
+  const CGPoint inside{point.x - window.client.x - left, point.y - window.client.y - top};
+  const auto answer = ask(topLevel, inside, 1);
+  return deepestByPlace(answer.isNull() ? topLevel : topLevel.other(answer), inside, Coordinates::ofWindow);
+}
+
+AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point) {
+  const auto answer = toolkitsAnswer(topLevel, point);
+  return answer.isNull() ? topLevel.reference() : answer;
+}
+
+// A closed select answers with an option that is not on the screen.
+AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point) {
+  toolkitsAnswer(topLevel, point);
+  auto answer = toolkitsAnswer(topLevel, point);
+  if (answer.isNull()) return topLevel.reference();
+  for (int level = 0; level < 3; ++level) {
+    const auto hit = topLevel.other(answer);
+    if (hit.role() != AtspiRole::menuItem && hit.role() != AtspiRole::menu && hit.role() != AtspiRole::listItem) break;
+    if (hit.hasState(AtspiState::showing)) break;
+    const auto parent = hit.need(Ask::parent).parent;
+    if (parent.isNull()) break;
+    answer = parent;
+  }
+  return answer;
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,21 @@
+// Hit tests below one top-level accessible, each as its toolkit needs it.
+#pragma once
+
+#include "Platform/Linux/ElementView.h"
+#include "Platform/Linux/WindowsOnScreen.h"
+
+namespace norra::linux_desktop {
+
+/// Asks the toolkit once for the element at a point of the screen; null: it says none.
+AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point);
+
+/// Level by level; pages of notebooks, whose own hit test stops at their tabs, by extents.
+AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point);
+/// In coordinates of the window, since it knows no others.
+AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window);
+/// The deepest element comes at once.
+AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point);
+/// The same, but the first answer may be old.
+AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point);
+
+}  // namespace norra::linux_desktop

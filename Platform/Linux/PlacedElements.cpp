@@ -1,0 +1,78 @@
+#include "Platform/Linux/PlacedElements.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "Platform/Linux/AtspiStructure.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr int mostLevels = 40;
+constexpr std::int32_t nowhere = -2147483647;
+
+Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
+
+std::optional<AtspiRectangle> placeIn(const AtspiFacts& facts, Coordinates coordinates) {
+  const auto ask = askFor(coordinates);
+  if (!facts.answered(ask)) return std::nullopt;
+  const auto& place = ask == Ask::extents ? facts.extents : facts.windowExtents;
+  if (place.width <= 0 || place.height <= 0 || place.x <= nowhere || place.y <= nowhere) return std::nullopt;
+  return place;
+}
+
+bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinates coordinates) {
+  return !view.reader().known(child.reference).answered(askFor(coordinates));
+}
+
+// The child to go on with: the topmost at the point, else one that does not say where it is but has a child there.
+AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coordinates, int levelsOfUnplaced) {
+  const auto children = placedChildren(view, coordinates);
+  for (const auto& child : children | std::views::reverse) {
+    if (child.isAt(point)) return child.reference;
+  }
+  if (levelsOfUnplaced == 0) return {};
+  for (const auto& child : children | std::views::reverse) {
+    if (!saysNoPlace(view, child, coordinates)) continue;
+    const auto below = nextDown(view.other(child.reference), point, coordinates, levelsOfUnplaced - 1);
+    if (!below.isNull()) return below;
+  }
+  return {};
+}
+
+}  // namespace
+
+bool contains(const AtspiRectangle& place, CGPoint point) {
+  return point.x >= place.x && point.y >= place.y && point.x < double{1} * place.x + place.width &&
+         point.y < double{1} * place.y + place.height;
+}
+
+bool PlacedElement::isAt(CGPoint point) const { return place && contains(*place, point); }
+
+std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates, std::size_t limit) {
+  const auto references = firstChildren(view, limit);
+  std::vector<AtspiQuestion> questions;
+  for (const auto& child : references) {
+    questions.push_back({child, Asks{Ask::role, Ask::states, askFor(coordinates)}});
+  }
+  view.reader().read(questions);
+  std::vector<PlacedElement> children;
+  for (const auto& child : references) {
+    const auto& facts = view.reader().known(child);
+    children.push_back({child, static_cast<AtspiRole>(facts.role), facts.states, placeIn(facts, coordinates)});
+    view.reader().noteParent(child, view.reference());
+  }
+  return children;
+}
+
+AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates) {
+  auto current = view.reference();
+  for (int level = 0; level < mostLevels; ++level) {
+    const auto next = nextDown(view.other(current), point, coordinates, 2);
+    if (next.isNull() || next == current) break;
+    current = next;
+  }
+  return current;
+}
+
+}  // namespace norra::linux_desktop

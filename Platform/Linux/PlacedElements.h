@@ -1,0 +1,33 @@
+// Elements and where they are, for toolkits whose own hit test misses some.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "Platform/Accessibility.h"
+#include "Platform/Linux/ElementView.h"
+
+namespace norra::linux_desktop {
+
+enum class Coordinates : std::uint8_t { ofScreen, ofWindow };
+
+struct PlacedElement {
+  AtspiReference reference;
+  AtspiRole role = AtspiRole::filler;
+  std::uint64_t states = 0;
+  /// Nothing where the element does not say, or is not on the screen.
+  std::optional<AtspiRectangle> place;
+
+  bool isAt(CGPoint point) const;
+};
+
+bool contains(const AtspiRectangle& place, CGPoint point);
+
+/// The first children of an element, as many as `limit`, with where they are: one wave beyond those that find them.
+std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates, std::size_t limit = 64);
+
+/// The deepest element at a point, `view` itself if none of its children is there. Later children lie above earlier
+/// ones. A child that does not say where it is, is looked into.
+AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates);
+
+}  // namespace norra::linux_desktop

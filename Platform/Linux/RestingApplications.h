@@ -1,0 +1,42 @@
+// Applications that did not answer in time. Each is left alone for a while, then it gets another chance; the while
+// grows with every chance that is missed. A sign of life ends it.
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <map>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace norra::linux_desktop {
+
+/// Any thread.
+class RestingApplications {
+ public:
+  using TimePoint = std::chrono::steady_clock::time_point;
+
+  static constexpr std::chrono::milliseconds firstRest{2000};
+  static constexpr std::chrono::milliseconds longestRest{16000};
+
+  /// Whether the application with this bus name is to be left alone.
+  bool isResting(std::string_view busName, TimePoint now) const;
+
+  void didNotAnswer(std::string_view busName, TimePoint now);
+  /// Also for whoever was never late.
+  void showedLife(std::string_view busName);
+
+  /// How many are left alone now.
+  std::size_t count(TimePoint now) const;
+
+ private:
+  struct Rest {
+    TimePoint until;
+    std::chrono::milliseconds length;
+  };
+
+  mutable std::mutex mutex_;
+  std::map<std::string, Rest, std::less<>> rests_;  // guarded by mutex_
+};
+
+}  // namespace norra::linux_desktop
