@@ -16,6 +16,7 @@ enum class X11Atom : std::size_t {
   netSupportingWindowManagerCheck,
   netWindowManagerName,
   netWindowManagerProcess,
+  utf8String,
   windowManagerClass,
   windowManagerClientMachine,
   windowManagerName,
@@ -23,7 +24,7 @@ enum class X11Atom : std::size_t {
 };
 
 /// In the order of X11Atom.
-inline constexpr std::array<std::string_view, 12> x11AtomNames{
+inline constexpr std::array<std::string_view, 13> x11AtomNames{
     "_GTK_APPLICATION_ID",
     "_GTK_FRAME_EXTENTS",
     "_KDE_NET_WM_DESKTOP_FILE",
@@ -32,6 +33,7 @@ inline constexpr std::array<std::string_view, 12> x11AtomNames{
     "_NET_SUPPORTING_WM_CHECK",
     "_NET_WM_NAME",
     "_NET_WM_PID",
+    "UTF8_STRING",
     "WM_CLASS",
     "WM_CLIENT_MACHINE",
     "WM_NAME",

@@ -26,7 +26,6 @@ int X11EventSource::onInput(sd_event_source*, int, std::uint32_t, void* self) no
 // Whoever waited for an answer may have read events too; the descriptor says nothing of them.
 int X11EventSource::onPrepare(sd_event_source*, void* self) noexcept {
   auto& source = *static_cast<X11EventSource*>(self);
-  xcb_flush(source.connection_.get());
   if (!source.next_) source.next_.reset(xcb_poll_for_queued_event(source.connection_.get()));
   if (source.next_) sd_event_source_set_enabled(source.queued_.get(), SD_EVENT_ONESHOT);
   return 0;

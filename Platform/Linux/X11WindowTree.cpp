@@ -95,7 +95,7 @@ xcb_window_t X11WindowTree::activeClient() {
   const auto checkWindow = firstItemOf(connection_.await<&xcb_get_property_reply>(check));
   const auto activeWindow = firstItemOf(connection_.await<&xcb_get_property_reply>(active));
   const auto focused = connection_.await<&xcb_get_input_focus_reply>(focus);
-  if (activeWindow && isWindowManager(checkWindow)) return *activeWindow;
+  if (isWindowManager(checkWindow)) return activeWindow.value_or(XCB_NONE);
   if (!focused || focused->focus <= XCB_INPUT_FOCUS_POINTER_ROOT) return XCB_NONE;
   return topLevelAround(focused->focus).client;
 }

@@ -10,6 +10,7 @@ namespace {
 
 void selectEvents(X11Connection& connection, xcb_window_t window, std::uint32_t events) {
   xcb_change_window_attributes(connection.get(), window, XCB_CW_EVENT_MASK, &events);
+  xcb_flush(connection.get());
 }
 
 }  // namespace

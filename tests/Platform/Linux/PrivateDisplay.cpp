@@ -14,8 +14,6 @@
 #include <iterator>
 #include <sstream>
 
-#include "Platform/Linux/X11WindowTree.h"
-
 namespace norra::linux_desktop {
 namespace {
 
@@ -36,6 +34,15 @@ std::string numberFrom(int descriptor) {
   std::string number;
   for (char digit = 0; read(descriptor, &digit, 1) == 1 && digit != '\n';) number += digit;
   return number;
+}
+
+xcb_window_t newWindow(const X11Connection& connection, const TestWindowTraits& traits) {
+  const auto window = xcb_generate_id(connection.get());
+  const std::uint32_t overrideRedirect = traits.overrideRedirect ? 1 : 0;
+  xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window, connection.root(), traits.x, traits.y, traits.width,
+                    traits.height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT,
+                    &overrideRedirect);
+  return window;
 }
 
 }  // namespace
@@ -92,8 +99,15 @@ std::unique_ptr<X11Connection> PrivateDisplay::connect() const { return X11Conne
 
 void PrivateDisplay::startWindowManager() {
   windowManager_ = std::make_unique<ChildProgram>(std::vector<std::string>{"openbox", "--sm-disable"});
+  // A window that is shown while it starts may never be managed.
   const auto connection = connect();
-  EXPECT_TRUE(waitUntil([&] { return X11WindowTree(*connection).hasWindowManager(); }));
+  const auto probe = newWindow(*connection, {});
+  const auto isManaged = [&] {
+    xcb_map_window(connection->get(), probe);
+    const auto state = connection->askProperty(probe, X11Atom::windowManagerState);
+    return !itemsOf(connection->await<&xcb_get_property_reply>(state)).empty();
+  };
+  EXPECT_TRUE(waitUntil(isManaged));
 }
 
 void PrivateDisplay::endWindowManager() { windowManager_.reset(); }
@@ -114,12 +128,12 @@ void serveWhile(sd_event* event, const std::string& command) {
   EXPECT_EQ(program.wait(), 0) << command;
 }
 
+void settle(X11Connection& connection) {
+  connection.await<&xcb_get_input_focus_reply>(xcb_get_input_focus(connection.get()));
+}
+
 TestWindow::TestWindow(X11Connection& connection, const TestWindowTraits& traits)
-    : connection_(connection), window_(xcb_generate_id(connection.get())) {
-  const std::uint32_t overrideRedirect = traits.overrideRedirect ? 1 : 0;
-  xcb_create_window(connection.get(), XCB_COPY_FROM_PARENT, window_, connection.root(), traits.x, traits.y,
-                    traits.width, traits.height, 0, XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
-                    XCB_CW_OVERRIDE_REDIRECT, &overrideRedirect);
+    : connection_(connection), window_(newWindow(connection, traits)) {
   set(X11Atom::windowManagerName, XCB_ATOM_STRING, traits.title);
   set(X11Atom::windowManagerClass, XCB_ATOM_STRING, traits.instanceName + '\0' + traits.className + '\0');
   xcb_map_window(connection.get(), window_);
@@ -133,19 +147,19 @@ TestWindow::TestWindow(X11Connection& connection, const TestWindowTraits& traits
 
 TestWindow::~TestWindow() {
   xcb_destroy_window(connection_.get(), window_);
-  connection_.await<&xcb_get_input_focus_reply>(xcb_get_input_focus(connection_.get()));
+  settle(connection_);
 }
 
 void TestWindow::set(X11Atom property, xcb_atom_t type, const std::string& text) {
   xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, connection_.atom(property), type, 8,
                       static_cast<std::uint32_t>(text.size()), text.data());
-  xcb_flush(connection_.get());
+  settle(connection_);
 }
 
 void TestWindow::set(X11Atom property, const std::vector<std::uint32_t>& items) {
   xcb_change_property(connection_.get(), XCB_PROP_MODE_REPLACE, window_, connection_.atom(property), XCB_ATOM_CARDINAL,
                       32, static_cast<std::uint32_t>(items.size()), items.data());
-  xcb_flush(connection_.get());
+  settle(connection_);
 }
 
 }  // namespace norra::linux_desktop

@@ -60,6 +60,9 @@ bool serveUntil(sd_event* event, const std::function<bool()>& condition);
 /// test.
 void serveWhile(sd_event* event, const std::string& command);
 
+/// Returns when the server has done all that was asked of it on this connection.
+void settle(X11Connection& connection);
+
 /// What a window is made with.
 struct TestWindowTraits {
   std::int16_t x = 0;

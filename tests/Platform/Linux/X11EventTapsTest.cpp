@@ -45,7 +45,7 @@ class X11EventTapsTest : public testing::Test {
 
   /// Whoever gets an answer of the server then finds that it has sent all its events.
   void serveAll() {
-    hands->await<&xcb_get_input_focus_reply>(xcb_get_input_focus(hands->get()));
+    settle(*hands);
     while (sd_event_run(loop.event(), 0) > 0) {
     }
   }
