@@ -79,8 +79,10 @@ void readMember(const json& object, std::string_view name, Value& value) {
 template <typename Value>
 void readMember(const json& object, std::string_view name, std::optional<Value>& value) {
   const auto* found = find(object, name);
-  value.reset();
-  if (found != nullptr) read(name, *found, value.emplace());
+  if (found == nullptr) return value.reset();
+  Value present{};
+  read(name, *found, present);
+  value = std::move(present);
 }
 
 template <typename Data>

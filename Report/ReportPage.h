@@ -1,0 +1,14 @@
+// The report as one HTML page that needs nothing else.
+#pragma once
+
+#include <ostream>
+#include <string_view>
+
+#include "Report/PageData.h"
+
+namespace norra::report {
+
+/// Writes the whole page. Whether it arrived is for the owner of the stream to ask it.
+void writeReportPage(std::ostream& out, const PageHeading& heading, const std::vector<RecordedReport>& reports);
+
+}  // namespace norra::report
