@@ -118,9 +118,11 @@ int EventLoop::onPosted(sd_event_source*, int, std::uint32_t, void* self) noexce
   return 0;
 }
 
-void EventLoop::endOnTerminationSignals() {
+void EventLoop::onTerminationSignals(Job job) {
+  terminationJob_ = std::move(job);
   addSignal(SIGTERM);
   addSignal(SIGINT);
+  addSignal(SIGHUP);
 }
 
 void EventLoop::addSignal(int signal) {
@@ -132,7 +134,7 @@ void EventLoop::addSignal(int signal) {
 }
 
 int EventLoop::onSignal(sd_event_source*, const signalfd_siginfo*, void* self) noexcept {
-  static_cast<EventLoop*>(self)->end(std::nullopt);
+  static_cast<EventLoop*>(self)->terminationJob_();
   return 0;
 }
 

@@ -31,11 +31,11 @@ class EventLoop final : public MainRunLoop {
   void runAndWait(const Job& job) override;
   bool isCurrent() const override { return std::this_thread::get_id() == mainThread_; }
 
-  /// Makes these signals end run() without a status. They are blocked for this thread and for those that it starts
-  /// from now on. Main thread.
-  void endOnTerminationSignals();
+  /// Runs the job on every SIGTERM, SIGINT and SIGHUP. They are blocked for this thread and for those that it starts from now
+  /// on. Main thread, once.
+  void onTerminationSignals(Job job);
 
-  /// Serves all sources until end() or such a signal. Gives the status that end() was called with. Main thread.
+  /// Serves all sources until end(), whose status it gives. Main thread.
   std::optional<int> run();
 
   /// Makes run() return; no posted job is begun after. Main thread.
@@ -68,6 +68,7 @@ class EventLoop final : public MainRunLoop {
   // Main thread only.
   EventSourcePtr postedSource_;
   std::unordered_set<std::shared_ptr<TimedJob>> timedJobs_;
+  Job terminationJob_;
   bool hasEnded_ = false;
   std::optional<int> status_;
 };

@@ -6,7 +6,7 @@ namespace norra::linux_desktop {
 
 LinuxPlatform::Created LinuxPlatform::create(std::chrono::nanoseconds idleTime) {
   auto loop = std::make_unique<EventLoop>();
-  loop->endOnTerminationSignals();
+  loop->onTerminationSignals([&loop = *loop] { loop.end(std::nullopt); });
   auto [listener, problem] = BusListener::open(*loop);
   if (!listener) return {nullptr, problem};
   return {std::unique_ptr<LinuxPlatform>(new LinuxPlatform(std::move(loop), std::move(listener), idleTime)), {}};

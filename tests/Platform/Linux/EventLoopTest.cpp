@@ -149,12 +149,16 @@ TEST_F(EventLoopTest, ServesWaitersAfterItsEndAndDropsOtherJobs) {
   EXPECT_THAT(seen, ElementsAre("waited for"));
 }
 
-TEST_F(EventLoopTest, ATerminationSignalEndsItWithoutAStatus) {
+TEST_F(EventLoopTest, RunsAJobOnEachTerminationSignal) {
   sigset_t before;
   pthread_sigmask(SIG_SETMASK, nullptr, &before);
-  loop.endOnTerminationSignals();
+  loop.onTerminationSignals([this] {
+    seen.emplace_back("signal");
+    seen.size() == 1 ? static_cast<void>(raise(SIGINT)) : loop.end(std::nullopt);
+  });
   loop.post([] { raise(SIGTERM); });
   EXPECT_EQ(loop.run(), std::nullopt);
+  EXPECT_THAT(seen, ElementsAre("signal", "signal"));
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 

@@ -1,0 +1,62 @@
+// One run of norra-collect: from the start of collection to the service's last report.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Client/ServiceConnection.h"
+#include "Platform/Linux/EventLoop.h"
+
+namespace norra {
+
+/// How a run came to its end; the values are the exit statuses of the program.
+enum class Outcome {
+  complete = 0,     // the service was asked to stop and gave its last report
+  unreachable = 1,  // there is no service to collect from
+  endedEarly = 3,   // the service or the bus went away, or the reports could not be written
+};
+
+/// Main thread.
+class Collection {
+ public:
+  struct Output {
+    /// False: nothing more can be written.
+    std::function<bool(const Report&)> report;
+    std::function<void(const std::string& problem)> problem;
+  };
+
+  /// `loop` outlives this.
+  Collection(linux_desktop::EventLoop& loop, Output output);
+  Collection(const Collection&) = delete;
+  Collection& operator=(const Collection&) = delete;
+
+  /// Collects until the duration has passed or a signal asks to end. A second signal does not wait for the service.
+  Outcome run(std::optional<std::chrono::nanoseconds> duration);
+
+  /// The reports cannot be written any more: asks the service to stop.
+  void outputClosed();
+
+ private:
+  enum class State { starting, collecting, stopping };
+
+  void started(const std::string& problem);
+  void stopOrEnd();
+  void stop();
+  void stopped(const std::string& problem);
+  void received(const Report& report);
+  void serviceEnded();
+  void end(Outcome outcome, const std::string& problem = {});
+
+  linux_desktop::EventLoop& loop_;
+  const Output output_;
+  std::optional<std::chrono::nanoseconds> duration_;
+  std::unique_ptr<ServiceConnection> service_;
+  State state_ = State::starting;
+  bool isStopRequested_ = false;
+  bool canWrite_ = true;
+};
+
+}  // namespace norra

@@ -1,0 +1,33 @@
+#include "Client/ReportFormat.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace norra {
+namespace {
+
+struct Format {
+  std::string_view name;
+  ReportFormatter (*create)(const FormatOptions&);
+};
+
+constexpr std::array formats{
+    Format{"jsonl", [](const FormatOptions&) -> ReportFormatter { return jsonLine; }},
+    Format{"text", newTextFormatter},
+};
+
+}  // namespace
+
+std::vector<std::string> formatNames() {
+  std::vector<std::string> names;
+  for (const auto& format : formats) names.emplace_back(format.name);
+  return names;
+}
+
+ReportFormatter newFormatter(std::string_view name, const FormatOptions& options) {
+  const auto* format = std::ranges::find(formats, name, &Format::name);
+  return format == formats.end() ? nullptr : format->create(options);
+}
+
+}  // namespace norra

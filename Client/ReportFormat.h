@@ -1,0 +1,35 @@
+// How reports are written out.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "Client/Report.h"
+
+namespace norra {
+
+/// Gives one line without its end for each report, called in the order of the reports.
+using ReportFormatter = std::function<std::string(const Report&)>;
+
+struct FormatOptions {
+  /// Whether the lines may hold a terminal's color sequences.
+  bool usesColor = false;
+};
+
+/// The names of all formats; the first is the usual one.
+std::vector<std::string> formatNames();
+
+/// A formatter of its own for one stream of reports. Empty for a name that is no format's.
+ReportFormatter newFormatter(std::string_view name, const FormatOptions& options);
+
+/// The members of the report's event, then "date" in ISO 8601 (UTC, microseconds) and "isApplicationEvent". An event
+/// that is no JSON object is left out.
+std::string jsonLine(const Report& report);
+
+/// For a person: the local time of day, the application in front, what was done. Control characters in texts are
+/// replaced, so that no window title reaches the terminal as a command.
+ReportFormatter newTextFormatter(const FormatOptions& options);
+
+}  // namespace norra

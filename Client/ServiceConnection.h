@@ -1,0 +1,60 @@
+// The service as a client reaches it over the session bus.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "Client/Report.h"
+#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/SessionBus.h"
+
+namespace norra {
+
+/// Receives reports, and asks the service to start and stop. The bus starts the service when it does not run. Main
+/// thread.
+class ServiceConnection {
+ public:
+  struct Handlers {
+    std::function<void(const Report&)> report;
+    /// The service gave up its name, after its last report.
+    std::function<void()> serviceEnded;
+    std::function<void()> busLost;
+  };
+  /// Receives "" when the service did as it was asked; otherwise what is wrong, and what to do.
+  using Answer = std::function<void(const std::string& problem)>;
+
+  struct Opened {
+    std::unique_ptr<ServiceConnection> connection;  // null where there is none
+    std::string problem;                            // then: why, and what to do
+  };
+  static Opened open(linux_desktop::EventLoop& loop, Handlers handlers);
+  ServiceConnection(const ServiceConnection&) = delete;
+  ServiceConnection& operator=(const ServiceConnection&) = delete;
+
+  void start(Answer answer) { call("startCollectorWith", std::move(answer)); }
+  void stop(Answer answer) { call("stopCollectorWith", std::move(answer)); }
+
+ private:
+  ServiceConnection(linux_desktop::BusPtr bus, Handlers handlers)
+      : handlers_(std::move(handlers)), bus_(std::move(bus)) {}
+
+  int exportClient();
+  /// One call at a time.
+  void call(const char* method, Answer answer);
+  static int onAddEvent(sd_bus_message* call, void* connection, sd_bus_error* error) noexcept;
+  static int onReply(sd_bus_message* reply, void* connection, sd_bus_error* error) noexcept;
+  static int onOwnerChanged(sd_bus_message* signal, void* connection, sd_bus_error* error) noexcept;
+  static int onDisconnected(sd_bus_message* signal, void* connection, sd_bus_error* error) noexcept;
+  static const sd_bus_vtable methods[];
+
+  const Handlers handlers_;
+  linux_desktop::BusPtr bus_;
+  linux_desktop::SlotPtr object_;
+  linux_desktop::SlotPtr ownerChanges_;
+  linux_desktop::SlotPtr disconnection_;
+  linux_desktop::SlotPtr reply_;
+  Answer answer_;
+};
+
+}  // namespace norra

@@ -1,0 +1,84 @@
+#include <array>
+#include <cstdio>
+#include <ctime>
+
+#include "Client/ReportFormat.h"
+#include "NorraDataCollector/model/ActionDecoding.h"
+#include "Report/ActionWords.h"
+
+namespace norra {
+namespace {
+
+struct Style {
+  std::string_view begin;
+  std::string_view end;
+};
+constexpr Style plain{"", ""};
+constexpr Style dim{"\033[2m", "\033[0m"};
+constexpr Style bold{"\033[1m", "\033[0m"};
+constexpr Style red{"\033[31m", "\033[0m"};
+
+std::string styled(std::string_view text, Style style) {
+  return std::string(style.begin).append(text).append(style.end);
+}
+
+std::string localTime(std::chrono::system_clock::time_point date) {
+  const auto milliseconds =
+      std::chrono::duration_cast<std::chrono::milliseconds>(date.time_since_epoch()).count() % 1000;
+  const auto seconds = std::chrono::system_clock::to_time_t(date);
+  std::tm local{};
+  localtime_r(&seconds, &local);
+  std::array<char, 32> text{};
+  const auto length = std::strftime(text.data(), text.size(), "%H:%M:%S", &local);
+  std::snprintf(text.data() + length, text.size() - length, ".%03d", static_cast<int>(milliseconds));
+  return text.data();
+}
+
+/// Each C0 or C1 control character becomes a space. The text is UTF-8.
+std::string withoutControls(std::string text) {
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    const auto byte = static_cast<unsigned char>(text[at]);
+    const bool isC1 = byte == 0xC2 && at + 1 < text.size() && static_cast<unsigned char>(text[at + 1]) < 0xA0;
+    if (isC1) text.erase(at, 1);
+    if (isC1 || byte < 0x20 || byte == 0x7F) text[at] = ' ';
+  }
+  return text;
+}
+
+/// Such as: Changed text field "Subject" · Quarterly figures
+std::string sentence(const report::ActionWords& words) {
+  std::string text = words.deed;
+  if (words.object) text += " \"" + *words.object + "\"";
+  if (words.outcome) text += " · " + *words.outcome;
+  return text;
+}
+
+/// Remembers the application that the reports between two switches belong to.
+class TextFormatter {
+ public:
+  explicit TextFormatter(const FormatOptions& options) : usesColor_(options.usesColor) {}
+
+  std::string operator()(const Report& report) {
+    const auto decoded = decodeAction(report.event);
+    std::string line = styled(localTime(report.date), style(dim)) + "  ";
+    if (const auto* error = std::get_if<DecodingError>(&decoded)) {
+      return line + styled("unreadable report: " + withoutControls(error->message), style(red));
+    }
+    const auto& action = std::get<Action>(decoded);
+    if (const auto* change = std::get_if<ChangeApplicationData>(&action)) application_ = change->fileDescription;
+    if (!application_.empty()) line += styled(withoutControls(application_), style(bold)) + "  ";
+    return line + withoutControls(sentence(report::wordsFor(action)));
+  }
+
+ private:
+  Style style(Style wanted) const { return usesColor_ ? wanted : plain; }
+
+  bool usesColor_;
+  std::string application_;
+};
+
+}  // namespace
+
+ReportFormatter newTextFormatter(const FormatOptions& options) { return TextFormatter(options); }
+
+}  // namespace norra

@@ -1,0 +1,154 @@
+// norra-collect and norra-collector-service, as programs, over a session bus of their own and without a desktop.
+#include <gmock/gmock.h>
+#include <systemd/sd-bus.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <nlohmann/json.hpp>
+
+#include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
+#include "tests/Client/RunningProgram.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+
+namespace norra {
+namespace {
+
+using linux_desktop::PrivateBus;
+using testing::HasSubstr;
+using testing::MatchesRegex;
+using Json = nlohmann::json;
+
+/// What is left of a report without its date.
+std::string undated(const std::optional<std::string>& line) {
+  auto report = Json::parse(line.value_or("null"), nullptr, false);
+  report.erase("date");
+  return report.dump();
+}
+
+const std::string start = R"({"action":"Collector","isApplicationEvent":false,"operation":"start"})";
+const std::string stop = R"({"action":"Collector","isApplicationEvent":false,"operation":"stop"})";
+
+bool isServiceRunning() {
+  sd_bus* bus = nullptr;
+  sd_bus_open_user(&bus);
+  const bool isOwned = sd_bus_get_name_creds(bus, busNames::service, 0, nullptr) >= 0;
+  sd_bus_flush_close_unref(bus);
+  return isOwned;
+}
+
+/// The real programs; the bus starts the service.
+class NorraCollectTest : public testing::Test {
+ protected:
+  NorraCollectTest() {
+    unsetenv("DISPLAY");
+    unsetenv("WAYLAND_DISPLAY");
+  }
+
+  PrivateBus bus{NORRA_SERVICES_FOLDER};
+};
+
+TEST_F(NorraCollectTest, PrintsEachReportWithItsDateAndStopsTheServiceOnASignal) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    RunningProgram collect("norra-collect");
+    const auto first = collect.nextLine();
+    EXPECT_EQ(undated(first), start);
+    EXPECT_THAT(Json::parse(*first)["date"].get<std::string>(),
+                MatchesRegex("[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}\\.[0-9]{6}Z"));
+    collect.signal(signal);
+    EXPECT_EQ(undated(collect.nextLine()), stop);
+    EXPECT_EQ(collect.nextLine(), std::nullopt);
+    EXPECT_EQ(collect.waitForEnd(), 0);
+    EXPECT_FALSE(isServiceRunning());
+  }
+}
+
+TEST_F(NorraCollectTest, StopsByItselfAfterTheDuration) {
+  RunningProgram collect("norra-collect", {"--duration", "0.01", "--format", "text"});
+  EXPECT_THAT(collect.nextLine().value_or(""), HasSubstr("Collection started"));
+  EXPECT_THAT(collect.nextLine().value_or(""), HasSubstr("Collection stopped"));
+  EXPECT_EQ(collect.waitForEnd(), 0);
+}
+
+TEST_F(NorraCollectTest, ReportsAServiceThatEndsWhileItCollects) {
+  RunningProgram service("norra-collector-service");
+  ASSERT_TRUE(waitFor(isServiceRunning));
+  RunningProgram collect("norra-collect");
+  EXPECT_EQ(undated(collect.nextLine()), start);
+  service.signal(SIGTERM);
+  EXPECT_EQ(collect.waitForEnd(), 3);
+  EXPECT_THAT(collect.errors(), HasSubstr("The service ended while it was collecting."));
+  EXPECT_EQ(service.waitForEnd(), 0);
+  EXPECT_THAT(service.errors(), HasSubstr("Service stopped"));
+}
+
+TEST_F(NorraCollectTest, OneClientsStopEndsTheOther) {
+  RunningProgram first("norra-collect");
+  EXPECT_EQ(undated(first.nextLine()), start);
+  RunningProgram second("norra-collect");
+  EXPECT_EQ(undated(second.nextLine()), start);
+  second.signal(SIGINT);
+  EXPECT_EQ(undated(second.nextLine()), stop);
+  EXPECT_EQ(second.waitForEnd(), 0);
+  EXPECT_EQ(first.waitForEnd(), 3);
+}
+
+TEST_F(NorraCollectTest, StopsTheServiceWhenNobodyReadsItsOutput) {
+  RunningProgram collect("norra-collect");
+  EXPECT_EQ(undated(collect.nextLine()), start);
+  collect.closeOutput();
+  EXPECT_EQ(collect.waitForEnd(), 3);
+  EXPECT_THAT(collect.errors(), HasSubstr("Nobody reads the reports any more."));
+  EXPECT_FALSE(isServiceRunning());
+}
+
+TEST_F(NorraCollectTest, EndsWhenTheBusIsLost) {
+  RunningProgram collect("norra-collect");
+  EXPECT_EQ(undated(collect.nextLine()), start);
+  bus.kill();
+  EXPECT_EQ(collect.waitForEnd(), 3);
+  EXPECT_THAT(collect.errors(), HasSubstr("The session bus was lost."));
+}
+
+TEST_F(NorraCollectTest, ASecondServiceSaysThatOneRuns) {
+  RunningProgram service("norra-collector-service");
+  ASSERT_TRUE(waitFor(isServiceRunning));
+  RunningProgram second("norra-collector-service");
+  EXPECT_EQ(second.waitForEnd(), 1);
+  EXPECT_THAT(second.errors(), HasSubstr("The service runs already"));
+}
+
+TEST(NorraCollect, SaysWhatToDoWhereTheServiceIsNotInstalled) {
+  const PrivateBus busWithoutServices;
+  RunningProgram collect("norra-collect");
+  EXPECT_EQ(collect.waitForEnd(), 1);
+  EXPECT_THAT(collect.errors(), HasSubstr("Install it, or start norra-collector-service"));
+}
+
+TEST(NorraCollect, BothProgramsSayThatThereIsNoSessionBus) {
+  setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
+  for (const char* program : {"norra-collect", "norra-collector-service"}) {
+    RunningProgram running(program);
+    EXPECT_EQ(running.waitForEnd(), 1) << program;
+    EXPECT_THAT(running.errors(), HasSubstr("The session bus cannot be reached")) << program;
+  }
+  unsetenv("DBUS_SESSION_BUS_ADDRESS");
+}
+
+TEST(NorraCollect, BothProgramsExplainThemselvesAndRefuseWrongArguments) {
+  for (const char* program : {"norra-collect", "norra-collector-service"}) {
+    RunningProgram help(program, {"--help"});
+    EXPECT_THAT(help.nextLine().value_or(""), HasSubstr("desktop")) << program;
+    EXPECT_EQ(help.waitForEnd(), 0) << program;
+    RunningProgram version(program, {"--version"});
+    EXPECT_EQ(version.nextLine(), std::string(program) + " " NORRA_VERSION);
+    RunningProgram wrong(program, {"--no-such-option"});
+    EXPECT_EQ(wrong.waitForEnd(), 2) << program;
+  }
+  for (const auto& arguments : {std::vector<std::string>{"--duration", "-1"}, {"--format", "xml"}}) {
+    RunningProgram wrong("norra-collect", arguments);
+    EXPECT_EQ(wrong.waitForEnd(), 2) << arguments[0];
+  }
+}
+
+}  // namespace
+}  // namespace norra
