@@ -34,7 +34,7 @@ class Proxy final : public ClientProtocol {
 class Clients::Connection final : public NSXPCConnection {
  public:
   explicit Connection(std::shared_ptr<ClientProtocol> exported)
-      : end_(std::make_shared<ClientEnd>(std::move(exported))) {}
+      : end_(std::make_shared<ClientEnd>(ClientEnd{std::move(exported)})) {}
 
   void setExportedObject(std::shared_ptr<ServiceProtocol> object) override { exportedObject_ = std::move(object); }
   void setInvalidationHandler(std::function<void()> handler) override { invalidationHandler_ = std::move(handler); }

@@ -16,6 +16,7 @@ class ReadContent {
   }
   AXResult<AXAttributeValue> operator()(const std::vector<ElementReference>& references) const {
     std::vector<AXUIElement> elements;
+    elements.reserve(references.size());
     for (const auto& reference : references) elements.push_back(tree_.element(reference).handle());
     return {axError::success, std::move(elements)};
   }
