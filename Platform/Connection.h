@@ -34,7 +34,7 @@ class NSXPCConnection {
 class NSXPCListenerDelegate {
  public:
   virtual ~NSXPCListenerDelegate() = default;
-  /// Wires a new connection. False refuses it.
+  /// Wires a new connection. False refuses it; then what it was wired with is let go.
   virtual bool shouldAcceptNewConnection(std::shared_ptr<NSXPCConnection> connection) = 0;
 };
 

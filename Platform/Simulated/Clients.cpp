@@ -82,7 +82,7 @@ std::optional<int> Clients::activate() {
 
 void Clients::connect(const std::string& name, std::shared_ptr<ClientProtocol> exported) {
   const auto connection = std::make_shared<Connection>(std::move(exported));
-  if (delegate_ == nullptr || !delegate_->shouldAcceptNewConnection(connection)) return;
+  if (delegate_ == nullptr || !delegate_->shouldAcceptNewConnection(connection)) return connection->letGo();
   connections_.push_back(connection);
   newest_[name] = connection;
 }
