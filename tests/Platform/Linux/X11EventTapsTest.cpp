@@ -122,6 +122,16 @@ TEST_F(X11EventTapsTest, ReportsTheReleaseOfEveryButtonWhereItHappens) {
   EXPECT_THAT(eventsOf("xdotool click 8 click 9"), SizeIs(2));
 }
 
+TEST_F(X11EventTapsTest, KnowsThePlacesOfClicksThatWaitedToBeRead) {
+  std::vector<CGEvent> seen;
+  const auto tap = tapInto(seen);
+  ChildProgram({"xdotool", "mousemove", "10", "20", "click", "1", "mousemove", "30", "40", "click", "4", "click", "3",
+                "mousemove", "500", "600"})
+      .wait();
+  serveAll();
+  EXPECT_THAT(seen, ElementsAre(click(CGEventType::leftMouseUp, 10, 20), click(CGEventType::rightMouseUp, 30, 40)));
+}
+
 TEST_F(X11EventTapsTest, TakesScrollingForNoClick) {
   EXPECT_THAT(eventsOf("xdotool click 4 click 5 click 6 click 7"), IsEmpty());
 }
