@@ -37,7 +37,7 @@ X11Workspace::X11Workspace(sd_event* event, std::unique_ptr<X11Connection> conne
           [] { platformLogger().error("The X server has gone: application switches are not seen any more"); }) {
   selectEvents(*connection_, connection_->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
   followWindowManager();
-  if (const auto active = windows_.activeApplication()) activeWindow_ = active->window;
+  if (const auto active = windows_.activeApplication()) active_ = {active->window, active->process};
 }
 
 std::optional<NSRunningApplication> X11Workspace::frontmostApplication() const {
@@ -94,8 +94,8 @@ void X11Workspace::activeWindowDidChange() {
   if (!hasWindowManager_) followWindowManager();
   applications_.windowsDidChange();
   const auto active = windows_.activeApplication();
-  const auto window = active ? active->window : xcb_window_t{XCB_NONE};
-  if (std::exchange(activeWindow_, window) == window || !active) return;
+  const auto now = active ? ActiveWindow{active->window, active->process} : ActiveWindow{};
+  if (std::exchange(active_, now) == now || !active) return;
   const bool hasGoneAgain = active->process == 0 && active->className.empty();
   if (!hasGoneAgain) report(applications_.applicationOf(*active));
 }

@@ -28,6 +28,13 @@ class X11Workspace final : public Workspace {
   using Handlers = std::map<std::uint64_t, ActivationHandler>;
   class ActivationRegistration;
 
+  // A window's number is given to another window when the process that had it has gone.
+  struct ActiveWindow {
+    xcb_window_t window = XCB_NONE;
+    ProcessIdentifier process = 0;
+    bool operator==(const ActiveWindow&) const = default;
+  };
+
   void handle(const xcb_generic_event_t& event);
   void handleRootProperty(xcb_atom_t property);
   void followWindowManager();
@@ -42,7 +49,7 @@ class X11Workspace final : public Workspace {
 
   // Main thread only.
   bool hasWindowManager_ = true;
-  xcb_window_t activeWindow_ = XCB_NONE;
+  ActiveWindow active_;
   std::uint64_t nextHandler_ = 0;
   const std::shared_ptr<Handlers> handlers_ = std::make_shared<Handlers>();
   X11EventSource source_;
