@@ -1,25 +1,41 @@
 // The accessibility of the real desktop.
 #pragma once
 
+#include <memory>
+
 #include "Platform/Accessibility.h"
+#include "Platform/EventTap.h"
 #include "Platform/Linux/AtspiContext.h"
+#include "Platform/Linux/AtspiObserver.h"
 #include "Platform/Linux/ReadingEpoch.h"
 
 namespace norra::linux_desktop {
 
-/// Made on the main thread. Elements that it gives must not be used after it has gone.
+/// Made on the main thread. Elements and observers that it gives must not be used after it has gone.
 class AtspiAccessibility final : public Accessibility {
  public:
-  /// `event`, the loop of the main thread, and `windows` must outlive this.
-  AtspiAccessibility(sd_event* event, WindowsOnScreen& windows) : epoch_(event), context_(epoch_, windows) {}
+  /// `event` is the loop of the main thread; `eventTaps` are asked for input while an element is followed that changes
+  /// without an event. All must outlive this.
+  AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps);
 
   AXUIElement createSystemWide() override { return context_.systemWide(); }
   AXUIElement createApplication(ProcessIdentifier process) override { return context_.application(process); }
   AXResult<std::unique_ptr<AXObserver>> createObserver(ProcessIdentifier process, AXObserverCallback callback) override;
 
+  /// Whether the element with the keyboard focus is known to be a field with a hidden text. Reads nothing. Main thread.
+  bool isSecretFocused();
+
+  const AtspiStatistics& statistics() const { return context_.shared.statistics; }
+
  private:
+  std::unique_ptr<Registration> watchInput(std::function<void()> noteInput);
+
+  EventTaps& eventTaps_;
   const EventLoopEpoch epoch_;
   AtspiContext context_;
+  AtspiEvents events_;
+  FocusEvents focusEvents_;
+  ObserverServices services_;
 };
 
 }  // namespace norra::linux_desktop

@@ -6,6 +6,7 @@
 #include "Platform/Linux/AtspiStructure.h"
 #include "Platform/Linux/ElementView.h"
 #include "Platform/Linux/RoleDescriptions.h"
+#include "Platform/Linux/X11WindowElement.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -18,6 +19,18 @@ AttributeResult elementOrNothing(AtspiContext& context, const AtspiReference& re
   return reference.isNull() ? noValue() : valueOf(context.element(reference));
 }
 
+/// The window of the application's own that has a title; dialogs and windows without a toolkit have one only for the X
+/// server.
+AttributeResult focusedWindow(AtspiContext& context, ProcessIdentifier process, const AtspiReference& root) {
+  const auto window = root.isNull() ? AtspiReference{} : activeWindowOf(context, root);
+  if (!window.isNull()) {
+    const ElementView view(context, context.reader(), window);
+    if (!view.needOnly(Ask::name).name.empty()) return valueOf(context.element(window));
+  }
+  if (auto onScreen = activeX11WindowOf(context, process)) return valueOf(*std::move(onScreen));
+  return elementOrNothing(context, window);
+}
+
 AttributeResult titleOfRoot(const ElementView& root) { return textOrNoValue(root.needOnly(Ask::name).name); }
 
 }  // namespace
@@ -26,9 +39,9 @@ AXResult<AXAttributeValue> AtspiApplicationElement::copyAttributeValue(std::stri
   auto& reader = context_.reader();
   const auto root = context_.processes.rootOf(process_, reader);
   if (attribute == "AXFocusedUIElement") return elementOrNothing(context_, focusedElementOf(context_, process_));
+  if (attribute == "AXFocusedWindow") return focusedWindow(context_, process_, root);
   if (root.isNull()) return failed(axError::cannotComplete);
   if (attribute == "AXRole") return valueOf(std::string("AXApplication"));
-  if (attribute == "AXFocusedWindow") return elementOrNothing(context_, activeWindowOf(context_, root));
   const ElementView view(context_, reader, root);
   if (attribute == "AXTitle") return titleOfRoot(view);
   if (attribute == "AXChildren") return childrenOf(view);

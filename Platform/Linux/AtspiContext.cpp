@@ -24,4 +24,10 @@ AXUIElement AtspiContext::application(ProcessIdentifier process) {
 
 AXUIElement AtspiContext::systemWide() { return AXUIElement(std::make_shared<AtspiSystemWideElement>(*this)); }
 
+void AtspiContext::forget(const std::string& busName) {
+  applications.remove(busName);
+  focus.forget(busName);
+  shared.resting.showedLife(busName);
+}
+
 }  // namespace norra::linux_desktop

@@ -38,6 +38,9 @@ class AtspiContext {
   AXUIElement application(ProcessIdentifier process);
   AXUIElement systemWide();
 
+  /// The name has left the bus.
+  void forget(const std::string& busName);
+
   AtspiShared shared;
   AtspiApplications applications;
   AtspiProcesses processes;

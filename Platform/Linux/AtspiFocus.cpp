@@ -6,7 +6,7 @@
 
 #include "Platform/Linux/AtspiContext.h"
 #include "Platform/Linux/AtspiStructure.h"
-#include "Platform/Linux/PlacedElements.h"
+#include "Platform/Linux/ElementView.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -59,10 +59,12 @@ AtspiReference searchFocused(const ElementView& window) {
 
 AtspiReference rememberedFocus(AtspiContext& context, ProcessIdentifier process, AtspiReader& reader) {
   for (const auto& name : context.processes.busNamesOf(process, reader)) {
-    if (auto focused = context.focus.focused(name)) return *focused;
+    if (const auto focused = settleFocus(context, name); !focused.isNull()) return focused;
   }
   return {};
 }
+
+bool isPartOfMenu(AtspiRole role) { return roleDependsOnParent(role) || role == AtspiRole::popupMenu; }
 
 }  // namespace
 
@@ -85,6 +87,18 @@ AtspiReference followedElement(const ElementView& focused) {
   return focused.reference();
 }
 
+AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
+  if (const auto arrived = context.focus.takeArrival(busName)) {
+    const ElementView view(context, context.reader(), *arrived);
+    if (isPartOfMenu(view.role())) {
+      context.focus.noteMenuItem(*arrived);
+    } else {
+      context.focus.follow(followedElement(view));
+    }
+  }
+  return context.focus.followed(busName).value_or(AtspiReference{});
+}
+
 AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process) {
   auto& reader = context.reader();
   if (const auto remembered = rememberedFocus(context, process, reader); !remembered.isNull()) return remembered;
@@ -95,7 +109,7 @@ AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process
   const auto found = searchFocused(ElementView(context, reader, window));
   if (found.isNull()) return {};
   const auto followed = followedElement(ElementView(context, reader, found));
-  context.focus.noteFocus(followed);
+  context.focus.follow(followed);
   return followed;
 }
 

@@ -13,6 +13,10 @@ class ElementView;
 /// lists, tables and trees it is the container.
 AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process);
 
+/// Looks at the element that events of an application told of last, if that was not done yet, and gives the one that is
+/// followed now; null: none is known. An item of a menu is remembered as such and not followed.
+AtspiReference settleFocus(AtspiContext& context, const std::string& busName);
+
 /// The top-level of an application that is active; null: none.
 AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root);
 

@@ -1,4 +1,4 @@
-// Which element of each application had the keyboard focus last, as its events said.
+// Which element of each application has the keyboard focus, as its events said.
 #pragma once
 
 #include <map>
@@ -14,16 +14,31 @@ namespace norra::linux_desktop {
 /// Any thread.
 class FocusMemory {
  public:
-  /// Nothing: the application told of no focus yet.
-  std::optional<AtspiReference> focused(std::string_view busName) const;
-  void noteFocus(const AtspiReference& element);
-  /// The element lost the focus; nothing happens if another has it already.
-  void noteLoss(const AtspiReference& element);
+  /// An event told of this one. What it is has not been looked at.
+  void noteArrival(const AtspiReference& element);
+  /// The last one that was told of; once.
+  std::optional<AtspiReference> takeArrival(std::string_view busName);
+
+  /// The one that is followed. Nothing: the application told of none yet.
+  std::optional<AtspiReference> followed(std::string_view busName) const;
+  void follow(const AtspiReference& element);
+
+  /// The item of a menu that was highlighted last.
+  std::optional<AtspiReference> menuItem(std::string_view busName) const;
+  void noteMenuItem(const AtspiReference& element);
+
   void forget(std::string_view busName);
 
  private:
+  struct Paths {
+    std::optional<std::string> arrived;
+    std::optional<std::string> followed;
+    std::optional<std::string> menuItem;
+  };
+  std::optional<AtspiReference> find(std::string_view busName, std::optional<std::string> Paths::*path) const;
+
   mutable std::mutex mutex_;
-  std::map<std::string, std::string, std::less<>> paths_;  // by bus name; guarded by mutex_
+  std::map<std::string, Paths, std::less<>> applications_;  // by bus name; guarded by mutex_
 };
 
 }  // namespace norra::linux_desktop

@@ -14,6 +14,8 @@ namespace norra::linux_desktop {
 
 class X11Windows;
 
+class AtspiAccessibility;
+
 /// Main thread. What is missing is stood in for by an object that says so at its first use.
 class LinuxDesktop {
  public:
@@ -25,14 +27,14 @@ class LinuxDesktop {
 
   Workspace& workspace() { return *workspace_; }
   EventTaps& eventTaps() { return *eventTaps_; }
-  Accessibility& accessibility() { return *accessibility_; }
+  Accessibility& accessibility();
 
  private:
   std::unique_ptr<X11Windows> windows_;  // null: no X server
   std::unique_ptr<Workspace> workspace_;
   std::unique_ptr<EventTaps> eventTaps_;
   std::unique_ptr<WindowsOnScreen> noWindows_;  // null: windows_ is there
-  std::unique_ptr<Accessibility> accessibility_;
+  std::unique_ptr<AtspiAccessibility> accessibility_;
 };
 
 }  // namespace norra::linux_desktop

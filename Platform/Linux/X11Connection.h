@@ -63,6 +63,9 @@ class X11Connection {
     return X11Reply<function>(static_cast<typename X11ReplyFunction<function>::Reply*>(awaitReply(request.sequence)));
   }
 
+  /// False: the end came before any input.
+  bool waitForInput(std::chrono::steady_clock::time_point end) const;
+
   xcb_get_property_cookie_t askProperty(xcb_window_t window, X11Atom property) const;
 
  private:
@@ -74,7 +77,6 @@ class X11Connection {
   X11Connection(ConnectionPtr connection, int screen);
   void internAtoms();
   void* awaitReply(unsigned int sequence);
-  bool waitForInput(std::chrono::steady_clock::time_point end) const;
 
   ConnectionPtr connection_;
   xcb_window_t root_ = XCB_NONE;

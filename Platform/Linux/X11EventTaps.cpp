@@ -113,8 +113,10 @@ CGEventMask X11EventTaps::wantedEvents() const {
 
 void X11EventTaps::didChangeTaps() {
   const auto wanted = wantedEvents();
+  const bool wantsClicks = (wanted & clicks) != 0;
   const bool wantsKeys = (wanted & keyPresses) != 0;
-  selectEvents(((wanted & clicks) != 0 ? rawClicks : 0) | (wantsKeys ? rawKeys : 0));
+  selectEvents((wantsClicks ? rawClicks : 0) | (wantsKeys ? rawKeys : 0));
+  followClicks(wantsClicks);
   followKeyboard(wantsKeys);
   xcb_flush(connection_->get());
 }
@@ -126,6 +128,10 @@ void X11EventTaps::selectEvents(std::uint32_t events) {
     std::uint32_t events;
   } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, events};
   xcb_input_xi_select_events(connection_->get(), connection_->root(), 1, &selection.head);
+}
+
+void X11EventTaps::followClicks(bool isWanted) {
+  if (isWanted != (clickPlaces_ != nullptr)) clickPlaces_ = isWanted ? X11ClickPlaces::open() : nullptr;
 }
 
 void X11EventTaps::followKeyboard(bool isWanted) {
@@ -147,7 +153,7 @@ void X11EventTaps::handleInput(const xcb_generic_event_t& event) {
   if (generic.extension != inputExtension_) return;
   const auto& input = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
   switch (generic.event_type) {
-    case XCB_INPUT_RAW_BUTTON_RELEASE: handleButtonRelease(input.detail); break;
+    case XCB_INPUT_RAW_BUTTON_RELEASE: handleButtonRelease(input.detail, input.time); break;
     case XCB_INPUT_RAW_KEY_PRESS:
       handleKeyPress(input.detail, (input.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0);
       break;
@@ -158,11 +164,19 @@ void X11EventTaps::handleInput(const xcb_generic_event_t& event) {
   }
 }
 
-void X11EventTaps::handleButtonRelease(std::uint32_t button) {
-  const auto pointerRequest = xcb_query_pointer(connection_->get(), connection_->root());
+void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t time) {
+  const auto place = placeAt(time);
   const auto type = clickTypeOf(logicalButton(button));
-  const auto pointer = connection_->await<&xcb_query_pointer_reply>(pointerRequest);
-  if (type && pointer) deliver({*type, {double(pointer->root_x), double(pointer->root_y)}, std::nullopt});
+  if (type && place) deliver({*type, *place, std::nullopt});
+}
+
+std::optional<CGPoint> X11EventTaps::placeAt(xcb_timestamp_t time) {
+  const auto recorded = clickPlaces_ ? clickPlaces_->takePlaceAt(time) : std::nullopt;
+  if (recorded) return recorded;
+  const auto pointer =
+      connection_->await<&xcb_query_pointer_reply>(xcb_query_pointer(connection_->get(), connection_->root()));
+  if (!pointer) return std::nullopt;
+  return CGPoint{double(pointer->root_x), double(pointer->root_y)};
 }
 
 void X11EventTaps::handleKeyPress(std::uint32_t key, bool isMarkedRepeat) {

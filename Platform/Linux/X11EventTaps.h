@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "Platform/EventTap.h"
+#include "Platform/Linux/X11ClickPlaces.h"
 #include "Platform/Linux/X11EventSource.h"
 #include "Platform/Linux/X11Keyboard.h"
 
 namespace norra::linux_desktop {
 
-/// Main thread. The server is asked for no event that no tap wants now. A click is where the pointer is when its event
-/// is read; key presses carry no location. Taps are never disabled.
+/// Main thread. The server is asked for no event that no tap wants now. A click is where the pointer was
+/// when the server saw it, or else is when its event is read; key presses carry no location. Taps are never disabled.
 class X11EventTaps final : public EventTaps {
  public:
   /// Null: the server has no XInput 2.2. `event` is not owned; the connection must have no other user of its events.
@@ -32,11 +33,13 @@ class X11EventTaps final : public EventTaps {
   void didChangeTaps();
   CGEventMask wantedEvents() const;
   void selectEvents(std::uint32_t events);
+  void followClicks(bool isWanted);
   void followKeyboard(bool isWanted);
 
   void handle(const xcb_generic_event_t& event);
   void handleInput(const xcb_generic_event_t& event);
-  void handleButtonRelease(std::uint32_t button);
+  void handleButtonRelease(std::uint32_t button, xcb_timestamp_t time);
+  std::optional<CGPoint> placeAt(xcb_timestamp_t time);
   void handleKeyPress(std::uint32_t key, bool isMarkedRepeat);
   std::uint32_t logicalButton(std::uint32_t button);
   void deliver(const CGEvent& event);
@@ -46,6 +49,7 @@ class X11EventTaps final : public EventTaps {
   const std::uint8_t inputExtension_;
   std::vector<std::shared_ptr<Subscription>> subscriptions_;
   std::uint32_t selectedEvents_ = 0;
+  std::unique_ptr<X11ClickPlaces> clickPlaces_;
   std::unique_ptr<X11Keyboard> keyboard_;
   std::bitset<256> heldKeys_;
   std::vector<std::uint8_t> buttonMapping_;

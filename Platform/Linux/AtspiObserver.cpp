@@ -1,0 +1,121 @@
+#include "Platform/Linux/AtspiObserver.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "Platform/Linux/AtspiApplicationElement.h"
+#include "Platform/Linux/AtspiElement.h"
+#include "Platform/Linux/AtspiFocus.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+using namespace std::string_view_literals;
+constexpr auto focusChanged = "AXFocusedUIElementChanged"sv;
+constexpr std::array elementNotifications{"AXValueChanged"sv, "AXSelectedRowsChanged"sv, "AXSelectedCellsChanged"sv,
+                                          "AXSelectedChildrenChanged"sv};
+
+bool isElementNotification(std::string_view notification) {
+  return std::ranges::find(elementNotifications, notification) != elementNotifications.end();
+}
+
+}  // namespace
+
+AtspiObserver::AtspiObserver(ObserverServices& services, ProcessIdentifier process, AXObserverCallback callback)
+    : services_(services),
+      process_(process),
+      callback_(std::move(callback)),
+      focusChange_(services.events.loop(), [this] { tellFocus(); }),
+      cleanUp_(services.events.loop(), [this] { ended_.clear(); }) {}
+
+AXError AtspiObserver::addNotification(const AXUIElement& element, std::string_view notification) {
+  if (dynamic_cast<const AtspiApplicationElement*>(&element.primitives())) return addFocus(notification);
+  const auto* observed = dynamic_cast<const AtspiElement*>(&element.primitives());
+  if (!observed) return axError::illegalArgument;
+  if (!isElementNotification(notification)) return axError::notificationUnsupported;
+  auto* known = watchOf(observed->reference());
+  if (known && known->isWanted(notification)) return axError::notificationAlreadyRegistered;
+  auto& watch = known ? *known : newWatch(observed->reference());
+  watch.want(notification);
+  updateInput();
+  return axError::success;
+}
+
+AXError AtspiObserver::removeNotification(const AXUIElement& element, std::string_view notification) {
+  if (dynamic_cast<const AtspiApplicationElement*>(&element.primitives())) return removeFocus(notification);
+  const auto* observed = dynamic_cast<const AtspiElement*>(&element.primitives());
+  auto* watch = observed ? watchOf(observed->reference()) : nullptr;
+  if (!watch || !watch->isWanted(notification)) return axError::notificationNotRegistered;
+  watch->unwant(notification);
+  if (watch->isIdle()) end(observed->reference());
+  updateInput();
+  return axError::success;
+}
+
+AXError AtspiObserver::addFocus(std::string_view notification) {
+  if (notification != focusChanged) return axError::notificationUnsupported;
+  if (focusEvents_) return axError::notificationAlreadyRegistered;
+  focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
+  return axError::success;
+}
+
+AXError AtspiObserver::removeFocus(std::string_view notification) {
+  if (notification != focusChanged || !focusEvents_) return axError::notificationNotRegistered;
+  focusEvents_.reset();
+  return axError::success;
+}
+
+void AtspiObserver::focusArrived(const AtspiReference& element) {
+  auto& context = services_.context;
+  if (context.processes.processOf(element.busName, context.reader()) != process_) return;
+  if (!isFocusKnown_) focused_ = context.focus.followed(element.busName);
+  isFocusKnown_ = true;
+  focusChange_.request();
+}
+
+void AtspiObserver::tellFocus() {
+  const auto focused = focusedElementOf(services_.context, process_);
+  if (focused_ == focused) return;
+  focused_ = focused;
+  tell(services_.context.application(process_), focusChanged);
+}
+
+void AtspiObserver::tell(const AXUIElement& element, std::string_view notification) {
+  if (isOnLoop_) callback_(element, notification);
+}
+
+void AtspiObserver::tellOf(const AtspiReference& element, std::string_view notification) {
+  const bool isOfApplication = notification == focusChanged;
+  tell(isOfApplication ? services_.context.application(process_) : services_.context.element(element), notification);
+}
+
+ElementWatch* AtspiObserver::watchOf(const AtspiReference& element) {
+  const auto found = std::ranges::find(watches_, element, &ElementWatch::element);
+  return found != watches_.end() ? found->get() : nullptr;
+}
+
+ElementWatch& AtspiObserver::newWatch(const AtspiReference& element) {
+  watches_.push_back(std::make_unique<ElementWatch>(
+      services_.context, services_.events, element,
+      [this, element](std::string_view notification) { tellOf(element, notification); }));
+  return *watches_.back();
+}
+
+void AtspiObserver::end(const AtspiReference& element) {
+  const auto found = std::ranges::find(watches_, element, &ElementWatch::element);
+  ended_.push_back(std::move(*found));
+  watches_.erase(found);
+  cleanUp_.request();
+}
+
+void AtspiObserver::updateInput() {
+  const bool isNeeded = std::ranges::any_of(watches_, [](const auto& watch) { return watch->needsInput(); });
+  if (isNeeded == (input_ != nullptr)) return;
+  if (!isNeeded) return input_.reset();
+  input_ = services_.watchInput([this] {
+    for (const auto& watch : watches_) watch->noteInput();
+  });
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,34 @@
+// The events that tell of the keyboard focus, for all who follow an application. Main thread.
+#pragma once
+
+#include <functional>
+#include <list>
+#include <memory>
+
+#include "Platform/Linux/AtspiContext.h"
+#include "Platform/Linux/AtspiEvents.h"
+
+namespace norra::linux_desktop {
+
+class FocusEvents {
+ public:
+  using Listener = std::function<void(const AtspiReference& element)>;
+
+  /// Both must outlive this.
+  FocusEvents(AtspiContext& context, AtspiEvents& events) : context_(context), events_(events) {}
+
+  /// Tells of every element of any application that gets the focus, as its toolkit says it: several times perhaps. The
+  /// context's memory holds the element by then. Until the result, which must not outlive this, is let go.
+  [[nodiscard]] std::unique_ptr<Registration> listen(Listener listener);
+
+ private:
+  class Handle;
+  void arrived(const AtspiEvent& event);
+
+  AtspiContext& context_;
+  AtspiEvents& events_;
+  std::list<Listener> listeners_;
+  std::unique_ptr<Registration> subscription_;  // while there are listeners
+};
+
+}  // namespace norra::linux_desktop
