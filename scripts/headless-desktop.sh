@@ -1,0 +1,107 @@
+#!/usr/bin/env bash
+# headless-desktop.sh COMMAND...: runs the command inside a desktop that nobody sees, and ends with its status.
+#
+# The desktop is private: X server, session bus, window manager and accessibility bus are its own, and so are HOME and
+# XDG_RUNTIME_DIR. Nothing of it is left afterwards, also when a signal ends it. XDG_DATA_DIRS is passed on, so that a
+# service of a build tree can be started by the bus. NORRA_DESKTOP_LOGS names a folder that keeps the desktop's logs.
+set -euo pipefail
+
+[ $# -gt 0 ] || { sed -n '2,7s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+
+readonly limit_seconds=30
+desktop=$(mktemp -d "${TMPDIR:-/tmp}/norra-desktop-XXXXXX")
+logs=${NORRA_DESKTOP_LOGS:-$desktop/logs}
+mkdir -p -m 0700 "$desktop/runtime" "$desktop/home" "$logs"
+command_process=
+
+# Processes of this desktop carry its folder in their environment.
+processes_of_desktop() {
+  local environment
+  for environment in /proc/[0-9]*/environ; do
+    if grep --quiet --no-messages --text --fixed-strings "XDG_RUNTIME_DIR=$desktop/runtime" "$environment"; then
+      environment=${environment#/proc/}
+      [ "${environment%/environ}" = $$ ] || echo "${environment%/environ}"
+    fi
+  done
+}
+
+send_to_all() {
+  local process
+  for process in $(processes_of_desktop); do kill -s "$1" "$process" 2>/dev/null || true; done
+}
+
+tear_down() {
+  trap - EXIT
+  trap '' HUP INT TERM
+  send_to_all TERM
+  wait_until no_process_left 5 || send_to_all KILL
+  wait
+  rm -rf "$desktop"
+}
+
+no_process_left() { [ -z "$(processes_of_desktop)" ]; }
+
+# wait_until CONDITION [SECONDS]
+wait_until() {
+  local deadline=$((SECONDS + ${2:-$limit_seconds}))
+  until "$1"; do
+    [ "$SECONDS" -lt "$deadline" ] || return 1
+    sleep 0.05
+  done
+}
+
+fail() {
+  echo "headless-desktop.sh: $1" >&2
+  tail -n 20 "$logs"/*.log >&2 || true
+  exit 1
+}
+
+start_x_server() {
+  Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$desktop/display" >"$logs/xvfb.log" 2>&1 &
+  has_display() { [ -s "$desktop/display" ]; }
+  wait_until has_display || fail "The X server does not start."
+  export DISPLAY=":$(<"$desktop/display")"
+}
+
+start_session_bus() {
+  export DBUS_SESSION_BUS_ADDRESS="unix:path=$XDG_RUNTIME_DIR/bus"
+  dbus-daemon --session --nofork --nopidfile --address="$DBUS_SESSION_BUS_ADDRESS" >"$logs/bus.log" 2>&1 &
+  has_bus() { busctl --user status >/dev/null 2>&1; }
+  wait_until has_bus || fail "The session bus does not start."
+}
+
+start_window_manager() {
+  openbox >"$logs/openbox.log" 2>&1 &
+  has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep --quiet 'window id'; }
+  wait_until has_window_manager || fail "The window manager does not start."
+}
+
+start_accessibility_bus() {
+  /usr/libexec/at-spi-bus-launcher --launch-immediately >"$logs/accessibility.log" 2>&1 &
+  has_accessibility_bus() {
+    busctl --user call org.a11y.Bus /org/a11y/bus org.a11y.Bus GetAddress >/dev/null 2>&1
+  }
+  wait_until has_accessibility_bus || fail "The accessibility bus does not start."
+}
+
+trap tear_down EXIT
+trap 'exit 129' HUP
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+unset WAYLAND_DISPLAY XAUTHORITY SESSION_MANAGER XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_STATE_HOME
+unset AT_SPI_BUS_ADDRESS NO_AT_BRIDGE GTK_MODULES
+export XDG_RUNTIME_DIR="$desktop/runtime" HOME="$desktop/home" XDG_SESSION_TYPE=x11
+export GDK_BACKEND=x11 QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1
+
+start_x_server
+start_session_bus
+start_window_manager
+start_accessibility_bus
+
+# In the background, so that a signal is heard while it runs.
+"$@" <&0 &
+command_process=$!
+status=0
+wait "$command_process" || status=$?
+exit "$status"
