@@ -65,9 +65,12 @@ class TextFormatter {
       return line + styled("unreadable report: " + withoutControls(error->message), style(red));
     }
     const auto& action = std::get<Action>(decoded);
-    if (const auto* change = std::get_if<ChangeApplicationData>(&action)) application_ = change->fileDescription;
-    if (!application_.empty()) line += styled(withoutControls(application_), style(bold)) + "  ";
-    return line + withoutControls(sentence(report::wordsFor(action)));
+    const auto words = withoutControls(sentence(report::wordsFor(action)));
+    if (const auto* change = std::get_if<ChangeApplicationData>(&action)) {
+      application_ = withoutControls(change->fileDescription);
+      return line + styled(words, style(bold));
+    }
+    return line + (application_.empty() ? "" : application_ + "  ") + words;
   }
 
  private:

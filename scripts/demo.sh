@@ -28,6 +28,7 @@ count_of() { grep --count --extended-regexp -- "$1" "$folder/reports" || true; }
 has_more_than() { [ "$(count_of "$2")" -gt "$1" ]; }
 
 start_collection() {
+  touch "$folder/reports"
   mkfifo "$folder/pipe"
   tee "$folder/reports" <"$folder/pipe" &
   printer=$!

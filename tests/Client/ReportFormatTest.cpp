@@ -51,7 +51,7 @@ TEST_F(TextFormat, NamesTheApplicationInFrontFromItsSwitchOn) {
   const ChangeApplicationData toEditor{
       .processID = 7, .applicationName = "org.editor", .fileDescription = "Editor", .windowTitle = "Notes"};
   EXPECT_EQ(line(CollectorData{}), "22:13:20.000  Collection started");
-  EXPECT_EQ(line(toEditor), R"(22:13:20.000  Editor  Switched to "Editor" · Notes)");
+  EXPECT_EQ(line(toEditor), R"(22:13:20.000  Switched to "Editor" · Notes)");
   EXPECT_EQ(line(OpenMenuData{.elementName = "File", .automationID = ""}),
             R"(22:13:20.000  Editor  Opened menu "File")");
 }
