@@ -42,7 +42,8 @@ enum class NSSpecialKey : std::uint32_t {};
 struct NSEvent {
   bool isARepeat = false;
   std::optional<NSSpecialKey> specialKey;
-  /// What the key types without its modifiers, Shift excepted. Nothing where the event has no characters.
+  /// What the key types without its modifiers, Shift excepted. Nothing where the event has no characters; a platform
+  /// may keep to itself too what is typed without any modifier of a shortcut, since it may be a secret.
   std::optional<std::string> charactersIgnoringModifiers;
   std::uint64_t modifierFlags = 0;
 };

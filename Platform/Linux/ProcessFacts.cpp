@@ -46,19 +46,23 @@ std::string snapIdentifierOf(ProcessIdentifier process) {
   return package + "_" + application;
 }
 
+// Nobody has asked yet how it ended.
+bool hasEnded(const std::string& state) { return state == "Z" || state == "X"; }
+
 }  // namespace
 
 std::optional<std::uint64_t> startTimeOf(ProcessIdentifier process) {
   if (process <= 0) return std::nullopt;
   const auto status = contentOf(folderOf(process) / "stat");
-  // The program's name, in brackets, may hold anything; behind it the start time is the twentieth word.
+  // The program's name, in brackets, may hold anything; behind it the state is the first word, the start time the
+  // twentieth.
   const auto end = status.rfind(')');
   if (end == std::string::npos) return std::nullopt;
-  std::istringstream words(status.substr(end + 1));
-  std::string word;
-  for (int i = 0; i < 20; ++i) words >> word;
+  std::istringstream rest(status.substr(end + 1));
+  const std::vector<std::string> words{std::istream_iterator<std::string>(rest), {}};
+  if (words.size() < 20 || hasEnded(words.front())) return std::nullopt;
   std::uint64_t time = 0;
-  std::from_chars(word.data(), word.data() + word.size(), time);
+  std::from_chars(words[19].data(), words[19].data() + words[19].size(), time);
   return time;
 }
 

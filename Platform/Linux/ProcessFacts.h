@@ -12,7 +12,7 @@
 namespace norra::linux_desktop {
 
 /// When the process started, in ticks since the machine did; tells a process from a later one with the same identifier.
-/// Nothing: there is no such process.
+/// Nothing: there is no such process, or it has ended.
 std::optional<std::uint64_t> startTimeOf(ProcessIdentifier process);
 
 /// Nothing: it may not be known.

@@ -110,6 +110,9 @@ TEST_F(X11WorkspaceTest, KnowsProcessesWithoutAWindow) {
   auto ended = std::make_unique<ChildProgram>(std::vector<std::string>{"sleep", "1000"});
   const auto process = ended->process();
   EXPECT_TRUE(workspace->runningApplication(process));
+  ended->signal(SIGKILL);
+  EXPECT_TRUE(waitUntil([&] { return ended->hasEnded(); }));
+  EXPECT_EQ(workspace->runningApplication(process), std::nullopt) << "although its parent has not asked for it";
   ended.reset();
   EXPECT_EQ(workspace->runningApplication(process), std::nullopt);
 }
