@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# demo.sh [OPTION...]: what run.sh shows on a private desktop: opens real applications, switches between them as a user
-# would, and prints what norra-collect reports. The options are those of norra-collect.
+# demo.sh [OPTION...]: what run.sh shows on a private desktop: opens real applications, uses them and switches between
+# them as a user would, and prints what norra-collect reports. The options are those of norra-collect.
 set -euo pipefail
 
 readonly limit_seconds=60
@@ -30,6 +30,7 @@ has_more_than() { [ "$(count_of "$2")" -gt "$1" ]; }
 start_collection() {
   touch "$folder/reports"
   mkfifo "$folder/pipe"
+  : >"$folder/reports"
   tee "$folder/reports" <"$folder/pipe" &
   printer=$!
   norra-collect "$@" >"$folder/pipe" &
@@ -62,6 +63,45 @@ switch_to() {
   wait_until "the report of the switch to $1" has_more_than "$before" "$report"
 }
 
+# The next report after the command is waited for.
+and_wait() {
+  local before
+  before=$(count_of .)
+  "$@"
+  wait_until "a report of: $*" has_more_than "$before" .
+}
+
+# click_in APPLICATION ACROSS DOWN: in per cent of the window.
+click_in() {
+  local WIDTH HEIGHT
+  eval "$(xdotool getwindowgeometry --shell "${window_of[$1]}" | grep --extended-regexp '^(WIDTH|HEIGHT)=[0-9]+$')"
+  xdotool mousemove --window "${window_of[$1]}" $((WIDTH * $2 / 100)) $((HEIGHT * $3 / 100)) click 1
+}
+
+calculate() {
+  switch_to galculator
+  tell "clicking 7 + 5 ="
+  and_wait click_in galculator 11 58
+  and_wait click_in galculator 70 93
+  and_wait click_in galculator 30 69
+  and_wait click_in galculator 89 87
+}
+
+search() {
+  switch_to mousepad
+  tell "pressing Ctrl+F, typing a word and Return"
+  and_wait xdotool key ctrl+f
+  and_wait xdotool type --delay 40 ahoy
+  and_wait xdotool key Return
+}
+
+press_keys() {
+  switch_to featherpad
+  tell "pressing the down arrow and Ctrl+Home"
+  and_wait xdotool key Down
+  and_wait xdotool key ctrl+Home
+}
+
 stop_collection() {
   kill -TERM "$collector"  # the shell lets its background processes ignore SIGINT
   wait "$collector" "$printer"
@@ -69,6 +109,8 @@ stop_collection() {
 
 start_collection "$@"
 for application in "${applications[@]}"; do open_application "$application"; done
-for application in "${applications[@]}"; do switch_to "$application"; done
+search
+calculate
+press_keys
 stop_collection
 rm -r "$folder"

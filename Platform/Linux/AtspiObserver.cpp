@@ -56,6 +56,7 @@ AXError AtspiObserver::removeNotification(const AXUIElement& element, std::strin
 AXError AtspiObserver::addFocus(std::string_view notification) {
   if (notification != focusChanged) return axError::notificationUnsupported;
   if (focusEvents_) return axError::notificationAlreadyRegistered;
+  focused_ = focusedElementOf(services_.context, process_);
   focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
   return axError::success;
 }
@@ -69,8 +70,6 @@ AXError AtspiObserver::removeFocus(std::string_view notification) {
 void AtspiObserver::focusArrived(const AtspiReference& element) {
   auto& context = services_.context;
   if (context.processes.processOf(element.busName, context.reader()) != process_) return;
-  if (!isFocusKnown_) focused_ = context.focus.followed(element.busName);
-  isFocusKnown_ = true;
   focusChange_.request();
 }
 

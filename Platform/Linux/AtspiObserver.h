@@ -47,8 +47,7 @@ class AtspiObserver final : public AXObserver {
   const ProcessIdentifier process_;
   const AXObserverCallback callback_;
   bool isOnLoop_ = false;
-  std::optional<AtspiReference> focused_;  // the last that was told, or that was known before the first event
-  bool isFocusKnown_ = false;
+  AtspiReference focused_;  // the last that was told, at first that of the registration; null: none
   std::vector<std::unique_ptr<ElementWatch>> watches_;
   std::vector<std::unique_ptr<ElementWatch>> ended_;  // they may be running
   DeferredRun focusChange_;
