@@ -67,7 +67,6 @@ int writeReport(const Arguments& arguments, const Reading& reading) {
 }
 
 int makeReport(std::istream& lines, const Arguments& arguments) {
-  errno = 0;
   if (!lines) return complainOf(arguments.session, "cannot be read");
   const auto reading = readFrom(lines, arguments);
   if (lines.bad()) return complainOf(arguments.session, "cannot be read");
@@ -83,8 +82,8 @@ bool wouldOverwriteSession(const Arguments& arguments) {
 
 int run(const Arguments& arguments) {
   if (wouldOverwriteSession(arguments)) return complain(arguments.output + " is the session itself");
-  if (arguments.session == "-") return makeReport(std::cin, arguments);
   errno = 0;
+  if (arguments.session == "-") return makeReport(std::cin, arguments);
   std::ifstream file(arguments.session, std::ios::binary);
   return makeReport(file, arguments);
 }

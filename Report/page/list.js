@@ -1,7 +1,7 @@
 // The list of actions, a page at a time; all of it for the printer.
 
 const pageLength = 100;
-const printedAtMost = 10000;
+const printedAtMost = 2000;
 const shownTextLength = 300;
 
 function shortened(text) { return text.length > shownTextLength ? text.slice(0, shownTextLength) + "…" : text; }
@@ -14,7 +14,7 @@ class ActionList {
     this.pagers = [...document.querySelectorAll(".pager")].map(nav => this.pager(nav));
     this.pageChanged = () => {};
     this.words = [];
-    addEventListener("beforeprint", () => this.fill(this.rows.slice(0, printedAtMost)));
+    addEventListener("beforeprint", () => this.fillForPrinter());
     addEventListener("afterprint", () => this.showPage(this.page));
   }
 
@@ -53,6 +53,21 @@ class ActionList {
     this.pageChanged(this.page);
   }
 
+  // The keyboard stays where it is, unless that is below the list or can no longer be pressed.
+  turnBy(pressed, page) {
+    this.turnTo(page);
+    byId("page").scrollIntoView();
+    if (pressed.disabled || this.table.compareDocumentPosition(pressed) & Node.DOCUMENT_POSITION_FOLLOWING) {
+      byId("page").focus({ preventScroll: true });
+    }
+  }
+
+  fillForPrinter() {
+    this.fill(this.rows.slice(0, printedAtMost));
+    byId("printed-part").textContent = this.rows.length <= printedAtMost ? "" : `These are the first ` +
+      `${formatNumber(printedAtMost)} of ${formatCount(this.rows.length, "action")}. Search or filter to print others.`;
+  }
+
   fill(rows) { this.table.tBodies[0].replaceChildren(...rows.map(row => this.line(row))); }
 
   line(row) {
@@ -81,8 +96,18 @@ class ActionList {
     const pieces = [element("span", { class: "deed" }, ...marked(deed, this.words))];
     if (object !== undefined) pieces.push(" ", this.object(object, kind.group));
     if (outcome !== undefined) pieces.push(" ", this.outcome(outcome));
+    for (const [name, text] of this.hiddenMatches(row, [deed, object, outcome].join(" "))) {
+      pieces.push(" ", element("span", { class: "matched" }, `${name}: `, ...marked(shortened(text), this.words)));
+    }
     if (kind.group === "secret") pieces.push(" ", element("span", { class: "unrecorded" }, "Value not recorded"));
     return pieces;
+  }
+
+  // The members for which a row was found although its sentence does not show them.
+  hiddenMatches(row, sentence) {
+    if (this.words.length === 0) return [];
+    return this.session.members(row).filter(([name, text]) => !unsearchedFields.has(name) &&
+      !sentence.includes(text) && this.words.some(word => folded(text).includes(word)));
   }
 
   object(text, group) {
@@ -103,7 +128,7 @@ class ActionList {
 
   pager(nav) {
     const range = element("span", { class: "range" });
-    const turn = (label, target) => button(label, () => { this.turnTo(target()); this.table.scrollIntoView(); });
+    const turn = (label, target) => button(label, event => this.turnBy(event.target, target()));
     const buttons = { first: turn("First", () => 0), previous: turn("Previous", () => this.page - 1),
       next: turn("Next", () => this.page + 1), last: turn("Last", () => this.pageCount - 1) };
     nav.append(range, ...Object.values(buttons));

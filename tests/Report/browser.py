@@ -9,7 +9,7 @@ import subprocess
 import tempfile
 import time
 
-LIMIT_IN_SECONDS = 60
+LIMIT_IN_SECONDS = 120
 FLAGS = [
     "--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-dev-shm-usage",
     "--disable-background-networking", "--disable-component-update", "--disable-sync", "--hide-scrollbars",

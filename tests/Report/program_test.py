@@ -1,0 +1,100 @@
+"""What norra-report answers on the command line: program_test.py PROGRAM"""
+
+import pathlib
+import subprocess
+import sys
+import tempfile
+import unittest
+
+import sessions
+
+PROGRAM = sys.argv.pop(1)
+
+
+def run(*arguments, given=""):
+    return subprocess.run([PROGRAM, *map(str, arguments)], input=given, capture_output=True, text=True, timeout=120)
+
+
+class Program(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        self.session = self.folder / "session.jsonl"
+        self.page = self.folder / "page.html"
+        sessions.write_session(self.session, [sessions.start(0), sessions.click(1, "Save"), sessions.stop(2)])
+
+    def damage(self):
+        self.session.write_text("{\n" + self.session.read_text() + "no report\n")
+
+    def check(self, result, status, *messages):
+        self.assertEqual(result.returncode, status, result.stderr)
+        for message in messages:
+            self.assertIn(message, result.stderr)
+
+    def test_makes_a_page(self):
+        self.check(run(self.session, "-o", self.page, "--title", "Tuesday"), 0)
+        self.assertIn("<title>Tuesday</title>", self.page.read_text())
+
+    def test_reads_standard_input_and_writes_standard_output(self):
+        result = run("-", given=self.session.read_text())
+        self.check(result, 0)
+        self.assertTrue(result.stdout.startswith("<!DOCTYPE html>"))
+        self.assertTrue(result.stdout.endswith("</html>\n"))
+
+    def test_names_unreadable_lines_and_goes_on(self):
+        self.damage()
+        result = run(self.session, "-o", self.page)
+        self.check(result, 1, f"{self.session}, line 1: ", f"{self.session}, line 5: ")
+        self.assertIn('"unreadableLines":2', self.page.read_text())
+        self.assertIn('"Save"', self.page.read_text())
+
+    def test_strict_ends_at_the_first_unreadable_line_without_a_page(self):
+        self.damage()
+        result = run("--strict", self.session, "-o", self.page)
+        self.check(result, 1, "line 1: ")
+        self.assertNotIn("line 5", result.stderr)
+        self.assertFalse(self.page.exists())
+
+    def test_an_empty_session_makes_a_page(self):
+        self.session.write_text("")
+        self.check(run(self.session, "-o", self.page), 0)
+        self.assertIn("</html>", self.page.read_text())
+
+    def test_what_cannot_be_read_or_written_is_named(self):
+        missing, nowhere = self.folder / "missing.jsonl", self.folder / "nowhere" / "page.html"
+        rows = [
+            ((missing, "-o", self.page), f"{missing} cannot be read: No such file or directory"),
+            ((self.folder, "-o", self.page), f"{self.folder} cannot be read: Is a directory"),
+            ((self.session, "-o", nowhere), f"{nowhere} cannot be written: No such file or directory"),
+            ((self.session, "-o", self.folder), f"{self.folder} cannot be written: Is a directory"),
+            ((self.session, "-o", "/dev/full"), "/dev/full cannot be written: No space left on device"),
+            ((self.session, "-o", self.session), f"{self.session} is the session itself"),
+            ((), "SESSION is required"),
+            ((self.session, "--colour"), "--colour"),
+        ]
+        for arguments, message in rows:
+            with self.subTest(message):
+                self.check(run(*arguments), 2, message)
+        self.assertFalse(self.page.exists())
+
+    def test_a_session_that_is_its_own_page_is_left_alone(self):
+        before = self.session.read_bytes()
+        link = self.folder / "link.html"
+        link.symlink_to(self.session)
+        self.check(run(self.session, "-o", link), 2)
+        self.assertEqual(self.session.read_bytes(), before)
+
+    def test_a_password_in_the_file_does_not_reach_the_page(self):
+        sessions.write_session(self.session, [sessions.password(0, "PIN", "correct horse")])
+        result = run(self.session)
+        self.check(result, 0)
+        self.assertNotIn("correct horse", result.stdout)
+
+    def test_help_and_version(self):
+        self.assertIn("--strict", run("--help").stdout)
+        self.assertRegex(run("--version").stdout, r"^norra-report \d+\.\d+\.\d+\n$")
+
+
+if __name__ == "__main__":
+    unittest.main()
