@@ -122,8 +122,10 @@ RoleAndSubrole toggleButton(const AtspiFacts& facts) {
   return {"AXCheckBox", hasXmlRole(facts, "switch") ? "AXSwitch" : "AXToggle"};
 }
 
-RoleAndSubrole comboBox(const AtspiFacts& facts) {
-  return {hasState(facts.states, AtspiState::editable) ? "AXComboBox" : "AXPopUpButton", ""};
+// GTK 3 says of the field beside the list, not of the box, that it can be edited.
+RoleAndSubrole comboBox(const AtspiFacts& facts, Toolkit toolkit) {
+  const bool hasField = toolkit == Toolkit::gtk3 && facts.childCount > 1;
+  return {hasField || hasState(facts.states, AtspiState::editable) ? "AXComboBox" : "AXPopUpButton", ""};
 }
 
 RoleAndSubrole textField(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
@@ -150,8 +152,11 @@ RoleAndSubrole menuPart(AtspiRole role, const RoleSurroundings& surroundings) {
   return {"AXMenuItem", ""};
 }
 
+// A filler only keeps the buttons in line; the group is around it.
 RoleAndSubrole panel(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
-  return {surroundings.holdsRadioButtons || hasXmlRole(facts, "radiogroup") ? "AXRadioGroup" : "AXGroup", ""};
+  const bool holdsRadioButtons =
+      surroundings.holdsRadioButtons && static_cast<AtspiRole>(facts.role) != AtspiRole::filler;
+  return {holdsRadioButtons || hasXmlRole(facts, "radiogroup") ? "AXRadioGroup" : "AXGroup", ""};
 }
 
 RoleAndSubrole separator(const AtspiFacts& facts) {
@@ -171,6 +176,7 @@ Asks asksForRole(AtspiRole role, Toolkit toolkit) {
   Asks asks;
   if (contains(rolesThatNeedStates, role)) asks |= Ask::states;
   if (role == AtspiRole::pushButton && toolkit == Toolkit::gtk3) asks |= Ask::interfaces;
+  if (role == AtspiRole::comboBox && toolkit == Toolkit::gtk3) asks |= Ask::childCount;
   if (showsWebPages(toolkit) && contains(rolesThatNeedAttributes, role)) asks |= Ask::attributes;
   return asks;
 }
@@ -184,7 +190,7 @@ RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surround
     case AtspiRole::alert:
     case AtspiRole::dialog: return dialog(surroundings.toolkit);
     case AtspiRole::toggleButton: return toggleButton(facts);
-    case AtspiRole::comboBox: return comboBox(facts);
+    case AtspiRole::comboBox: return comboBox(facts, surroundings.toolkit);
     case AtspiRole::text: return textField(facts, surroundings);
     case AtspiRole::entry: return entry(facts, surroundings);
     case AtspiRole::panel:

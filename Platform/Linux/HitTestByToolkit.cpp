@@ -88,10 +88,15 @@ AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return a
 AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point) {
   auto current = topLevel.reference();
   if (const auto popover = popoverAt(topLevel, point); !popover.isNull()) current = popover;
+  // The menu in a window of its own belongs to the combo box or the menu that opened it.
+  bool isParentSure = topLevel.role() != AtspiRole::window;
   for (int level = 0; level < mostLevels; ++level) {
     const auto step = stepGtk3(topLevel.other(current), point);
     if (step.next.isNull() || step.next == current) break;
-    if (!topLevel.reader().known(step.next).asked.has(Ask::parent)) topLevel.reader().noteParent(step.next, current);
+    if (isParentSure && !topLevel.reader().known(step.next).asked.has(Ask::parent)) {
+      topLevel.reader().noteParent(step.next, current);
+    }
+    isParentSure = true;
     current = step.next;
     if (step.isLast) break;
   }
