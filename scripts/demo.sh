@@ -6,6 +6,7 @@ set -euo pipefail
 readonly limit_seconds=60
 readonly applications=(mousepad galculator featherpad)
 folder=$(mktemp -d)
+trap 'rm -rf "$folder"' EXIT
 declare -A window_of process_of
 
 tell() { echo "demo: $*" >&2; }
@@ -107,10 +108,17 @@ stop_collection() {
   wait "$collector" "$printer"
 }
 
+# Ends early, with the last report.
+end_early() {
+  trap '' INT TERM
+  stop_collection
+  exit 130
+}
+
 start_collection "$@"
+trap end_early INT TERM
 for application in "${applications[@]}"; do open_application "$application"; done
 search
 calculate
 press_keys
 stop_collection
-rm -r "$folder"

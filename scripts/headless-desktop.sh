@@ -84,10 +84,22 @@ start_accessibility_bus() {
   wait_until has_accessibility_bus || fail "The accessibility bus does not start."
 }
 
+command_has_ended() { ! kill -0 "$command_process" 2>/dev/null; }
+
+# The command may end in its own way before the desktop goes.
+end_early() {
+  trap '' HUP INT TERM
+  if [ -n "$command_process" ]; then
+    kill -s TERM "$command_process" 2>/dev/null || true
+    wait_until command_has_ended 10 || true
+  fi
+  exit "$1"
+}
+
 trap tear_down EXIT
-trap 'exit 129' HUP
-trap 'exit 130' INT
-trap 'exit 143' TERM
+trap 'end_early 129' HUP
+trap 'end_early 130' INT
+trap 'end_early 143' TERM
 
 unset WAYLAND_DISPLAY XAUTHORITY SESSION_MANAGER XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_STATE_HOME
 unset AT_SPI_BUS_ADDRESS NO_AT_BRIDGE GTK_MODULES
@@ -99,8 +111,8 @@ start_session_bus
 start_window_manager
 start_accessibility_bus
 
-# In the background, so that a signal is heard while it runs.
-"$@" <&0 &
+# In the background, so that a signal is heard while it runs; the shell would let it ignore some.
+env --default-signal=INT,QUIT "$@" <&0 &
 command_process=$!
 status=0
 wait "$command_process" || status=$?

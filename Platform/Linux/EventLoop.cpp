@@ -20,6 +20,12 @@ EventPtr newEvent() {
   return EventPtr(event);
 }
 
+/// As a shell makes it for what it runs in the background. A blocked signal would be heard all the same.
+bool isIgnored(int signal) {
+  struct sigaction action {};
+  return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 }  // namespace
 
 /// Kept by the loop while it is due, and by whoever may cancel it.
@@ -126,6 +132,7 @@ void EventLoop::onTerminationSignals(Job job) {
 }
 
 void EventLoop::addSignal(int signal) {
+  if (isIgnored(signal)) return;
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, signal);

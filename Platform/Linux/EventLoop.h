@@ -31,8 +31,8 @@ class EventLoop final : public MainRunLoop {
   void runAndWait(const Job& job) override;
   bool isCurrent() const override { return std::this_thread::get_id() == mainThread_; }
 
-  /// Runs the job on every SIGTERM, SIGINT and SIGHUP. They are blocked for this thread and for those that it starts from now
-  /// on. Main thread, once.
+  /// Runs the job on every SIGTERM, SIGINT and SIGHUP that the process did not inherit as ignored. They are blocked for
+  /// this thread and for those that it starts from now on. Main thread, once.
   void onTerminationSignals(Job job);
 
   /// Serves all sources until end(), whose status it gives. Main thread.

@@ -162,5 +162,17 @@ TEST_F(EventLoopTest, RunsAJobOnEachTerminationSignal) {
   pthread_sigmask(SIG_SETMASK, &before, nullptr);
 }
 
+TEST_F(EventLoopTest, LeavesAnIgnoredSignalIgnored) {
+  sigset_t before;
+  pthread_sigmask(SIG_SETMASK, nullptr, &before);
+  const auto handler = std::signal(SIGINT, SIG_IGN);
+  loop.onTerminationSignals(append("signal"));
+  raise(SIGINT);
+  runUntilIdle();
+  EXPECT_THAT(seen, ElementsAre());
+  std::signal(SIGINT, handler);
+  pthread_sigmask(SIG_SETMASK, &before, nullptr);
+}
+
 }  // namespace
 }  // namespace norra::linux_desktop
