@@ -11,6 +11,7 @@
 #include "Platform/Linux/AtspiProcesses.h"
 #include "Platform/Linux/AtspiReader.h"
 #include "Platform/Linux/FocusMemory.h"
+#include "Platform/Linux/HighlightedItems.h"
 #include "Platform/Linux/WindowsOnScreen.h"
 
 namespace norra::linux_desktop {
@@ -45,6 +46,7 @@ class AtspiContext {
   AtspiApplications applications;
   AtspiProcesses processes;
   FocusMemory focus;
+  HighlightedItems highlightedItems;
   WindowsOnScreen& windows;
 
  private:

@@ -14,6 +14,8 @@ namespace {
 constexpr std::size_t mostElementsSearched = 300;
 constexpr std::size_t mostChildrenSearched = 40;
 constexpr int mostLevelsOfItems = 4;
+constexpr int mostLevelsOfMenus = 8;
+constexpr Asks keptOfItem{Ask::extents, Ask::localizedRoleName};
 
 constexpr std::array items{AtspiRole::listItem, AtspiRole::tableCell, AtspiRole::tableRow,
                            AtspiRole::treeItem, AtspiRole::icon,      AtspiRole::tableRowHeader};
@@ -66,6 +68,37 @@ AtspiReference rememberedFocus(AtspiContext& context, ProcessIdentifier process,
 
 bool isPartOfMenu(AtspiRole role) { return roleDependsOnParent(role) || role == AtspiRole::popupMenu; }
 
+// An option in the open list of a combo box.
+bool isOption(const ElementView& item) {
+  if (item.role() != AtspiRole::listItem) return false;
+  const auto list = item.other(item.need(Ask::parent).parent);
+  return list.other(list.need(Ask::parent).parent).role() == AtspiRole::comboBox;
+}
+
+// Reads the item and the menus above it, which stays readable since the menu may go with the click, and gives the combo
+// box that they belong to; null: none.
+AtspiReference keepMenusOf(const ElementView& item) {
+  auto current = item.reference();
+  for (int level = 0; level < mostLevelsOfMenus && !current.isNull(); ++level) {
+    const auto view = item.other(current);
+    const auto parent = view.need(item.generalAsks() | (level == 0 ? keptOfItem : Asks{})).parent;
+    view.reader().keep(current);
+    if (view.role() == AtspiRole::comboBox) return current;
+    const bool mayGoOn = isPartOfMenu(view.role()) || view.role() == AtspiRole::list || level == 0;
+    if (!mayGoOn) break;
+    current = parent;
+  }
+  return {};
+}
+
+void rememberHighlight(const ElementView& item) {
+  const auto comboBox = keepMenusOf(item);
+  const auto& facts = item.need(Ask::extents);
+  if (!facts.answered(Ask::extents)) return;
+  item.context().highlightedItems.highlighted(item.reference(), facts.extents, comboBox,
+                                              std::chrono::steady_clock::now());
+}
+
 }  // namespace
 
 AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root) {
@@ -90,8 +123,8 @@ AtspiReference followedElement(const ElementView& focused) {
 AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
   if (const auto arrived = context.focus.takeArrival(busName)) {
     const ElementView view(context, context.reader(), *arrived);
-    if (isPartOfMenu(view.role())) {
-      context.focus.noteMenuItem(*arrived);
+    if (isPartOfMenu(view.role()) || isOption(view)) {
+      rememberHighlight(view);
     } else {
       context.focus.follow(followedElement(view));
     }

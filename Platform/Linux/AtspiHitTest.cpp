@@ -43,9 +43,16 @@ AtspiReference hitTest(const ElementView& topLevel, CGPoint point, const WindowO
   return {};
 }
 
+AtspiReference onPath(AtspiContext& context, AtspiReference element) {
+  context.reader().notePath(element);
+  return element;
+}
+
 }  // namespace
 
 AtspiReference elementAt(AtspiContext& context, CGPoint point) {
+  const auto item = context.highlightedItems.at(point, std::chrono::steady_clock::now());
+  if (!item.isNull()) return onPath(context, item);
   const auto window = context.windows.topLevelWindowAt(point);
   if (!window) return {};
   auto& reader = context.reader();
@@ -53,9 +60,7 @@ AtspiReference elementAt(AtspiContext& context, CGPoint point) {
   if (root.isNull()) return {};
   const auto topLevel = topLevelOf(ElementView(context, reader, root), *window);
   if (topLevel.isNull()) return {};
-  const auto found = hitTest(ElementView(context, reader, topLevel), point, *window);
-  reader.notePath(found);
-  return found;
+  return onPath(context, hitTest(ElementView(context, reader, topLevel), point, *window));
 }
 
 }  // namespace norra::linux_desktop

@@ -11,12 +11,8 @@ using std::chrono::steady_clock;
 // Properties that came late to the protocol: an application that does not know them for one element never will.
 constexpr Asks lateProperties{Ask::accessibleId, Ask::helpText};
 
+constexpr std::size_t mostKept = 64;
 constexpr std::size_t mostFormerParents = 4096;
-
-struct AskOf {
-  std::size_t question;
-  Ask ask;
-};
 
 // GTK 4 puts its elements below its application's own path, and may have no root to ask.
 Toolkit toolkitOfPath(std::string_view path) {
@@ -50,36 +46,51 @@ const AtspiFacts& AtspiReader::read(const AtspiReference& element, Asks asks) {
   return facts_[element];
 }
 
-void AtspiReader::read(std::span<const AtspiQuestion> questions) {
-  std::vector<AtspiQuestion> wanted(questions.begin(), questions.end());
-  std::erase_if(wanted, [this](const auto& question) { return missing(question).isEmpty(); });
-  if (wanted.empty()) return;
-  const auto expected = std::exchange(expected_, {});
-  wanted.insert(wanted.end(), expected.begin(), expected.end());
-  std::vector<AtspiCall> calls;
-  std::vector<AskOf> asks;
-  for (std::size_t i = 0; i < wanted.size(); ++i) {
-    const auto open = missing(wanted[i]);
+// Marks what it gives as asked.
+std::vector<AtspiReader::Asking> AtspiReader::open(std::span<const AtspiQuestion> questions) {
+  std::vector<Asking> askings;
+  for (const auto& question : questions) {
+    const auto asks = missing(question);
+    facts_[question.element].asked |= asks;
     for (std::size_t bit = 0; bit < askCount; ++bit) {
-      const auto ask = static_cast<Ask>(bit);
-      if (!open.has(ask)) continue;
-      facts_[wanted[i].element].asked |= ask;
-      asks.push_back({i, ask});
-      calls.push_back(callFor(ask, wanted[i].element));
+      if (asks.has(static_cast<Ask>(bit))) askings.push_back({question.element, static_cast<Ask>(bit)});
     }
   }
-  const auto replies = exchange(calls);
-  for (std::size_t i = 0; i < replies.size(); ++i) {
-    take(wanted[asks[i].question], asks[i].ask, replies[i]);
-  }
+  return askings;
 }
 
-void AtspiReader::take(const AtspiQuestion& question, Ask ask, const AtspiReply& reply) {
-  auto& facts = facts_[question.element];
-  store(ask, reply, facts);
-  if (ask == Ask::parent && reply.message) rememberParent(question.element, facts.parent);
-  if (reply.error == axError::failure && lateProperties.has(ask)) {
-    if (const auto application = applications_.find(question.element.busName)) application->noteUnknown(ask);
+std::vector<AtspiReply> AtspiReader::read(std::span<const AtspiQuestion> questions, std::vector<AtspiCall> calls) {
+  const auto otherCalls = calls.size();
+  auto askings = open(questions);
+  if (askings.empty() && calls.empty()) return {};
+  const auto expected = open(std::exchange(expected_, {}));
+  askings.insert(askings.end(), expected.begin(), expected.end());
+  for (const auto& asking : askings) calls.push_back(callFor(asking.ask, asking.element));
+  auto replies = exchange(calls);
+  for (std::size_t i = 0; i < askings.size(); ++i) take(askings[i], replies[otherCalls + i]);
+  for (const auto& asking : askings) restoreIfGone(asking.element);
+  replies.resize(otherCalls);
+  return replies;
+}
+
+void AtspiReader::keep(const AtspiReference& element) {
+  if (kept_.size() >= mostKept) kept_.clear();
+  kept_.insert_or_assign(element, facts_[element]);
+}
+
+void AtspiReader::restoreIfGone(const AtspiReference& element) {
+  auto& facts = facts_[element];
+  if (!facts.asked.has(Ask::role) || facts.answered(Ask::role)) return;
+  const auto kept = kept_.find(element);
+  if (kept != kept_.end()) facts = kept->second;
+}
+
+void AtspiReader::take(const Asking& asking, const AtspiReply& reply) {
+  auto& facts = facts_[asking.element];
+  store(asking.ask, reply, facts);
+  if (asking.ask == Ask::parent && reply.message) rememberParent(asking.element, facts.parent);
+  if (reply.error == axError::failure && lateProperties.has(asking.ask)) {
+    if (const auto application = applications_.find(asking.element.busName)) application->noteUnknown(asking.ask);
   }
 }
 
@@ -103,7 +114,11 @@ void AtspiReader::noteParent(const AtspiReference& element, const AtspiReference
   rememberParent(element, parent);
 }
 
-AtspiReply AtspiReader::call(AtspiCall call) { return std::move(exchange({&call, 1}).front()); }
+AtspiReply AtspiReader::call(AtspiCall call) {
+  std::vector<AtspiCall> calls;
+  calls.push_back(std::move(call));
+  return std::move(read({}, std::move(calls)).front());
+}
 
 std::shared_ptr<AtspiApplication> AtspiReader::application(const AtspiReference& element) {
   if (auto known = applications_.find(element.busName)) return known;

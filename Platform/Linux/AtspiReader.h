@@ -39,14 +39,17 @@ class AtspiReader {
 
   /// The facts of an element, with these among them. Valid until the next enter().
   const AtspiFacts& read(const AtspiReference& element, Asks asks);
-  /// The same for several elements in one wave.
-  void read(std::span<const AtspiQuestion> questions);
+  /// The same for several elements in one wave, in which other calls travel too; their answers in their order.
+  std::vector<AtspiReply> read(std::span<const AtspiQuestion> questions, std::vector<AtspiCall> calls = {});
   /// What is known already.
   const AtspiFacts& known(const AtspiReference& element) { return facts_[element]; }
   /// Will be asked together with the next question that has to be asked; nothing is asked for it alone.
   void expect(const AtspiReference& element, Asks asks) { expected_.push_back({element, asks}); }
   /// States the parent of an element, as learnt on the way down to it.
   void noteParent(const AtspiReference& element, const AtspiReference& parent);
+
+  /// What is known of an element now is what is read of it when it has gone.
+  void keep(const AtspiReference& element);
 
   /// Elements whose ancestors are sure to be asked for soon: the one under the pointer and those above it.
   void notePath(const AtspiReference& element) { path_.insert(element); }
@@ -67,8 +70,14 @@ class AtspiReader {
 
  private:
   TimePoint deadline();
+  struct Asking {
+    AtspiReference element;
+    Ask ask;
+  };
   Asks missing(const AtspiQuestion& question);
-  void take(const AtspiQuestion& question, Ask ask, const AtspiReply& reply);
+  std::vector<Asking> open(std::span<const AtspiQuestion> questions);
+  void take(const Asking& asking, const AtspiReply& reply);
+  void restoreIfGone(const AtspiReference& element);
   void rememberParent(const AtspiReference& element, const AtspiReference& parent);
 
   AtspiConnection connection_;
@@ -82,7 +91,8 @@ class AtspiReader {
   std::unordered_set<AtspiReference, AtspiReferenceHash> path_;
   std::unordered_set<AtspiReference, AtspiReferenceHash> radioGroups_;
 
-  // Of all epochs; only a hint of what to ask for.
+  // Of all epochs: of elements that may go, and a mere hint of what to ask for.
+  std::unordered_map<AtspiReference, AtspiFacts, AtspiReferenceHash> kept_;
   std::unordered_map<AtspiReference, AtspiReference, AtspiReferenceHash> formerParents_;
 };
 

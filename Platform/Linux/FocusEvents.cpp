@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "Platform/Linux/AtspiFocus.h"
+
 namespace norra::linux_desktop {
 
 class FocusEvents::Handle final : public Registration {
@@ -17,6 +19,13 @@ class FocusEvents::Handle final : public Registration {
   const std::list<Listener>::iterator listener_;
 };
 
+FocusEvents::FocusEvents(AtspiContext& context, AtspiEvents& events)
+    : context_(context), events_(events), settling_(events.loop(), [this] { settleArrivals(); }) {}
+
+void FocusEvents::settleArrivals() {
+  for (const auto& name : std::exchange(unsettled_, {})) settleFocus(context_, name);
+}
+
 std::unique_ptr<Registration> FocusEvents::listen(Listener listener) {
   if (!subscription_) {
     subscription_ = events_.subscribe({"object:state-changed:focused", "StateChanged", "focused", {}},
@@ -28,8 +37,11 @@ std::unique_ptr<Registration> FocusEvents::listen(Listener listener) {
 
 void FocusEvents::arrived(const AtspiEvent& event) {
   if (event.detail1 == 0) return;
+  unsettled_.insert(event.source.busName);
+  settling_.request();
   for (const auto& listener : listeners_) listener(event.source);
   context_.focus.noteArrival(event.source);
+  context_.highlightedItems.left(event.source.busName, std::chrono::steady_clock::now());
 }
 
 }  // namespace norra::linux_desktop

@@ -23,17 +23,12 @@ class FocusMemory {
   std::optional<AtspiReference> followed(std::string_view busName) const;
   void follow(const AtspiReference& element);
 
-  /// The item of a menu that was highlighted last.
-  std::optional<AtspiReference> menuItem(std::string_view busName) const;
-  void noteMenuItem(const AtspiReference& element);
-
   void forget(std::string_view busName);
 
  private:
   struct Paths {
     std::optional<std::string> arrived;
     std::optional<std::string> followed;
-    std::optional<std::string> menuItem;
   };
   std::optional<AtspiReference> find(std::string_view busName, std::optional<std::string> Paths::*path) const;
 

@@ -11,6 +11,7 @@ namespace {
 constexpr int mostLevels = 40;
 // A tab says only where its label is.
 constexpr std::int32_t marginOfTab = 16;
+constexpr std::int64_t mostColumns = 64;
 
 AtspiCall hitTestCall(const AtspiReference& element, CGPoint point, std::uint32_t coordinates) {
   return {element,
@@ -19,9 +20,11 @@ AtspiCall hitTestCall(const AtspiReference& element, CGPoint point, std::uint32_
           {static_cast<std::int32_t>(point.x), static_cast<std::int32_t>(point.y), coordinates}};
 }
 
-AtspiReference ask(const ElementView& view, CGPoint point, std::uint32_t coordinates) {
-  const auto reply = view.reader().call(hitTestCall(view.reference(), point, coordinates));
-  auto answer = readReference(reply.message.get());
+// What is asked of the element itself travels along.
+AtspiReference ask(const ElementView& view, CGPoint point, std::uint32_t coordinates, Asks asks = {}) {
+  const AtspiQuestion question{view.reference(), asks};
+  const auto replies = view.reader().read({&question, 1}, {hitTestCall(view.reference(), point, coordinates)});
+  auto answer = readReference(replies.front().message.get());
   return answer ? *answer : AtspiReference{};
 }
 
@@ -74,11 +77,34 @@ AtspiReference popoverAt(const ElementView& window, CGPoint point) {
   return found != children.rend() ? found->reference : AtspiReference{};
 }
 
-Step stepGtk3(const ElementView& view, CGPoint point) {
-  view.reader().expect(view.reference(), Ask::role);
-  const auto answer = toolkitsAnswer(view, point);
-  if (view.role() == AtspiRole::pageTabList) return stepIntoNotebook(view, point);
-  return {answer};
+// The hit test of a table finds its cells only.
+AtspiReference headerAt(const ElementView& table, CGPoint point) {
+  const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, mostColumns);
+  std::vector<AtspiCall> calls;
+  for (std::int32_t i = 0; i < count; ++i) {
+    calls.push_back({table.reference(), "org.a11y.atspi.Table", "GetColumnHeader", {i}});
+  }
+  std::vector<AtspiQuestion> headers;
+  for (const auto& reply : table.reader().exchange(calls)) {
+    auto header = readReference(reply.message.get());
+    if (header && !header->isNull()) headers.push_back({std::move(*header), Ask::extents});
+  }
+  table.reader().read(headers);
+  const auto found = std::ranges::find_if(
+      headers, [&](const auto& header) { return contains(table.reader().known(header.element).extents, point); });
+  return found != headers.end() ? found->element : AtspiReference{};
+}
+
+Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
+  auto asks = Asks{Ask::role};
+  if (isTopLevel) asks |= Ask::childCount;
+  const auto answer = ask(view, point, 0, asks);
+  const auto role = static_cast<AtspiRole>(view.needOnly(Ask::role).role);
+  if (role == AtspiRole::pageTabList) return stepIntoNotebook(view, point);
+  if (answer.isNull() && isTableLike(role)) return {headerAt(view, point), true};
+  if (!isTopLevel) return {answer};
+  const auto popover = popoverAt(view, point);
+  return {popover.isNull() ? answer : popover};
 }
 
 }  // namespace
@@ -86,17 +112,14 @@ Step stepGtk3(const ElementView& view, CGPoint point) {
 AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return ask(view, point, 0); }
 
 AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point) {
+  auto& reader = topLevel.reader();
   auto current = topLevel.reference();
-  if (const auto popover = popoverAt(topLevel, point); !popover.isNull()) current = popover;
-  // The menu in a window of its own belongs to the combo box or the menu that opened it.
-  bool isParentSure = topLevel.role() != AtspiRole::window;
   for (int level = 0; level < mostLevels; ++level) {
-    const auto step = stepGtk3(topLevel.other(current), point);
+    const auto step = stepGtk3(topLevel.other(current), point, level == 0);
     if (step.next.isNull() || step.next == current) break;
-    if (isParentSure && !topLevel.reader().known(step.next).asked.has(Ask::parent)) {
-      topLevel.reader().noteParent(step.next, current);
-    }
-    isParentSure = true;
+    // The menu in a window of its own belongs to the combo box or the menu that opened it.
+    const bool isParentSure = level > 0 || static_cast<AtspiRole>(reader.known(current).role) != AtspiRole::window;
+    if (isParentSure && !reader.known(step.next).asked.has(Ask::parent)) reader.noteParent(step.next, current);
     current = step.next;
     if (step.isLast) break;
   }

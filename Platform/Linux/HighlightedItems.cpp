@@ -1,0 +1,38 @@
+#include "Platform/Linux/HighlightedItems.h"
+
+#include <algorithm>
+
+#include "Platform/Linux/PlacedElements.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::size_t mostItems = 16;
+
+}  // namespace
+
+void HighlightedItems::highlighted(const AtspiReference& item, const AtspiRectangle& place, const AtspiReference& owner,
+                                   TimePoint now) {
+  const std::lock_guard lock(mutex_);
+  const bool isFirst =
+      items_.empty() || items_.front().owner != owner || !items_.front().until || *items_.front().until < now;
+  items_.push_front({item, place, owner, now, isFirst, std::nullopt});
+  if (items_.size() > mostItems) items_.pop_back();
+}
+
+void HighlightedItems::left(std::string_view busName, TimePoint now) {
+  const std::lock_guard lock(mutex_);
+  for (auto& item : items_) {
+    if (item.reference.busName == busName && !item.until) item.until = now + grace;
+  }
+}
+
+AtspiReference HighlightedItems::at(CGPoint point, TimePoint now) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = std::ranges::find_if(
+      items_, [&](const auto& item) { return (!item.until || now < *item.until) && contains(item.place, point); });
+  if (found == items_.end()) return {};
+  return found->isOpening(now) ? found->owner : found->reference;
+}
+
+}  // namespace norra::linux_desktop
