@@ -27,7 +27,8 @@ class InputWatch final : public Registration {
 }  // namespace
 
 AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps)
-    : eventTaps_(eventTaps),
+    : switch_(event),
+      eventTaps_(eventTaps),
       epoch_(event),
       context_(epoch_, windows),
       events_(event, context_),

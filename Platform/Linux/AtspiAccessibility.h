@@ -5,6 +5,7 @@
 
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
+#include "Platform/Linux/AccessibilitySwitch.h"
 #include "Platform/Linux/AtspiContext.h"
 #include "Platform/Linux/AtspiObserver.h"
 #include "Platform/Linux/ReadingEpoch.h"
@@ -30,6 +31,7 @@ class AtspiAccessibility final : public Accessibility {
  private:
   std::unique_ptr<Registration> watchInput(std::function<void()> noteInput);
 
+  AccessibilitySwitch switch_;
   EventTaps& eventTaps_;
   const EventLoopEpoch epoch_;
   AtspiContext context_;

@@ -3,8 +3,14 @@
 #include "Platform/Linux/AtspiApplicationElement.h"
 #include "Platform/Linux/AtspiElement.h"
 #include "Platform/Linux/AtspiSystemWideElement.h"
+#include "Platform/Linux/PlatformLogger.h"
 
 namespace norra::linux_desktop {
+namespace {
+
+constexpr std::size_t mostMissing = 256;
+
+}  // namespace
 
 AtspiReader& AtspiContext::reader() {
   const std::lock_guard lock(mutex_);
@@ -23,6 +29,14 @@ AXUIElement AtspiContext::application(ProcessIdentifier process) {
 }
 
 AXUIElement AtspiContext::systemWide() { return AXUIElement(std::make_shared<AtspiSystemWideElement>(*this)); }
+
+void AtspiContext::noteMissing(const WindowOnScreen& window) {
+  const std::lock_guard lock(mutex_);
+  if (missing_.size() >= mostMissing || !missing_.insert(window.process).second) return;
+  platformLogger().info("The application of window '" + window.title + "' (process " + std::to_string(window.process) +
+                        ") is not on the accessibility bus: its elements cannot be read. If it supports "
+                        "accessibility, start it again");
+}
 
 void AtspiContext::forget(const std::string& busName) {
   applications.remove(busName);

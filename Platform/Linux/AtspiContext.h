@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <thread>
 
 #include "Platform/Accessibility.h"
@@ -12,6 +13,7 @@
 #include "Platform/Linux/AtspiReader.h"
 #include "Platform/Linux/FocusMemory.h"
 #include "Platform/Linux/HighlightedItems.h"
+#include "Platform/Linux/KnownTopLevels.h"
 #include "Platform/Linux/WindowsOnScreen.h"
 
 namespace norra::linux_desktop {
@@ -39,6 +41,9 @@ class AtspiContext {
   AXUIElement application(ProcessIdentifier process);
   AXUIElement systemWide();
 
+  /// The process has a window but nothing on the accessibility bus, which is logged once for each.
+  void noteMissing(const WindowOnScreen& window);
+
   /// The name has left the bus.
   void forget(const std::string& busName);
 
@@ -47,12 +52,15 @@ class AtspiContext {
   AtspiProcesses processes;
   FocusMemory focus;
   HighlightedItems highlightedItems;
+  KnownTopLevels topLevels;
   WindowsOnScreen& windows;
 
  private:
   const ReadingEpoch& epoch_;
   std::mutex mutex_;
-  std::map<std::thread::id, std::unique_ptr<AtspiReader>> readers_;  // guarded by mutex_
+  // guarded by mutex_
+  std::map<std::thread::id, std::unique_ptr<AtspiReader>> readers_;
+  std::set<ProcessIdentifier> missing_;
 };
 
 }  // namespace norra::linux_desktop

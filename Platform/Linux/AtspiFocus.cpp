@@ -75,9 +75,19 @@ bool isOption(const ElementView& item) {
   return list.other(list.need(Ask::parent).parent).role() == AtspiRole::comboBox;
 }
 
-// Reads the item and the menus above it, which stays readable since the menu may go with the click, and gives the combo
-// box that they belong to; null: none.
-AtspiReference keepMenusOf(const ElementView& item) {
+void rememberHighlight(const ElementView& item) {
+  const auto comboBox = comboBoxOf(item);
+  const auto& facts = item.need(Ask::extents);
+  if (!facts.answered(Ask::extents)) return;
+  item.context().highlightedItems.highlighted(item.reference(), facts.extents, comboBox,
+                                              std::chrono::steady_clock::now());
+}
+
+}  // namespace
+
+bool isItemOfMenu(const ElementView& view) { return isPartOfMenu(view.role()) || isOption(view); }
+
+AtspiReference comboBoxOf(const ElementView& item) {
   auto current = item.reference();
   for (int level = 0; level < mostLevelsOfMenus && !current.isNull(); ++level) {
     const auto view = item.other(current);
@@ -90,16 +100,6 @@ AtspiReference keepMenusOf(const ElementView& item) {
   }
   return {};
 }
-
-void rememberHighlight(const ElementView& item) {
-  const auto comboBox = keepMenusOf(item);
-  const auto& facts = item.need(Ask::extents);
-  if (!facts.answered(Ask::extents)) return;
-  item.context().highlightedItems.highlighted(item.reference(), facts.extents, comboBox,
-                                              std::chrono::steady_clock::now());
-}
-
-}  // namespace
 
 AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root) {
   const ElementView view(context, context.reader(), root);
@@ -123,7 +123,7 @@ AtspiReference followedElement(const ElementView& focused) {
 AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
   if (const auto arrived = context.focus.takeArrival(busName)) {
     const ElementView view(context, context.reader(), *arrived);
-    if (isPartOfMenu(view.role()) || isOption(view)) {
+    if (isItemOfMenu(view)) {
       rememberHighlight(view);
     } else {
       context.focus.follow(followedElement(view));

@@ -17,6 +17,12 @@ AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process
 /// followed now; null: none is known. An item of a menu is remembered as such and not followed.
 AtspiReference settleFocus(AtspiContext& context, const std::string& busName);
 
+/// Whether the element is an item of a menu, or of the open list of a combo box.
+bool isItemOfMenu(const ElementView& view);
+/// The combo box that the item of a menu belongs to; null: none. Reads the item and the menus above it, which stays
+/// readable when they have gone.
+AtspiReference comboBoxOf(const ElementView& item);
+
 /// The top-level of an application that is active; null: none.
 AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root);
 

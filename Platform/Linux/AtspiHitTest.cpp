@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "Platform/Linux/AtspiContext.h"
+#include "Platform/Linux/AtspiFocus.h"
 #include "Platform/Linux/HitTestByToolkit.h"
 #include "Platform/Linux/PlacedElements.h"
 
@@ -19,7 +20,7 @@ double distance(const AtspiRectangle& place, const ScreenRectangle& window) {
 AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window) {
   const PlacedElement* best = nullptr;
   double bestDistance = 0;
-  const auto topLevels = placedChildren(root, Coordinates::ofScreen);
+  const auto topLevels = fewPlacedChildren(root, Coordinates::ofScreen);
   for (const auto& one : topLevels) {
     if (!one.place || !hasState(one.states, AtspiState::visible)) continue;
     const auto difference = std::min(distance(*one.place, window.client), distance(*one.place, window.frame));
@@ -43,24 +44,54 @@ AtspiReference hitTest(const ElementView& topLevel, CGPoint point, const WindowO
   return {};
 }
 
-AtspiReference onPath(AtspiContext& context, AtspiReference element) {
-  context.reader().notePath(element);
-  return element;
+// The list of a combo box opens under the pointer, on the item that is chosen. Until an item of it is highlighted, the
+// click that opened it is not over.
+AtspiReference comboBoxThatOpens(AtspiContext& context, const AtspiReference& hit) {
+  const ElementView view(context, context.reader(), hit);
+  if (!isItemOfMenu(view)) return hit;
+  const auto comboBox = comboBoxOf(view);
+  return comboBox.isNull() || context.highlightedItems.isOpen(comboBox) ? hit : comboBox;
+}
+
+AtspiReference hitTestBelow(AtspiContext& context, const AtspiReference& topLevel, CGPoint point,
+                            const WindowOnScreen& window) {
+  const auto hit = hitTest(ElementView(context, context.reader(), topLevel), point, window);
+  return window.overrideRedirect ? comboBoxThatOpens(context, hit) : hit;
+}
+
+AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window) {
+  auto& reader = context.reader();
+  const auto root = context.processes.rootOf(window.process, reader);
+  if (root.isNull()) return {};
+  const auto topLevel = topLevelOf(ElementView(context, reader, root), window);
+  if (!topLevel.isNull()) context.topLevels.note(window, topLevel);
+  return topLevel;
+}
+
+AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
+  const auto known = context.topLevels.find(window);
+  if (!known.isNull()) {
+    const auto hit = hitTestBelow(context, known, point, window);
+    if (context.reader().read(known, Ask::role).answered(Ask::role)) return hit;
+    context.topLevels.forget(window);
+  }
+  const auto topLevel = findTopLevel(context, window);
+  if (!topLevel.isNull()) return hitTestBelow(context, topLevel, point, window);
+  context.noteMissing(window);
+  return {};
 }
 
 }  // namespace
 
 AtspiReference elementAt(AtspiContext& context, CGPoint point) {
-  const auto item = context.highlightedItems.at(point, std::chrono::steady_clock::now());
-  if (!item.isNull()) return onPath(context, item);
-  const auto window = context.windows.topLevelWindowAt(point);
-  if (!window) return {};
-  auto& reader = context.reader();
-  const auto root = context.processes.rootOf(window->process, reader);
-  if (root.isNull()) return {};
-  const auto topLevel = topLevelOf(ElementView(context, reader, root), *window);
-  if (topLevel.isNull()) return {};
-  return onPath(context, hitTest(ElementView(context, reader, topLevel), point, *window));
+  auto found = context.highlightedItems.at(point, std::chrono::steady_clock::now());
+  if (found.isNull()) {
+    const auto window = context.windows.topLevelWindowAt(point);
+    if (!window || window->process == 0) return {};
+    found = elementIn(context, *window, point);
+  }
+  context.reader().notePath(found);
+  return found;
 }
 
 }  // namespace norra::linux_desktop

@@ -32,6 +32,12 @@ bool isGtk4Default(std::string_view name, AtspiRole role) {
 
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
 
+// The bullet or the number that a web page puts before an item of a list.
+bool isListMark(const AtspiFacts& facts) {
+  const auto tag = facts.attributes.find("tag");
+  return tag != facts.attributes.end() && tag->second == "::marker";
+}
+
 std::string_view withoutListMark(std::string_view name) {
   static constexpr std::array<std::string_view, 3> marks{"\u2022 ", "\u25E6 ", "\u25AA "};
   for (const auto mark : marks) {
@@ -110,6 +116,7 @@ std::string properDescription(const AtspiFacts& facts) {
 
 AttributeResult titleOf(const ElementView& view) {
   const auto& facts = view.need(Ask::name);
+  if (isListMark(facts)) return noValue();
   return textOrNoValue(withoutOwnLabel(view, properName(facts.name, view.role(), view.toolkit())));
 }
 
@@ -121,7 +128,7 @@ AttributeResult descriptionOf(const ElementView& view) {
 
 AttributeResult placeholderOf(const ElementView& view) {
   if (!isTextField(view.role()) && view.role() != AtspiRole::spinButton) return unsupported();
-  return attributeNamed(view, "placeholder-text");
+  return attributeNamed(view, view.toolkit() == Toolkit::chromium ? "placeholder" : "placeholder-text");
 }
 
 AttributeResult helpOf(const ElementView& view) {

@@ -7,6 +7,7 @@
 #include "Platform/Linux/AtspiApplicationElement.h"
 #include "Platform/Linux/AtspiElement.h"
 #include "Platform/Linux/AtspiFocus.h"
+#include "Platform/Linux/Waking.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -27,7 +28,9 @@ AtspiObserver::AtspiObserver(ObserverServices& services, ProcessIdentifier proce
       process_(process),
       callback_(std::move(callback)),
       focusChange_(services.events.loop(), [this] { tellFocus(); }),
-      cleanUp_(services.events.loop(), [this] { ended_.clear(); }) {}
+      cleanUp_(services.events.loop(), [this] { ended_.clear(); }) {
+  wake(services.context, process);
+}
 
 AXError AtspiObserver::addNotification(const AXUIElement& element, std::string_view notification) {
   if (dynamic_cast<const AtspiApplicationElement*>(&element.primitives())) return addFocus(notification);

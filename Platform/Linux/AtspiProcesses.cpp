@@ -71,7 +71,7 @@ void AtspiProcesses::lookAtNames(AtspiReader& reader) {
 AtspiReference AtspiProcesses::rootOf(ProcessIdentifier process, AtspiReader& reader) {
   std::vector<AtspiQuestion> questions;
   for (const auto& name : busNamesOf(process, reader)) {
-    questions.push_back({{name, AtspiReference::rootPath}, Asks{Ask::childCount}});
+    questions.push_back({{name, AtspiReference::rootPath}, Asks{Ask::childCount, Ask::children}});
   }
   reader.read(questions);
   const auto best = std::ranges::find_if(

@@ -10,7 +10,7 @@ namespace norra::linux_desktop {
 namespace {
 
 // An element with more children than this is not asked for all of them.
-constexpr std::int64_t mostChildrenAtOnce = 200;
+constexpr std::size_t mostChildrenAtOnce = 200;
 // So many are taken of an element with more.
 constexpr std::size_t mostChildrenOfMany = 50;
 // Names are looked for in the first children, so these are read together.
@@ -66,14 +66,17 @@ AttributeResult parentOf(const ElementView& view) {
   return visible.isNull() ? noValue() : valueOf(elementOrApplication(view, visible));
 }
 
+std::vector<AtspiReference> fewChildren(const ElementView& view) {
+  view.needOnly(Asks{Ask::childCount, Ask::children});
+  return firstChildren(view, mostChildrenAtOnce);
+}
+
 std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t limit) {
   const auto count = view.needOnly(Ask::childCount).childCount;
   if (count <= 0) return {};
-  if (count > mostChildrenAtOnce || static_cast<std::size_t>(count) > limit) {
-    return childrenByIndex(view, std::min(limit, static_cast<std::size_t>(count)));
-  }
+  const auto number = static_cast<std::size_t>(count);
+  if (number > std::min(limit, mostChildrenAtOnce)) return childrenByIndex(view, std::min(limit, number));
   auto children = view.needOnly(Ask::children).children;
-  if (children.size() > limit) children.resize(limit);
   std::erase_if(children, [](const auto& child) { return child.isNull(); });
   return children;
 }
@@ -82,8 +85,8 @@ AttributeResult childrenOf(const ElementView& view) {
   // The page that GTK 3 puts below a tab does not belong to it.
   if (view.role() == AtspiRole::pageTab && view.toolkit() == Toolkit::gtk3) return noValue();
   const auto count = view.needOnly(Ask::childCount).childCount;
-  const auto children = firstChildren(
-      view, count > mostChildrenAtOnce ? mostChildrenOfMany : static_cast<std::size_t>(mostChildrenAtOnce));
+  const bool hasMany = count > static_cast<std::int64_t>(mostChildrenAtOnce);
+  const auto children = firstChildren(view, hasMany ? mostChildrenOfMany : mostChildrenAtOnce);
   std::vector<AXUIElement> elements;
   for (const auto& child : children) {
     if (elements.size() < childrenReadAhead) view.reader().expect(child, view.generalAsks());

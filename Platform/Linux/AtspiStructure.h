@@ -17,5 +17,7 @@ AttributeResult urlOf(const ElementView& view);
 
 /// The first children, at most `limit`, of which there may be any number.
 std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t limit);
+/// The same of an element that has few for sure, such as a window: with one wave less.
+std::vector<AtspiReference> fewChildren(const ElementView& view);
 
 }  // namespace norra::linux_desktop

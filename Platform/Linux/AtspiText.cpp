@@ -19,6 +19,15 @@ bool isSingleLine(const ElementView& view) { return !view.hasState(AtspiState::m
 // GTK 4 gives the characters of a hidden text away to who asks for the text; what it displays is bullets.
 bool displaysWhatItHolds(const ElementView& view) { return view.toolkit() == Toolkit::gtk4 && isSingleLine(view); }
 
+// Other elements within a text stand in it as one character each.
+std::string withoutEmbedded(std::string text) {
+  constexpr std::string_view embedded = "\uFFFC";
+  for (auto at = text.find(embedded); at != std::string::npos; at = text.find(embedded, at)) {
+    text.erase(at, embedded.size());
+  }
+  return text;
+}
+
 std::string textOf(const ElementView& view) {
   if (displaysWhatItHolds(view)) return view.need(Ask::displayedText).displayedText;
   if (isSingleLine(view)) return view.need(Ask::wholeText).wholeText;
@@ -63,7 +72,7 @@ bool hidesText(const ElementView& view) {
 AttributeResult textValue(const ElementView& view) {
   if (!view.has(AtspiInterface::text)) return noValue();
   if (hidesText(view)) return valueOf(bulletsFor(view.need(Ask::characterCount).characterCount));
-  auto text = textOf(view);
+  auto text = withoutEmbedded(textOf(view));
   if (!isTextField(view.role()) || !isAllBullets(text)) return valueOf(std::move(text));
   noteHidden(view);
   return valueOf(bulletsFor(view.need(Ask::characterCount).characterCount));

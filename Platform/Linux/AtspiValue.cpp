@@ -62,8 +62,12 @@ AttributeResult textOfComboBox(const ElementView& view) {
   return noValue();
 }
 
+constexpr std::array textHolders{AtspiRole::label,     AtspiRole::staticText,     AtspiRole::heading,
+                                 AtspiRole::tableCell, AtspiRole::tableRowHeader, AtspiRole::columnHeader};
+
 // Text that only repeats the name is not asked for.
 AttributeResult textBesideName(const ElementView& view) {
+  if (std::ranges::find(textHolders, view.role()) == textHolders.end()) return noValue();
   if (!view.need(Ask::name).name.empty() || !view.has(AtspiInterface::text)) return noValue();
   return textValue(view);
 }

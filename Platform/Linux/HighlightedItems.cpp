@@ -27,6 +27,11 @@ void HighlightedItems::left(std::string_view busName, TimePoint now) {
   }
 }
 
+bool HighlightedItems::isOpen(const AtspiReference& comboBox) const {
+  const std::lock_guard lock(mutex_);
+  return std::ranges::any_of(items_, [&](const auto& item) { return item.owner == comboBox && !item.until; });
+}
+
 AtspiReference HighlightedItems::at(CGPoint point, TimePoint now) const {
   const std::lock_guard lock(mutex_);
   const auto found = std::ranges::find_if(

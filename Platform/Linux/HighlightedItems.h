@@ -33,6 +33,8 @@ class HighlightedItems {
   /// The item at a point of the screen that is highlighted, or was a moment ago; null: none. While the list of a combo
   /// box has only just opened, the combo box.
   AtspiReference at(CGPoint point, TimePoint now) const;
+  /// Whether an item of the combo box's list is highlighted.
+  bool isOpen(const AtspiReference& comboBox) const;
 
  private:
   struct Item {

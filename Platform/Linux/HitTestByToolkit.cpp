@@ -45,7 +45,7 @@ const PlacedElement* tabAt(const std::vector<PlacedElement>& tabs, CGPoint point
 AtspiReference pageAt(const ElementView& tabList, const std::vector<PlacedElement>& tabs, CGPoint point) {
   for (const auto& tab : tabs) {
     if (!hasState(tab.states, AtspiState::selected)) continue;
-    for (const auto& page : placedChildren(tabList.other(tab.reference), Coordinates::ofScreen, 1)) {
+    for (const auto& page : fewPlacedChildren(tabList.other(tab.reference), Coordinates::ofScreen)) {
       if (!page.isAt(point)) continue;
       tabList.reader().noteParent(page.reference, tabList.reference());
       return page.reference;
@@ -60,7 +60,7 @@ struct Step {
 };
 
 Step stepIntoNotebook(const ElementView& tabList, CGPoint point) {
-  const auto tabs = placedChildren(tabList, Coordinates::ofScreen);
+  const auto tabs = fewPlacedChildren(tabList, Coordinates::ofScreen);
   const auto page = pageAt(tabList, tabs, point);
   if (!page.isNull()) return {page};
   const auto* tab = tabAt(tabs, point);
@@ -69,8 +69,8 @@ Step stepIntoNotebook(const ElementView& tabList, CGPoint point) {
 
 // Popovers are children of the window beside what they cover, and the toolkit finds what they cover.
 AtspiReference popoverAt(const ElementView& window, CGPoint point) {
-  if (window.needOnly(Ask::childCount).childCount < 2) return {};
-  const auto children = placedChildren(window, Coordinates::ofScreen);
+  if (fewChildren(window).size() < 2) return {};
+  const auto children = fewPlacedChildren(window, Coordinates::ofScreen);
   const auto found = std::ranges::find_if(children.rbegin(), children.rend(), [point](const auto& child) {
     return child.isAt(point) && hasState(child.states, AtspiState::showing);
   });
@@ -97,7 +97,7 @@ AtspiReference headerAt(const ElementView& table, CGPoint point) {
 
 Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
   auto asks = Asks{Ask::role};
-  if (isTopLevel) asks |= Ask::childCount;
+  if (isTopLevel) asks |= Asks{Ask::childCount, Ask::children};
   const auto answer = ask(view, point, 0, asks);
   const auto role = static_cast<AtspiRole>(view.needOnly(Ask::role).role);
   if (role == AtspiRole::pageTabList) return stepIntoNotebook(view, point);

@@ -9,6 +9,7 @@ namespace norra::linux_desktop {
 namespace {
 
 constexpr int mostLevels = 40;
+constexpr std::size_t mostChildren = 64;
 constexpr std::int32_t nowhere = -2147483647;
 
 Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
@@ -19,6 +20,22 @@ std::optional<AtspiRectangle> placeIn(const AtspiFacts& facts, Coordinates coord
   const auto& place = ask == Ask::extents ? facts.extents : facts.windowExtents;
   if (place.width <= 0 || place.height <= 0 || place.x <= nowhere || place.y <= nowhere) return std::nullopt;
   return place;
+}
+
+std::vector<PlacedElement> placed(const ElementView& view, const std::vector<AtspiReference>& references,
+                                  Coordinates coordinates) {
+  std::vector<AtspiQuestion> questions;
+  for (const auto& child : references) {
+    questions.push_back({child, Asks{Ask::role, Ask::states, askFor(coordinates)}});
+  }
+  view.reader().read(questions);
+  std::vector<PlacedElement> children;
+  for (const auto& child : references) {
+    const auto& facts = view.reader().known(child);
+    children.push_back({child, static_cast<AtspiRole>(facts.role), facts.states, placeIn(facts, coordinates)});
+    view.reader().noteParent(child, view.reference());
+  }
+  return children;
 }
 
 bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinates coordinates) {
@@ -49,20 +66,12 @@ bool contains(const AtspiRectangle& place, CGPoint point) {
 
 bool PlacedElement::isAt(CGPoint point) const { return place && contains(*place, point); }
 
-std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates, std::size_t limit) {
-  const auto references = firstChildren(view, limit);
-  std::vector<AtspiQuestion> questions;
-  for (const auto& child : references) {
-    questions.push_back({child, Asks{Ask::role, Ask::states, askFor(coordinates)}});
-  }
-  view.reader().read(questions);
-  std::vector<PlacedElement> children;
-  for (const auto& child : references) {
-    const auto& facts = view.reader().known(child);
-    children.push_back({child, static_cast<AtspiRole>(facts.role), facts.states, placeIn(facts, coordinates)});
-    view.reader().noteParent(child, view.reference());
-  }
-  return children;
+std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates) {
+  return placed(view, firstChildren(view, mostChildren), coordinates);
+}
+
+std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates) {
+  return placed(view, fewChildren(view), coordinates);
 }
 
 AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates) {

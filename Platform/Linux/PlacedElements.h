@@ -23,8 +23,10 @@ struct PlacedElement {
 
 bool contains(const AtspiRectangle& place, CGPoint point);
 
-/// The first children of an element, as many as `limit`, with where they are: one wave beyond those that find them.
-std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates, std::size_t limit = 64);
+/// The first children of an element, with where they are: one wave beyond those that find them.
+std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates);
+/// The same of an element that has few for sure.
+std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates);
 
 /// The deepest element at a point, `view` itself if none of its children is there. Later children lie above earlier
 /// ones. A child that does not say where it is, is looked into.

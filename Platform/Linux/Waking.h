@@ -1,0 +1,14 @@
+// Some applications make their elements, or fill their caches, only when somebody asks for the first time.
+#pragma once
+
+#include "Platform/Accessibility.h"
+
+namespace norra::linux_desktop {
+
+class AtspiContext;
+
+/// Asks the windows of an application what makes it show its contents. To be repeated when the application is followed
+/// again, since it may have stopped.
+void wake(AtspiContext& context, ProcessIdentifier process);
+
+}  // namespace norra::linux_desktop
