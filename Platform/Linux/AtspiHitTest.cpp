@@ -11,19 +11,23 @@
 namespace norra::linux_desktop {
 namespace {
 
-double distance(const AtspiRectangle& place, const ScreenRectangle& window) {
-  return std::abs(place.x - window.x) + std::abs(place.y - window.y) + std::abs(place.width - window.width) +
-         std::abs(place.height - window.height);
+// GTK 4 does not say where its windows are, only how large.
+double distance(const AtspiRectangle& place, const ScreenRectangle& window, Coordinates coordinates) {
+  const auto size = std::abs(place.width - window.width) + std::abs(place.height - window.height);
+  if (coordinates == Coordinates::ofWindow) return size;
+  return size + std::abs(place.x - window.x) + std::abs(place.y - window.y);
 }
 
-// The top-level accessible that looks most like the window. GTK 4 does not say where its windows are, only how large.
+// The top-level accessible that looks most like the window.
 AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window) {
+  const auto coordinates = root.toolkit() == Toolkit::gtk4 ? Coordinates::ofWindow : Coordinates::ofScreen;
   const PlacedElement* best = nullptr;
   double bestDistance = 0;
-  const auto topLevels = fewPlacedChildren(root, Coordinates::ofScreen);
+  const auto topLevels = fewPlacedChildren(root, coordinates);
   for (const auto& one : topLevels) {
     if (!one.place || !hasState(one.states, AtspiState::visible)) continue;
-    const auto difference = std::min(distance(*one.place, window.client), distance(*one.place, window.frame));
+    const auto difference =
+        std::min(distance(*one.place, window.client, coordinates), distance(*one.place, window.frame, coordinates));
     if (!best || difference < bestDistance) {
       best = &one;
       bestDistance = difference;
@@ -77,7 +81,7 @@ AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CG
   }
   const auto topLevel = findTopLevel(context, window);
   if (!topLevel.isNull()) return hitTestBelow(context, topLevel, point, window);
-  context.noteMissing(window);
+  if (context.processes.busNamesOf(window.process, context.reader()).empty()) context.noteMissing(window);
   return {};
 }
 

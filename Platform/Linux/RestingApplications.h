@@ -16,7 +16,7 @@ class RestingApplications {
  public:
   using TimePoint = std::chrono::steady_clock::time_point;
 
-  static constexpr std::chrono::milliseconds firstRest{2000};
+  static constexpr std::chrono::milliseconds firstRest{1000};
   static constexpr std::chrono::milliseconds longestRest{16000};
 
   /// Whether the application with this bus name is to be left alone.
