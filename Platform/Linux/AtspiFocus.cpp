@@ -78,7 +78,7 @@ bool isOption(const ElementView& item) {
 void rememberHighlight(const ElementView& item) {
   const auto comboBox = comboBoxOf(item);
   const auto& facts = item.need(Ask::extents);
-  if (!facts.answered(Ask::extents)) return;
+  if (!facts.answered(Ask::extents) || item.mappedRole().role == "AXMenu") return;
   item.context().highlightedItems.highlighted(item.reference(), facts.extents, comboBox,
                                               std::chrono::steady_clock::now());
 }
