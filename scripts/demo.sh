@@ -31,7 +31,6 @@ has_more_than() { [ "$(count_of "$2")" -gt "$1" ]; }
 start_collection() {
   touch "$folder/reports"
   mkfifo "$folder/pipe"
-  : >"$folder/reports"
   tee "$folder/reports" <"$folder/pipe" &
   printer=$!
   norra-collect "$@" >"$folder/pipe" &

@@ -79,7 +79,7 @@ start_window_manager() {
 start_accessibility_bus() {
   /usr/libexec/at-spi-bus-launcher --launch-immediately >"$logs/accessibility.log" 2>&1 &
   has_accessibility_bus() {
-    busctl --user call org.a11y.Bus /org/a11y/bus org.a11y.Bus GetAddress >/dev/null 2>&1
+    busctl --user --auto-start=no call org.a11y.Bus /org/a11y/bus org.a11y.Bus GetAddress >/dev/null 2>&1
   }
   wait_until has_accessibility_bus || fail "The accessibility bus does not start."
 }

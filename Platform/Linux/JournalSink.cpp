@@ -1,3 +1,6 @@
+// The place of the call would be this file for every message.
+#define SD_JOURNAL_SUPPRESS_LOCATION
+
 #include "Platform/Linux/JournalSink.h"
 
 #include <sys/stat.h>

@@ -109,6 +109,13 @@ TEST_F(NorraCollectTest, EndsWhenTheBusIsLost) {
   EXPECT_THAT(collect.errors(), HasSubstr("The session bus was lost."));
 }
 
+// It waits for the answer to its start, and so cannot say meanwhile what it exports.
+TEST_F(NorraCollectTest, TheExampleClientCollects) {
+  RunningProgram example("/usr/bin/python3", {NORRA_EXAMPLES "/client.py"});
+  EXPECT_EQ(example.nextLine(), "collecting");
+  EXPECT_EQ(example.nextLine(), R"({"action":"Collector","operation":"start"})");
+}
+
 TEST_F(NorraCollectTest, ASecondServiceSaysThatOneRuns) {
   RunningProgram service("norra-collector-service");
   ASSERT_TRUE(waitFor(isServiceRunning));

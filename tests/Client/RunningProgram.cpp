@@ -40,7 +40,7 @@ RunningProgram::RunningProgram(const std::string& name, const std::vector<std::s
   if (process_ == 0) {
     dup2(output[1], STDOUT_FILENO);
     dup2(errors[1], STDERR_FILENO);
-    execute(std::string(NORRA_PROGRAMS) + "/" + name, arguments);
+    execute(name.front() == '/' ? name : std::string(NORRA_PROGRAMS) + "/" + name, arguments);
   }
   close(output[1]);
   close(errors[1]);

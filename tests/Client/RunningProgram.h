@@ -13,7 +13,7 @@ namespace norra {
 /// Killed at its end if it still runs.
 class RunningProgram {
  public:
-  /// Of the folder of built programs. Standard output and standard error are read.
+  /// Of the folder of built programs, unless the name is a path. Standard output and standard error are read.
   explicit RunningProgram(const std::string& name, const std::vector<std::string>& arguments = {});
   ~RunningProgram();
   RunningProgram(const RunningProgram&) = delete;
