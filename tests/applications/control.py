@@ -4,7 +4,7 @@ One JSON object a line comes in, one JSON value a line goes out:
   {"place": NAME}   [x, y, width, height] in pixels of the screen, or null while the widget is not on the screen
   {"focus": NAME}   gives the widget the keyboard focus; null
   {"value": NAME}   what the widget holds now
-  {"clipboard": TEXT}   puts a text into the clipboard; null
+  {"idle": null}    null, when everything that was due before has been done
 The first line out is "ready", when the window is there. The end of the input ends the application.
 """
 import json
@@ -18,7 +18,7 @@ class Control:
     """Reads commands on a thread of its own; `invoke` hands a function to the toolkit's loop, which runs it there."""
 
     def __init__(self, commands, invoke):
-        self.commands = commands
+        self.commands = {**commands, "idle": lambda _: None}
         self.invoke = invoke
 
     def begin(self):

@@ -68,7 +68,12 @@ class Window(Gtk.Window):
             cargo.append_text(text)
         cargo.set_active(0)
         column.add(self.labelled("Cargo", cargo))
-        column.add(self.named("Tide tables", Gtk.LinkButton.new_with_label("https://tides.example/", "Tide tables")))
+        flag = Gtk.ComboBoxText.new_with_entry()
+        flag.append_text("Blue Peter")
+        column.add(self.labelled("Flag", flag))
+        link = Gtk.LinkButton.new_with_label("https://tides.example/", "Tide tables")
+        link.connect("activate-link", lambda _: True)  # or the user's browser would start
+        column.add(self.named("Tide tables", link))
 
     def courses(self):
         frame, box, first = Gtk.Frame(label="Course"), Gtk.Box(spacing=4), None
@@ -83,6 +88,7 @@ class Window(Gtk.Window):
         column.add(self.labelled("Ship", Gtk.Entry()))
         column.add(self.labelled("Captain", Gtk.Entry()))
         column.add(self.labelled("Passphrase", Gtk.Entry(visibility=False)))
+        column.add(self.labelled("Telegram", self.telegram()))
         book = Gtk.TextView()
         book.get_accessible().set_name("Log book")
         book.set_size_request(-1, 60)
@@ -93,6 +99,13 @@ class Window(Gtk.Window):
             pages.append_page(self.named(text, Gtk.Button(label=text)), label)
         column.add(pages)
         column.add(self.list_box())
+
+    @staticmethod
+    def telegram():
+        """A field that sends itself: it is empty again after thirty characters."""
+        entry = Gtk.Entry()
+        entry.connect("changed", lambda _: len(entry.get_text()) >= 30 and GLib.idle_add(entry.set_text, ""))
+        return entry
 
     def list_box(self):
         box = Gtk.ListBox()
@@ -160,6 +173,13 @@ class Places:
         x, y = view.convert_bin_window_to_widget_coords(area.x, area.y)
         return self.place_in(view, x, y, area.width, area.height)
 
+    def focus(self, name):
+        widget = self.widgets[name]
+        if isinstance(widget, Gtk.ListBox):
+            widget.child_focus(Gtk.DirectionType.TAB_FORWARD)
+        else:
+            (widget.grab_focus_without_selecting if isinstance(widget, Gtk.Entry) else widget.grab_focus)()
+
     def value(self, name):
         widget = self.widgets[name]
         if isinstance(widget, Gtk.ToggleButton):
@@ -169,15 +189,12 @@ class Places:
         return widget.get_value() if isinstance(widget, (Gtk.Scale, Gtk.SpinButton)) else widget.get_text()
 
 
-def put_into_clipboard(text):
-    Gtk.Clipboard.get(Gdk.SELECTION_CLIPBOARD).set_text(text, -1)
-
-
 def main():
+    Gtk.Settings.get_default().set_property("gtk-enable-animations", False)
     window = Window()
     places = Places(window)
-    commands = {"place": places.place, "value": places.value, "clipboard": put_into_clipboard,
-                "focus": lambda name: window.widgets[name].grab_focus()}
+    commands = {"place": places.place, "value": places.value,
+                "focus": places.focus}
     control = Control(commands, lambda function: GLib.idle_add(function))
     window.connect_after("map-event", lambda *_: control.begin())
     Gtk.main()

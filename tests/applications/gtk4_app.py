@@ -5,10 +5,9 @@ import subprocess
 
 import gi
 
-gi.require_version("Gdk", "4.0")
 gi.require_version("GdkX11", "4.0")
 gi.require_version("Gtk", "4.0")
-from gi.repository import Gdk, GdkX11, GLib, Gtk
+from gi.repository import GdkX11, GLib, Gtk
 
 from control import Control
 
@@ -53,7 +52,9 @@ class Window(Gtk.Window):
         column.append(self.labelled("Captain", Gtk.Entry()))
         column.append(self.labelled("Passphrase", Gtk.PasswordEntry()))
         column.append(self.labelled("Cipher", Gtk.Entry(visibility=False)))
-        column.append(self.named("Log book", Gtk.TextView(height_request=60)))
+        book = self.named("Log book", Gtk.TextView(height_request=60))
+        book.update_property([Gtk.AccessibleProperty.LABEL], ["Log book"])
+        column.append(book)
 
 
 class Places:
@@ -79,6 +80,10 @@ class Places:
         answer = subprocess.run(command, capture_output=True, text=True, check=True).stdout
         return [int(number) for number in re.findall(r"Absolute upper-left .:\s+(-?\d+)", answer)]
 
+    def focus(self, name):
+        widget = self.widgets[name]
+        (widget.grab_focus_without_selecting if isinstance(widget, Gtk.Entry) else widget.grab_focus)()
+
     def value(self, name):
         widget = self.widgets[name]
         for answer in ("get_value", "get_active", "get_text"):
@@ -87,17 +92,14 @@ class Places:
         return None
 
 
-def put_into_clipboard(text):
-    Gdk.Display.get_default().get_clipboard().set_content(Gdk.ContentProvider.new_for_value(text))
-
-
 def main():
     Gtk.init()
     loop = GLib.MainLoop()
+    Gtk.Settings.get_default().set_property("gtk-enable-animations", False)
     window = Window()
     places = Places(window)
-    commands = {"place": places.place, "value": places.value, "clipboard": put_into_clipboard,
-                "focus": lambda name: window.widgets[name].grab_focus()}
+    commands = {"place": places.place, "value": places.value,
+                "focus": places.focus}
     control = Control(commands, lambda function: GLib.idle_add(function))
     window.connect("close-request", lambda *_: loop.quit())
     window.connect("map", lambda *_: control.begin())

@@ -3,7 +3,6 @@
 import sys
 
 from PyQt5.QtCore import QObject, QRect, Qt, QTimer, pyqtSignal
-from PyQt5.QtGui import QGuiApplication
 from PyQt5.QtWidgets import (QApplication, QCheckBox, QComboBox, QGridLayout, QGroupBox, QHBoxLayout, QLabel, QLineEdit,
                              QListWidget, QMainWindow, QPlainTextEdit, QPushButton, QRadioButton, QSlider, QSpinBox,
                              QTableWidget, QTableWidgetItem, QTabWidget, QTreeWidget, QTreeWidgetItem, QVBoxLayout, QWidget)
@@ -158,7 +157,7 @@ def main():
     window = Window()
     places = Places(window)
     invoker = Invoker()
-    commands = {"place": places.place, "value": places.value, "clipboard": QGuiApplication.clipboard().setText,
+    commands = {"place": places.place, "value": places.value,
                 "focus": lambda name: window.widgets[name].setFocus()}
     window.show()
     control = Control(commands, invoker.invoked.emit)

@@ -1,0 +1,81 @@
+"""Applications under test, and how they say where their widgets are."""
+import json
+import os
+import subprocess
+from pathlib import Path
+
+import hands
+from waiting import wait_until
+
+FOLDER = Path(__file__).resolve().parent.parent / "applications"
+
+
+class Application:
+    """A process of its own; ends with the `close` call."""
+
+    def __init__(self, command, **streams):
+        self.process = subprocess.Popen([str(word) for word in command], text=True, **streams)
+        self.pid = self.process.pid
+
+    def window_title(self):
+        """The title of its window in front of all others, empty while another application is there."""
+        active = subprocess.run(["xdotool", "getactivewindow", "getwindowpid", "getwindowname"], capture_output=True, text=True)
+        process, _, title = active.stdout.partition("\n")
+        return title.rstrip("\n") if process == str(self.pid) else ""
+
+    def wait_until_in_front(self):
+        wait_until(self.window_title, f"the window of {self.process.args}")
+        return self
+
+    def executable(self):
+        return Path(os.readlink(f"/proc/{self.pid}/exe")).name
+
+    def close(self):
+        self.process.kill()
+        self.process.wait()
+        for stream in (self.process.stdin, self.process.stdout):
+            if stream:
+                stream.close()
+
+
+class ApplicationWithWidgets(Application):
+    """Answers questions, as "place", about its widgets; how it is asked is the business of the kinds of it."""
+
+    def place(self, widget):
+        return wait_until(lambda: self.ask("place", widget), f"{widget} on the screen")
+
+    def value(self, widget):
+        return self.ask("value", widget)
+
+    def focus(self, widget):
+        self.ask("focus", widget)
+
+    def click(self, widget, button="left", **where):
+        """As slowly as a person: the application has drawn what the pointer and the press change before the release."""
+        self.press(widget, button, **where)
+        self.ask("idle", None)
+        hands.release(button)
+
+    def press(self, widget, button="left", **where):
+        hands.point_to(self.place(widget), **where)
+        self.ask("idle", None)
+        hands.press(button)
+
+
+class ControlledApplication(ApplicationWithWidgets):
+    """One of our own applications, which answers over its standard input and output (control.py)."""
+
+    def __init__(self, script, *arguments):
+        super().__init__(["/usr/bin/python3", FOLDER / script, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        assert self._answer() == "ready"
+        self.wait_until_in_front()
+
+    def ask(self, command, argument):
+        self.process.stdin.write(json.dumps({command: argument}) + "\n")
+        self.process.stdin.flush()
+        return self._answer()
+
+    def _answer(self):
+        line = self.process.stdout.readline()
+        assert line, f"{self.process.args} has ended"
+        return json.loads(line)
