@@ -105,7 +105,10 @@ BusListener::Client* BusListener::accept(const char* name) {
   auto connection = std::make_shared<BusConnection>(loop_, ClientDelivery::Client{bus_.get(), name});
   auto client = std::make_unique<Client>(*this, name, connection);
   if (!watchPresence(*client)) return nullptr;
-  if (delegate_ == nullptr || !delegate_->shouldAcceptNewConnection(std::move(connection))) return nullptr;
+  if (delegate_ == nullptr || !delegate_->shouldAcceptNewConnection(connection)) {
+    connection->letGo();
+    return nullptr;
+  }
   auto* const accepted = clients_.emplace(name, std::move(client)).first->second.get();
   connectionCountChanged_(clients_.size());
   return accepted;

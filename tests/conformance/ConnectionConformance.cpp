@@ -1,3 +1,5 @@
+#include <future>
+
 #include "tests/conformance/ConformanceTest.h"
 
 namespace norra::conformance {
@@ -110,6 +112,7 @@ TEST_P(ConnectionConformance, ARefusedConnectionServesNoCall) {
   delegate.accepts = false;
   const auto refused = desktop->connectClient(true);
   refused->call(Operation::start);
+  ASSERT_TRUE(serveUntil([&] { return delegate.objects.size() == 1; }));
   delegate.accepts = true;
   const auto accepted = desktop->connectClient(true);
   ASSERT_TRUE(ask(*desktop, *accepted, Operation::pause));
@@ -152,12 +155,16 @@ TEST_P(ConnectionConformance, TheEndOfTheProcessDeliversTheLastReportAndRunsNoFu
   const auto proxy = delegate.objects[0].lock()->client;
   const auto executor = platform().serialExecutors.createSerialExecutor();
   std::atomic<bool> hasRunAfter = false;
+  std::promise<void> hasPosted;
   executor->post([&] {
     proxy->addEvent("last", {}, false);
     platform().process.exit(7);
     executor->post([&] { hasRunAfter = true; });
+    hasPosted.set_value();
   });
+  client->stopReading();
   EXPECT_EQ(platform().listener.activate(), 7);
+  hasPosted.get_future().wait();
   EXPECT_FALSE(hasRunAfter);
   EXPECT_TRUE(delegate.objects[0].expired()) << "the loop lets go of its connections";
   client->readReports(1);

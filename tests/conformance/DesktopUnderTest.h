@@ -36,7 +36,9 @@ class ServiceClient {
   /// The answers to the calls so far; a refusal may be an answer too.
   virtual std::vector<std::string> replies() const = 0;
   virtual std::vector<ReceivedReport> reports() const = 0;
-  /// After the service has ended: reads what was sent before, until so many reports are there or no more come.
+  /// From now on what is sent to it waits for readReports().
+  virtual void stopReading() = 0;
+  /// Reads until so many reports are there or no more come, whether the service still runs or not.
   virtual void readReports(std::size_t count) = 0;
   virtual void disconnect() = 0;
 };
@@ -69,6 +71,8 @@ class DesktopUnderTest {
   virtual void click(CGPoint location) = 0;
   /// A lower-case letter, without a modifier.
   virtual void pressKey(char letter) = 0;
+  /// The same with the Control key held.
+  virtual void pressShortcut(char letter) = 0;
 
   /// `isUsable`: whether it exports what the service reports to.
   virtual std::unique_ptr<ServiceClient> connectClient(bool isUsable) = 0;

@@ -72,13 +72,25 @@ TEST_P(InputConformance, AnEventSaysWhereThePointerIsOrWhatTheKeyTypes) {
   desktop->click({30, 40});
   ASSERT_TRUE(serveUntil([&] { return listening.heard().size() == 1; }));
   EXPECT_EQ(listening.heard().front().location, (CGPoint{30, 40}));
-  desktop->pressKey('q');
+  desktop->pressShortcut('q');
   ASSERT_TRUE(serveUntil([&] { return listening.heard().size() == 2; }));
   const auto key = listening.heard().back().keyEvent;
   ASSERT_TRUE(key);
   EXPECT_EQ(key->charactersIgnoringModifiers.value_or("q"), "q") << "plain typing may be kept secret";
   EXPECT_FALSE(key->specialKey);
   EXPECT_FALSE(key->isARepeat);
+  EXPECT_EQ(key->modifierFlags, modifierFlag::control);
+}
+
+TEST_P(InputConformance, PlainTypingIsToldWithItsCharacterOrWithNone) {
+  Listening listening(platform(), keys);
+  listening.enabled().onTheRunLoop();
+  desktop->pressKey('q');
+  ASSERT_TRUE(serveUntil([&] { return listening.heard().size() == 1; }));
+  const auto key = listening.heard().front().keyEvent;
+  ASSERT_TRUE(key);
+  EXPECT_EQ(key->charactersIgnoringModifiers.value_or("q"), "q");
+  EXPECT_FALSE(key->specialKey);
   EXPECT_EQ(key->modifierFlags, 0U);
 }
 

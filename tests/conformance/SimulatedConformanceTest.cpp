@@ -19,7 +19,8 @@ class Reports final : public ClientProtocol {
 
 class Client final : public ServiceClient {
  public:
-  Client(simulated::Desktop& desktop, std::string name, bool isUsable) : desktop_(desktop), name_(std::move(name)), isUsable_(isUsable) {}
+  Client(simulated::Desktop& desktop, std::string name, bool isUsable)
+      : desktop_(desktop), name_(std::move(name)), isUsable_(isUsable) {}
 
   void call(Operation operation) override {
     if (!desktop_.clients().isConnected(name_)) desktop_.connect(name_, isUsable_ ? reports_ : nullptr);
@@ -28,6 +29,7 @@ class Client final : public ServiceClient {
   }
   std::vector<std::string> replies() const override { return replies_; }
   std::vector<ReceivedReport> reports() const override { return reports_->all; }
+  void stopReading() override {}
   void readReports(std::size_t) override {}
   void disconnect() override { desktop_.disconnect(name_); }
 
@@ -108,10 +110,8 @@ class SimulatedDesktop final : public DesktopUnderTest {
   }
 
   void click(CGPoint location) override { desktop_.click(location); }
-  void pressKey(char letter) override {
-    desktop_.pressKey(
-        NSEvent{.isARepeat = false, .specialKey = {}, .charactersIgnoringModifiers = std::string(1, letter)});
-  }
+  void pressKey(char letter) override { press(letter, 0); }
+  void pressShortcut(char letter) override { press(letter, modifierFlag::control); }
 
   std::unique_ptr<ServiceClient> connectClient(bool isUsable) override {
     return std::make_unique<Client>(desktop_, "client " + std::to_string(++clientCount_), isUsable);
@@ -120,6 +120,13 @@ class SimulatedDesktop final : public DesktopUnderTest {
  private:
   static std::string identifier(ProcessIdentifier process, const std::string& name) {
     return std::to_string(process) + " " + name;
+  }
+
+  void press(char letter, std::uint64_t modifierFlags) {
+    desktop_.pressKey(NSEvent{.isARepeat = false,
+                              .specialKey = {},
+                              .charactersIgnoringModifiers = std::string(1, letter),
+                              .modifierFlags = modifierFlags});
   }
 
   /// One control below the other, each 100 wide and 20 high.
