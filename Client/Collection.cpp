@@ -22,7 +22,7 @@ Outcome Collection::run(std::optional<std::chrono::nanoseconds> duration) {
                                          .busLost = [this] { end(Outcome::endedEarly, "The session bus was lost."); },
                                      });
   if (!service) {
-    output_.problem(problem);
+    output_.message(problem);
     return Outcome::unreachable;
   }
   service_ = std::move(service);
@@ -34,6 +34,7 @@ void Collection::started(const std::string& problem) {
   if (!problem.empty()) return end(Outcome::unreachable, problem);
   state_ = State::collecting;
   if (isStopRequested_) return stop();
+  if (isPaused_) askForPause();
   if (duration_) loop_.postAfter(*duration_, [this] { stop(); });
 }
 
@@ -56,13 +57,32 @@ void Collection::stopped(const std::string& problem) {
   loop_.postAfter(endLimit, [this] { end(Outcome::endedEarly, "The service agreed to stop but does not end."); });
 }
 
+void Collection::setPaused(bool isPaused) {
+  if (std::exchange(isPaused_, isPaused) != isPaused && state_ == State::collecting) askForPause();
+}
+
+void Collection::askForPause() {
+  const auto done = [this, isPaused = isPaused_](const std::string& problem) {
+    const auto* const success = isPaused ? "Paused; p or SIGUSR2 goes on." : "Collecting again; p or SIGUSR1 pauses.";
+    output_.message(problem.empty() ? success : problem);
+  };
+  isPaused_ ? service_->pause(done) : service_->resume(done);
+}
+
 void Collection::received(const Report& report) {
-  if (canWrite_ && !output_.report(report)) outputClosed();
+  if (!wantsReports_) return;
+  const auto reception = output_.report(report);
+  if (reception == Reception::closed) outputClosed();
+  if (reception == Reception::enough) {
+    wantsReports_ = false;
+    stop();
+  }
 }
 
 void Collection::outputClosed() {
+  wantsReports_ = false;
   if (!std::exchange(canWrite_, false)) return;
-  output_.problem("Nobody reads the reports any more.");
+  output_.message("Nobody reads the reports any more.");
   stop();
 }
 
@@ -73,7 +93,7 @@ void Collection::serviceEnded() {
 }
 
 void Collection::end(Outcome outcome, const std::string& problem) {
-  if (!problem.empty()) output_.problem(problem);
+  if (!problem.empty()) output_.message(problem);
   loop_.end(static_cast<int>(outcome));
 }
 

@@ -19,13 +19,20 @@ enum class Outcome {
   endedEarly = 3,   // the service or the bus went away, or the reports could not be written
 };
 
+/// What became of a report.
+enum class Reception {
+  goOn,
+  enough,  // no more are wanted
+  closed,  // no more can be written
+};
+
 /// Main thread.
 class Collection {
  public:
   struct Output {
-    /// False: nothing more can be written.
-    std::function<bool(const Report&)> report;
-    std::function<void(const std::string& problem)> problem;
+    std::function<Reception(const Report&)> report;
+    /// For the person who runs the program.
+    std::function<void(const std::string& text)> message;
   };
 
   /// `loop` outlives this.
@@ -35,6 +42,10 @@ class Collection {
 
   /// Collects until the duration has passed or a signal asks to end. A second signal does not wait for the service.
   Outcome run(std::optional<std::chrono::nanoseconds> duration);
+
+  /// While the collection runs, or when it begins to.
+  void setPaused(bool isPaused);
+  bool isPaused() const { return isPaused_; }
 
   /// The reports cannot be written any more: asks the service to stop.
   void outputClosed();
@@ -46,6 +57,7 @@ class Collection {
   void stopOrEnd();
   void stop();
   void stopped(const std::string& problem);
+  void askForPause();
   void received(const Report& report);
   void serviceEnded();
   void end(Outcome outcome, const std::string& problem = {});
@@ -56,6 +68,8 @@ class Collection {
   std::unique_ptr<ServiceConnection> service_;
   State state_ = State::starting;
   bool isStopRequested_ = false;
+  bool isPaused_ = false;
+  bool wantsReports_ = true;
   bool canWrite_ = true;
 };
 

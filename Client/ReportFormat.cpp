@@ -10,12 +10,19 @@ namespace {
 struct Format {
   std::string_view name;
   ReportFormatter (*create)(const FormatOptions&);
+  std::string (*head)() = [] { return std::string(); };
 };
 
 constexpr std::array formats{
     Format{"jsonl", [](const FormatOptions&) -> ReportFormatter { return jsonLine; }},
     Format{"text", newTextFormatter},
+    Format{"csv", [](const FormatOptions&) -> ReportFormatter { return csvLine; }, csvHead},
 };
+
+const Format* find(std::string_view name) {
+  const auto* format = std::ranges::find(formats, name, &Format::name);
+  return format == formats.end() ? nullptr : format;
+}
 
 }  // namespace
 
@@ -26,8 +33,13 @@ std::vector<std::string> formatNames() {
 }
 
 ReportFormatter newFormatter(std::string_view name, const FormatOptions& options) {
-  const auto* format = std::ranges::find(formats, name, &Format::name);
-  return format == formats.end() ? nullptr : format->create(options);
+  const auto* format = find(name);
+  return format == nullptr ? nullptr : format->create(options);
+}
+
+std::string headOf(std::string_view name) {
+  const auto* format = find(name);
+  return format == nullptr ? "" : format->head();
 }
 
 }  // namespace norra

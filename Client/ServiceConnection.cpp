@@ -76,12 +76,20 @@ void ServiceConnection::call(const char* method, Answer answer) {
   sd_bus_message* message = nullptr;
   int result = sd_bus_message_new_method_call(bus_.get(), &message, busNames::service, busNames::servicePath,
                                               busNames::serviceInterface, method);
-  const MessagePtr call(message);
+  const MessagePtr owned(message);
+  calls_.push_back({*this, std::move(answer), nullptr});
   sd_bus_slot* slot = nullptr;
-  if (result >= 0) result = sd_bus_call_async(bus_.get(), &slot, message, onReply, this, answerLimitMicroseconds);
-  if (result < 0) return answer("The service cannot be called: " + describe(result));
-  reply_.reset(slot);
-  answer_ = std::move(answer);
+  if (result >= 0) {
+    result = sd_bus_call_async(bus_.get(), &slot, message, onReply, &calls_.back(), answerLimitMicroseconds);
+  }
+  calls_.back().reply.reset(slot);
+  if (result < 0) takeAnswer(calls_.back())("The service cannot be called: " + describe(result));
+}
+
+ServiceConnection::Answer ServiceConnection::takeAnswer(Call& call) {
+  auto answer = std::move(call.answer);
+  calls_.remove_if([&](const Call& other) { return &other == &call; });
+  return answer;
 }
 
 int ServiceConnection::onAddEvent(sd_bus_message* call, void* self, sd_bus_error*) noexcept {
@@ -96,9 +104,8 @@ int ServiceConnection::onAddEvent(sd_bus_message* call, void* self, sd_bus_error
 }
 
 int ServiceConnection::onReply(sd_bus_message* reply, void* self, sd_bus_error*) noexcept {
-  auto& connection = *static_cast<ServiceConnection*>(self);
-  connection.reply_.reset();
-  std::exchange(connection.answer_, nullptr)(problemIn(reply));
+  auto& call = *static_cast<Call*>(self);
+  call.connection.takeAnswer(call)(problemIn(reply));
   return 1;
 }
 

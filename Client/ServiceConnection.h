@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <list>
 #include <memory>
 #include <string>
 
@@ -11,8 +12,8 @@
 
 namespace norra {
 
-/// Receives reports, and asks the service to start and stop. The bus starts the service when it does not run. Main
-/// thread.
+/// Receives reports, and asks the service to start, stop, pause and resume; answers come in the order of the calls. The
+/// bus starts the service when it does not run. Main thread.
 class ServiceConnection {
  public:
   struct Handlers {
@@ -34,16 +35,24 @@ class ServiceConnection {
 
   void start(Answer answer) { call("startCollectorWith", std::move(answer)); }
   void stop(Answer answer) { call("stopCollectorWith", std::move(answer)); }
+  void pause(Answer answer) { call("pauseCollectorWith", std::move(answer)); }
+  void resume(Answer answer) { call("resumeCollectorWith", std::move(answer)); }
 
  private:
   ServiceConnection(linux_desktop::BusPtr bus, Handlers handlers)
       : handlers_(std::move(handlers)), bus_(std::move(bus)) {}
 
+  struct Call {
+    ServiceConnection& connection;
+    Answer answer;
+    linux_desktop::SlotPtr reply;
+  };
+
   int exportClient();
-  /// One call at a time.
   void call(const char* method, Answer answer);
+  Answer takeAnswer(Call& call);
   static int onAddEvent(sd_bus_message* call, void* connection, sd_bus_error* error) noexcept;
-  static int onReply(sd_bus_message* reply, void* connection, sd_bus_error* error) noexcept;
+  static int onReply(sd_bus_message* reply, void* call, sd_bus_error* error) noexcept;
   static int onOwnerChanged(sd_bus_message* signal, void* connection, sd_bus_error* error) noexcept;
   static int onDisconnected(sd_bus_message* signal, void* connection, sd_bus_error* error) noexcept;
   static const sd_bus_vtable methods[];
@@ -53,8 +62,7 @@ class ServiceConnection {
   linux_desktop::SlotPtr object_;
   linux_desktop::SlotPtr ownerChanges_;
   linux_desktop::SlotPtr disconnection_;
-  linux_desktop::SlotPtr reply_;
-  Answer answer_;
+  std::list<Call> calls_;  // that are not answered yet
 };
 
 }  // namespace norra

@@ -4,6 +4,7 @@
 
 #include "Client/ReportFormat.h"
 #include "NorraDataCollector/model/ActionDecoding.h"
+#include "NorraDataCollector/text/Text.h"
 #include "Report/ActionWords.h"
 
 namespace norra {
@@ -45,6 +46,13 @@ std::string withoutControls(std::string text) {
   return text;
 }
 
+/// Cut or filled up to the width of the column of applications.
+std::string inColumn(std::string_view name) {
+  constexpr std::size_t width = 16;
+  const auto shown = firstCharacters(name, width);
+  return std::string(shown).append(width - characterCount(shown), ' ');
+}
+
 /// Such as: Changed text field "Subject" · Quarterly figures
 std::string sentence(const report::ActionWords& words) {
   std::string text = words.deed;
@@ -70,7 +78,7 @@ class TextFormatter {
       application_ = withoutControls(change->fileDescription);
       return line + styled(words, style(bold));
     }
-    return line + (application_.empty() ? "" : application_ + "  ") + words;
+    return line + (application_.empty() ? "" : inColumn(application_) + "  ") + words;
   }
 
  private:

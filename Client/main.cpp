@@ -1,65 +1,63 @@
 // norra-collect: collects from this desktop and prints each report as one line.
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <csignal>
 #include <cstdio>
 
-#include "Client/Collection.h"
+#include "Client/CollectOptions.h"
+#include "Client/DesktopCheck.h"
+#include "Client/PauseControl.h"
 #include "Client/ReaderWatch.h"
-#include "Client/ReportFormat.h"
+#include "Client/ReportOutput.h"
 
 namespace {
 
-constexpr const char* description =
-    "Collects what is done in the applications of this desktop, and prints each report as one line until Ctrl-C.";
-constexpr const char* footer =
-    "Exit status: 0 after the service's last report, 1 when the service cannot be reached, 2 for a wrong use, 3 when "
-    "the "
-    "collection ended before it was stopped.";
-constexpr int wrongUse = 2;
+void tell(const std::string& text) { std::fprintf(stderr, "norra-collect: %s\n", text.c_str()); }
 
-struct Options {
-  std::string format = norra::formatNames().front();
-  std::optional<double> seconds;
-};
-
-/// Writes the line at once. False: it could not.
-bool writeLine(const std::string& line) { return std::puts(line.c_str()) >= 0 && std::fflush(stdout) == 0; }
-
-bool mayUseColor() { return isatty(STDOUT_FILENO) != 0 && std::getenv("NO_COLOR") == nullptr; }
-
-int collect(const Options& options) {
-  std::signal(SIGPIPE, SIG_IGN);
-  const auto format = norra::newFormatter(options.format, {.usesColor = mayUseColor()});
+int check() {
   norra::linux_desktop::EventLoop loop;
+  const auto findings = norra::checkDesktop(loop);
+  std::fputs(norra::textOf(findings).c_str(), stdout);
+  return norra::isReady(findings) ? 0 : 1;
+}
+
+norra::OutputOptions outputOptions(const norra::CollectOptions& options, int descriptor) {
+  const bool isTerminal = isatty(descriptor) != 0;
+  return {.format = !options.format.empty() ? options.format
+                    : isTerminal            ? "text"
+                                            : "jsonl",
+          .formatting = {.usesColor = isTerminal && std::getenv("NO_COLOR") == nullptr},
+          .name = options.outputFile.empty() ? "Standard output" : options.outputFile,
+          .wanted = options.wanted,
+          .count = options.count};
+}
+
+int collectInto(int descriptor, const norra::CollectOptions& options) {
+  norra::linux_desktop::EventLoop loop;
+  norra::ReportOutput output(descriptor, outputOptions(options, descriptor), tell);
   norra::Collection collection(
-      loop,
-      {.report = [&](const norra::Report& report) { return writeLine(format(report)); },
-       .problem = [](const std::string& problem) { std::fprintf(stderr, "norra-collect: %s\n", problem.c_str()); }});
-  const norra::ReaderWatch watch(loop, STDOUT_FILENO, [&] { collection.outputClosed(); });
-  std::optional<std::chrono::nanoseconds> duration;
-  if (options.seconds) {
-    duration = std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::duration<double>(*options.seconds));
-  }
-  return static_cast<int>(collection.run(duration));
+      loop, {.report = [&](const norra::Report& report) { return output.print(report); }, .message = tell});
+  const norra::ReaderWatch watch(loop, descriptor, [&] { collection.outputClosed(); });
+  const norra::PauseControl control(loop, {.toggle = [&] { collection.setPaused(!collection.isPaused()); },
+                                           .pause = [&] { collection.setPaused(true); },
+                                           .resume = [&] { collection.setPaused(false); }});
+  return static_cast<int>(collection.run(options.duration));
+}
+
+int collect(const norra::CollectOptions& options) {
+  std::signal(SIGPIPE, SIG_IGN);
+  if (options.outputFile.empty()) return collectInto(STDOUT_FILENO, options);
+  const auto [file, problem] = norra::LineWriter::open(options.outputFile);
+  if (file >= 0) return collectInto(file, options);
+  tell(problem);
+  return static_cast<int>(norra::Outcome::endedEarly);
 }
 
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  Options options;
-  CLI::App app(description, "norra-collect");
-  app.footer(footer);
-  app.set_version_flag("--version", "norra-collect " NORRA_VERSION);
-  app.add_option("--format", options.format, "How a report is printed")
-      ->check(CLI::IsMember(norra::formatNames()))
-      ->capture_default_str();
-  app.add_option("--duration", options.seconds, "Stop after this many seconds")->check(CLI::Range(0.0, 1e9));
-  try {
-    app.parse(argumentCount, arguments);
-  } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : wrongUse;
-  }
-  return collect(options);
+  const auto parsed = norra::parseCollectOptions(argumentCount, arguments);
+  if (const auto* status = std::get_if<int>(&parsed)) return *status;
+  const auto& options = std::get<norra::CollectOptions>(parsed);
+  return options.checks ? check() : collect(options);
 }

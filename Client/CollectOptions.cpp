@@ -1,0 +1,83 @@
+#include "Client/CollectOptions.h"
+
+#include <CLI/CLI.hpp>
+
+#include "Client/ReportFormat.h"
+
+namespace norra {
+namespace {
+
+constexpr const char* description =
+    "Collects what is done in the applications of this desktop, and prints each report as one line until Ctrl-C. "
+    "The key p, or SIGUSR1 and SIGUSR2, pauses and resumes.";
+constexpr const char* footer =
+    "Exit status: 0 after the service's last report, 1 when the service cannot be reached or --check finds something "
+    "missing, 2 for a wrong use, 3 when the collection ended before it was stopped.";
+constexpr int wrongUse = 2;
+
+std::vector<std::string> kindNames() {
+  std::vector<std::string> names;
+  for (std::size_t kind = 0; kind < std::variant_size_v<Action>; ++kind) {
+    names.emplace_back(rawValue(static_cast<CodingKeys>(kind)));
+  }
+  return names;
+}
+
+/// As a word of the help: one|other.
+std::string choice(const std::vector<std::string>& names) { return CLI::detail::join(names, "|"); }
+
+/// What CLI11 fills in.
+struct Given {
+  CollectOptions options;
+  std::optional<double> seconds;
+  std::vector<std::string> kinds;
+};
+
+void declare(CLI::App& app, Given& given) {
+  auto& options = given.options;
+  app.footer(footer);
+  app.set_version_flag("--version", "norra-collect " NORRA_VERSION);
+  app.add_option("--format", options.format, "How a report is printed: text for a terminal, else jsonl, unless given")
+      ->check(CLI::IsMember(formatNames()))
+      ->option_text(choice(formatNames()));
+  app.add_option("-o,--output", options.outputFile, "Append to this file instead of printing")->option_text("FILE");
+  app.add_option("--duration", given.seconds, "Stop after this many seconds")
+      ->check(CLI::Range(0.0, 1e9))
+      ->option_text("SECONDS");
+  app.add_option("--count", options.count, "Stop after this many reports")
+      ->check(CLI::PositiveNumber)
+      ->option_text("NUMBER");
+  app.add_option("--application", options.wanted.applications,
+                 "Print reports of this application only, by its name or identifier; may be repeated")
+      ->option_text("NAME");
+  app.add_option("--kind", given.kinds, "Print reports of this kind only; may be repeated")
+      ->check(CLI::IsMember(kindNames()))
+      ->option_text(choice(kindNames()));
+  app.add_flag("--check", options.checks, "Say whether this desktop is ready, and what to do where it is not");
+}
+
+CollectOptions optionsFrom(const Given& given) {
+  auto options = given.options;
+  if (given.seconds) {
+    options.duration =
+        std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::duration<double>(*given.seconds));
+  }
+  for (const auto& kind : given.kinds) options.wanted.kinds.push_back(*codingKeysFrom(kind));
+  return options;
+}
+
+}  // namespace
+
+std::variant<CollectOptions, int> parseCollectOptions(int argumentCount, char** arguments) {
+  Given given;
+  CLI::App app(description, "norra-collect");
+  declare(app, given);
+  try {
+    app.parse(argumentCount, arguments);
+  } catch (const CLI::ParseError& error) {
+    return app.exit(error) == 0 ? 0 : wrongUse;
+  }
+  return optionsFrom(given);
+}
+
+}  // namespace norra

@@ -1,0 +1,34 @@
+// Whether this desktop is ready to be collected from.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "Platform/Linux/EventLoop.h"
+
+namespace norra {
+
+enum class Readiness {
+  ready,
+  limited,  // works in part
+  missing,
+};
+
+/// One thing that collection needs.
+struct DesktopFinding {
+  std::string what;
+  Readiness readiness = Readiness::ready;
+  /// What is wrong and what to do about it; empty where it is ready.
+  std::string advice;
+};
+
+/// Looks at everything that collection needs, without collecting. Takes a bounded time. Main thread.
+std::vector<DesktopFinding> checkDesktop(linux_desktop::EventLoop& loop);
+
+/// The findings one a line, for a person.
+std::string textOf(const std::vector<DesktopFinding>& findings);
+
+/// Whether nothing is missing.
+bool isReady(const std::vector<DesktopFinding>& findings);
+
+}  // namespace norra

@@ -1,0 +1,40 @@
+#include "Client/ReportFilter.h"
+
+#include <algorithm>
+
+#include "NorraDataCollector/model/ActionDecoding.h"
+
+namespace norra {
+namespace {
+
+bool equalsIgnoringCase(std::string_view left, std::string_view right) {
+  const auto lower = [](char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
+  };
+  return std::ranges::equal(left, right, {}, lower, lower);
+}
+
+}  // namespace
+
+bool ReportFilter::wants(const Report& report) {
+  if (wanted_.applications.empty() && wanted_.kinds.empty()) return true;
+  const auto decoded = decodeAction(report.event);
+  const auto* action = std::get_if<Action>(&decoded);
+  if (action == nullptr || !wantsApplicationOf(*action)) return false;
+  return wanted_.kinds.empty() || std::ranges::find(wanted_.kinds, kind(*action)) != wanted_.kinds.end();
+}
+
+bool ReportFilter::wantsApplicationOf(const Action& action) {
+  if (wanted_.applications.empty() || std::holds_alternative<CollectorData>(action)) return true;
+  if (const auto* change = std::get_if<ChangeApplicationData>(&action)) isInWantedApplication_ = isWanted(*change);
+  return isInWantedApplication_;
+}
+
+bool ReportFilter::isWanted(const ChangeApplicationData& application) const {
+  return std::ranges::any_of(wanted_.applications, [&](const auto& name) {
+    return equalsIgnoringCase(name, application.applicationName) ||
+           equalsIgnoringCase(name, application.fileDescription);
+  });
+}
+
+}  // namespace norra

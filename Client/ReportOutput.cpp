@@ -1,0 +1,42 @@
+#include "Client/ReportOutput.h"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+namespace norra {
+
+ReportOutput::ReportOutput(int descriptor, OutputOptions options, Message message)
+    : options_(std::move(options)),
+      message_(std::move(message)),
+      writer_(descriptor),
+      filter_(options_.wanted),
+      format_(newFormatter(options_.format, options_.formatting)) {
+  const auto head = headOf(options_.format);
+  if (!head.empty() && writer_.isAtBeginning()) writer_.write(head);
+}
+
+Reception ReportOutput::print(const Report& report) {
+  if (!filter_.wants(report)) return Reception::goOn;
+  return received(writer_.write(format_(report)));
+}
+
+Reception ReportOutput::received(int error) {
+  if (error == EPIPE) return Reception::closed;
+  if (error != 0) {
+    noteLoss(error);
+    return Reception::goOn;
+  }
+  if (const auto lost = std::exchange(lost_, 0); lost > 0) {
+    message_(options_.name + " can be written again. Reports lost: " + std::to_string(lost) + ".");
+  }
+  return ++printed_ == options_.count ? Reception::enough : Reception::goOn;
+}
+
+void ReportOutput::noteLoss(int error) {
+  if (++lost_ > 1) return;
+  message_(options_.name + " cannot be written (" + std::strerror(error) +
+           "). Collection goes on; reports are lost until it can.");
+}
+
+}  // namespace norra

@@ -1,0 +1,48 @@
+// What norra-collect prints.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "Client/Collection.h"
+#include "Client/LineWriter.h"
+#include "Client/ReportFilter.h"
+#include "Client/ReportFormat.h"
+
+namespace norra {
+
+struct OutputOptions {
+  std::string format;
+  FormatOptions formatting;
+  /// What messages call the output.
+  std::string name;
+  WantedReports wanted;
+  /// The most reports that are printed.
+  std::optional<std::uint64_t> count;
+};
+
+/// Prints the reports that are wanted. A full disk costs the reports that find no room, and a message.
+class ReportOutput {
+ public:
+  using Message = std::function<void(const std::string& text)>;
+
+  /// `descriptor` is not owned.
+  ReportOutput(int descriptor, OutputOptions options, Message message);
+
+  Reception print(const Report& report);
+
+ private:
+  Reception received(int error);
+  void noteLoss(int error);
+
+  const OutputOptions options_;
+  const Message message_;
+  LineWriter writer_;
+  ReportFilter filter_;
+  ReportFormatter format_;
+  std::uint64_t printed_ = 0;
+  std::uint64_t lost_ = 0;  // since the last one that was printed
+};
+
+}  // namespace norra
