@@ -53,7 +53,7 @@ TEST_F(TextFormat, NamesTheApplicationInFrontFromItsSwitchOn) {
   EXPECT_EQ(line(CollectorData{}), "22:13:20.000  Collection started");
   EXPECT_EQ(line(toEditor), R"(22:13:20.000  Switched to "Editor" · Notes)");
   EXPECT_EQ(line(OpenMenuData{.elementName = "File", .automationID = ""}),
-            R"(22:13:20.000  Editor  Opened menu "File")");
+            R"(22:13:20.000  Editor            Opened menu "File")");
 }
 
 TEST_F(TextFormat, LetsNoControlCharacterReachTheTerminal) {
