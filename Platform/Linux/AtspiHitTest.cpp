@@ -59,8 +59,7 @@ AtspiReference comboBoxThatOpens(AtspiContext& context, const AtspiReference& hi
 
 AtspiReference hitTestBelow(AtspiContext& context, const AtspiReference& topLevel, CGPoint point,
                             const WindowOnScreen& window) {
-  const auto hit = hitTest(ElementView(context, context.reader(), topLevel), point, window);
-  return window.overrideRedirect ? comboBoxThatOpens(context, hit) : hit;
+  return comboBoxThatOpens(context, hitTest(ElementView(context, context.reader(), topLevel), point, window));
 }
 
 AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window) {
@@ -88,7 +87,7 @@ AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CG
 }  // namespace
 
 AtspiReference elementAt(AtspiContext& context, CGPoint point) {
-  auto found = context.highlightedItems.at(point, std::chrono::steady_clock::now());
+  auto found = context.highlightedItems.clicked(point, std::chrono::steady_clock::now());
   if (found.isNull()) {
     const auto window = context.windows.topLevelWindowAt(point);
     if (!window || window->process == 0) return {};

@@ -22,6 +22,11 @@ void HighlightedItems::highlighted(const AtspiReference& item, const AtspiRectan
 
 void HighlightedItems::left(std::string_view busName, TimePoint now) {
   const std::lock_guard lock(mutex_);
+  end(busName, now);
+}
+
+// With the lock held.
+void HighlightedItems::end(std::string_view busName, TimePoint now) {
   for (auto& item : items_) {
     if (item.reference.busName == busName && !item.until) item.until = now + grace;
   }
@@ -32,12 +37,15 @@ bool HighlightedItems::isOpen(const AtspiReference& comboBox) const {
   return std::ranges::any_of(items_, [&](const auto& item) { return item.owner == comboBox && !item.until; });
 }
 
-AtspiReference HighlightedItems::at(CGPoint point, TimePoint now) const {
+AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
   const std::lock_guard lock(mutex_);
   const auto found = std::ranges::find_if(
       items_, [&](const auto& item) { return (!item.until || now < *item.until) && contains(item.place, point); });
   if (found == items_.end()) return {};
-  return found->isOpening(now) ? found->owner : found->reference;
+  if (found->isOpening(now)) return found->owner;
+  // The menu closes with the click.
+  end(found->reference.busName, now);
+  return found->reference;
 }
 
 }  // namespace norra::linux_desktop

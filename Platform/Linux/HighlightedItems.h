@@ -30,13 +30,15 @@ class HighlightedItems {
   /// How long the click that opened a list may last. The list opens under the pointer, on the item that is chosen.
   static constexpr std::chrono::milliseconds openingClick{400};
 
-  /// The item at a point of the screen that is highlighted, or was a moment ago; null: none. While the list of a combo
-  /// box has only just opened, the combo box.
-  AtspiReference at(CGPoint point, TimePoint now) const;
+  /// The item that a click at a point of the screen chose: one that is highlighted, or was a moment ago; null: none.
+  /// While the list of a combo box has only just opened, the combo box.
+  AtspiReference clicked(CGPoint point, TimePoint now);
   /// Whether an item of the combo box's list is highlighted.
   bool isOpen(const AtspiReference& comboBox) const;
 
  private:
+  void end(std::string_view busName, TimePoint now);
+
   struct Item {
     AtspiReference reference;
     AtspiRectangle place;
