@@ -83,6 +83,12 @@ void rememberHighlight(const ElementView& item) {
                                               std::chrono::steady_clock::now());
 }
 
+// The button in a combo box of GTK 3 is part of it.
+AtspiReference withoutOwnButton(const ElementView& button) {
+  const auto parent = button.need(Ask::parent).parent;
+  return button.other(parent).role() == AtspiRole::comboBox ? parent : button.reference();
+}
+
 }  // namespace
 
 bool isItemOfMenu(const ElementView& view) { return isPartOfMenu(view.role()) || isOption(view); }
@@ -110,6 +116,7 @@ AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root)
 }
 
 AtspiReference followedElement(const ElementView& focused) {
+  if (focused.role() == AtspiRole::toggleButton) return withoutOwnButton(focused);
   if (!contains(items, focused.role())) return focused.reference();
   auto above = focused.need(Ask::parent).parent;
   for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
