@@ -1,0 +1,120 @@
+#!/usr/bin/python3
+"""A password is nowhere: not in the reports, not in the log, not in the memory of the service."""
+import json
+import mmap
+import secrets
+import subprocess
+import tempfile
+import unittest
+from pathlib import Path
+
+import hands
+from applications import FOLDER, ControlledApplication
+from browser import Chromium, Firefox
+from desktop import EndToEndTest, main
+from waiting import wait_until
+
+ENCODINGS = ("utf-8", "utf-16-le", "utf-16-be", "utf-32-le", "utf-32-be")
+
+
+class Clipboard:
+    """Another program that holds the clipboard: what is pasted has not been in any window before."""
+
+    def __init__(self):
+        self.process = subprocess.Popen(["/usr/bin/python3", FOLDER / "clipboard.py"], text=True,
+                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
+        self.process.stdout.readline()
+
+    def put(self, text):
+        self.process.stdin.write(json.dumps({"clipboard": text}) + "\n")
+        self.process.stdin.flush()
+        self.process.stdout.readline()
+
+    def close(self):
+        self.process.communicate()
+
+
+def core_image(process, folder):
+    command = ["gcore", "-o", f"{folder}/core", str(process)]
+    done = subprocess.run(command, stdin=subprocess.DEVNULL, capture_output=True, text=True)
+    assert done.returncode == 0, f"no core image, may processes be traced here?\n{done.stdout}{done.stderr}"
+    return Path(f"{folder}/core.{process}")
+
+
+def encodings_in(path, text):
+    """The encodings in which a file holds a text."""
+    with open(path, "rb") as file, mmap.mmap(file.fileno(), 0, access=mmap.ACCESS_READ) as content:
+        return [encoding for encoding in ENCODINGS if content.find(text.encode(encoding)) >= 0]
+
+
+class Privacy(EndToEndTest):
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.clipboard = Clipboard()
+        cls.addClassCleanup(cls.clipboard.close)
+
+    def test_gtk3(self):
+        self.check(ControlledApplication("gtk3_app.py"), ["Passphrase"])
+
+    @unittest.skip("the text typed after the passwords is not told in GTK 4, so the search has no marker")
+    def test_gtk4(self):
+        self.check(ControlledApplication("gtk4_app.py"), ["Passphrase", "Cipher"])
+
+    def test_qt(self):
+        self.check(ControlledApplication("qt_app.py"), ["Passphrase"])
+
+    def test_chromium(self):
+        self.check(Chromium(), ["Passphrase"])
+
+    def test_firefox(self):
+        self.check(Firefox(), ["Passphrase"])
+
+    def check(self, application, widgets):
+        self.addCleanup(application.close)
+        self.follow(application)
+        self.application = application
+        passwords = [self.enter(widget, way) for widget in widgets for way in (self.type, self.paste)]
+        marker = self.enter("Ship", self.type)
+        wait_until(lambda: marker in "".join(self.collection.lines), "the text that is no password")
+        self.assert_nowhere(passwords, marker)
+
+    def enter(self, widget, way):
+        """Fills a field with a new text, and empties it again if it is a password field: texts must not hide each other."""
+        text = "k" + secrets.token_hex(7)
+        self.application.focus(widget)
+        way(text)
+        wait_until(lambda: self.application.value(widget) == text, f"what was entered into {widget}")
+        self.wait_until_handled()
+        if widget != "Ship":
+            hands.key(*len(text) * ["BackSpace"])
+            wait_until(lambda: not self.application.value(widget), f"{widget} to be empty")
+        return text
+
+    def wait_until_handled(self):
+        """The service has dealt with all that came before a key press when it reports the key press."""
+        seen = len(self.collection.lines)
+        hands.key(self.IDLE_KEY)
+        wait_until(lambda: any("Function + f9" in line for line in self.collection.lines[seen:]), "the key's report")
+
+    @staticmethod
+    def type(text):
+        hands.type_text(text)
+
+    def paste(self, text):
+        self.clipboard.put(text)
+        hands.key("ctrl+v")
+
+    def assert_nowhere(self, passwords, marker):
+        reports = "".join(self.collection.lines)
+        with tempfile.TemporaryDirectory(prefix="norra-core-") as folder:
+            core = core_image(self.service.process.pid, folder)
+            self.assertIn("utf-8", encodings_in(core, marker), "the search finds what is known to be there")
+            for password in passwords:
+                self.assertEqual(encodings_in(core, password), [], "in memory")
+                self.assertNotIn(password, reports)
+                self.assertNotIn(password, self.service.logged())
+
+
+if __name__ == "__main__":
+    main()
