@@ -76,7 +76,8 @@ TEST_P(InputConformance, AnEventSaysWhereThePointerIsOrWhatTheKeyTypes) {
   const auto isLetter = [](const CGEvent& event) {
     return event.keyEvent && event.keyEvent->charactersIgnoringModifiers == "q";
   };
-  ASSERT_TRUE(serveUntil([&] { return isLetter(listening.heard().back()); })) << "after the press of Control, if at all";
+  ASSERT_TRUE(serveUntil([&] { return isLetter(listening.heard().back()); }))
+      << "after the press of Control, if at all";
   const auto key = listening.heard().back().keyEvent;
   EXPECT_FALSE(key->specialKey);
   EXPECT_FALSE(key->isARepeat);
