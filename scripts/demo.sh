@@ -63,12 +63,19 @@ switch_to() {
   wait_until "the report of the switch to $1" has_more_than "$before" "$report"
 }
 
-# The next report after the command is waited for.
+# Waits for the next report after the command, and does it anew where the application was not ready for it.
 and_wait() {
-  local before
+  local before again_at=0
   before=$(count_of .)
-  "$@"
-  wait_until "a report of: $*" has_more_than "$before" .
+  is_reported() {
+    has_more_than "$before" . && return
+    if [ "$SECONDS" -ge "$again_at" ]; then
+      "$@"
+      again_at=$((SECONDS + 5))
+    fi
+    return 1
+  }
+  wait_until "a report of: $*" is_reported "$@"
 }
 
 # click_in APPLICATION ACROSS DOWN: in per cent of the window.
