@@ -25,21 +25,23 @@ processes_of_desktop() {
   done
 }
 
-send_to_all() {
-  local process
-  for process in $(processes_of_desktop); do kill -s "$1" "$process" 2>/dev/null || true; done
+# end_all SIGNAL: sends it to all, and waits until they have gone; one that has ended but was not waited for is gone.
+end_all() {
+  local processes
+  processes=$(processes_of_desktop)
+  [ -n "$processes" ] || return 0
+  kill -s "$1" $processes 2>/dev/null || true
+  have_gone() { ! ps -o stat= -p "${processes//$'\n'/,}" | grep --quiet --invert-match '^Z'; }
+  wait_until have_gone 5
 }
 
 tear_down() {
   trap - EXIT
   trap '' HUP INT TERM
-  send_to_all TERM
-  wait_until no_process_left 5 || send_to_all KILL
+  end_all TERM && end_all TERM || end_all KILL || true  # twice: the first may have started something
   wait
   rm -rf "$desktop"
 }
-
-no_process_left() { [ -z "$(processes_of_desktop)" ]; }
 
 # wait_until CONDITION [SECONDS]
 wait_until() {
