@@ -1,0 +1,235 @@
+#include "tests/Platform/Linux/FakeApplication.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::uint64_t turnMicroseconds = 5000;
+const std::string pathPrefix = "/org/a11y/atspi/accessible/";
+
+std::string keyOf(const std::string& path) {
+  return path.starts_with(pathPrefix) ? path.substr(pathPrefix.size()) : "";
+}
+
+BusPtr connect() {
+  sd_bus* bus = nullptr;
+  sd_bus_new(&bus);
+  BusPtr owned(bus);
+  sd_bus_set_address(bus, std::getenv("AT_SPI_BUS_ADDRESS"));
+  sd_bus_set_bus_client(bus, 1);
+  if (sd_bus_start(bus) < 0) throw std::runtime_error("no accessibility bus");
+  return owned;
+}
+
+int appendTexts(sd_bus_message* reply, const std::map<std::string, std::string>& texts) {
+  sd_bus_message_open_container(reply, 'a', "{ss}");
+  for (const auto& [key, value] : texts) sd_bus_message_append(reply, "{ss}", key.c_str(), value.c_str());
+  return sd_bus_message_close_container(reply);
+}
+
+// Sends a reply that `fill` fills.
+template <typename Fill>
+int replyWith(sd_bus_message* call, const Fill& fill) {
+  sd_bus_message* handle = nullptr;
+  sd_bus_message_new_method_return(call, &handle);
+  const MessagePtr reply(handle);
+  fill(handle);
+  return sd_bus_send(nullptr, handle, nullptr);
+}
+
+}  // namespace
+
+FakeApplication::FakeApplication(std::string toolkit, std::string version)
+    : toolkit_(std::move(toolkit)), version_(std::move(version)), bus_(connect()) {
+  sd_bus_add_filter(bus_.get(), nullptr, onMessage, this);
+  const char* name = nullptr;
+  sd_bus_get_unique_name(bus_.get(), &name);
+  name_ = name;
+  set("root", {.role = 75, .name = "fake"});
+  thread_ = std::thread([this] { serve(); });
+}
+
+FakeApplication::~FakeApplication() {
+  isEnding_ = true;
+  thread_.join();
+}
+
+void FakeApplication::serve() {
+  while (!isEnding_) {
+    while (sd_bus_process(bus_.get(), nullptr) > 0) {
+    }
+    if (!isSilent_) answerKept();
+    std::vector<std::function<void()>> outgoing;
+    {
+      const std::lock_guard lock(mutex_);
+      outgoing.swap(outgoing_);
+    }
+    for (const auto& send : outgoing) send();
+    sd_bus_wait(bus_.get(), turnMicroseconds);
+  }
+}
+
+void FakeApplication::answerKept() {
+  auto kept = std::exchange(kept_, {});
+  for (const auto& call : kept) {
+    sd_bus_message_rewind(call.get(), 1);
+    handle(call.get());
+  }
+}
+
+void FakeApplication::set(const std::string& key, FakeElement element) {
+  const std::lock_guard lock(mutex_);
+  elements_.insert_or_assign(key, std::move(element));
+}
+
+void FakeApplication::remove(const std::string& key) {
+  const std::lock_guard lock(mutex_);
+  elements_.erase(key);
+}
+
+std::string FakeApplication::pathOf(const std::string& key) const { return pathPrefix + (key.empty() ? "root" : key); }
+
+AtspiReference FakeApplication::reference(const std::string& key) const { return {name_, pathOf(key)}; }
+
+void FakeApplication::answer(const std::string& member, Answer answer) {
+  const std::lock_guard lock(mutex_);
+  answers_[member] = std::move(answer);
+}
+
+int FakeApplication::calls(const std::string& member) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = calls_.find(member);
+  return found == calls_.end() ? 0 : found->second;
+}
+
+int FakeApplication::calls() const {
+  const std::lock_guard lock(mutex_);
+  int sum = 0;
+  for (const auto& [member, count] : calls_) sum += count;
+  return sum;
+}
+
+void FakeApplication::sendEvent(const std::string& key, const char* member, const char* detail, int detail1) {
+  const std::lock_guard lock(mutex_);
+  outgoing_.push_back([this, path = pathOf(key), member, detail, detail1] {
+    sd_bus_emit_signal(bus_.get(), path.c_str(), "org.a11y.atspi.Event.Object", member, "siiva{sv}", detail, detail1, 0,
+                       "i", 0, 0);
+  });
+}
+
+int FakeApplication::onMessage(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+  auto& application = *static_cast<FakeApplication*>(self);
+  if (sd_bus_message_is_method_call(message, nullptr, nullptr) <= 0) return 0;
+  if (!application.isSilent_) return application.handle(message);
+  application.kept_.emplace_back(sd_bus_message_ref(message));
+  return 1;
+}
+
+int FakeApplication::handle(sd_bus_message* call) {
+  std::string member = sd_bus_message_get_member(call);
+  const char* property = nullptr;
+  if (member == "Get" && sd_bus_message_read(call, "ss", nullptr, &property) >= 0) member = property;
+  Answer own;
+  {
+    const std::lock_guard lock(mutex_);
+    ++calls_[member];
+    if (const auto found = answers_.find(member); found != answers_.end()) own = found->second;
+  }
+  if (own && own(call) >= 0) return 1;
+  if (!isKnown(call)) {
+    sd_bus_reply_method_errorf(call, "org.freedesktop.DBus.Error.UnknownObject", "gone");
+  } else if (property ? replyProperty(call, member) < 0 : replyMethod(call, member) < 0) {
+    sd_bus_reply_method_errorf(call, "org.freedesktop.DBus.Error.UnknownMethod", "unknown");
+  }
+  return 1;
+}
+
+bool FakeApplication::isKnown(sd_bus_message* call) const {
+  const std::lock_guard lock(mutex_);
+  return elements_.contains(keyOf(sd_bus_message_get_path(call)));
+}
+
+FakeElement FakeApplication::elementOf(sd_bus_message* call) const {
+  const std::lock_guard lock(mutex_);
+  return elements_.at(keyOf(sd_bus_message_get_path(call)));
+}
+
+int FakeApplication::replyReference(sd_bus_message* call, const std::string& key) {
+  return sd_bus_reply_method_return(call, "(so)", name_.c_str(), pathOf(key).c_str());
+}
+
+int FakeApplication::replyProperty(sd_bus_message* call, const std::string& property) {
+  const auto element = elementOf(call);
+  const auto text = [call](const std::string& value) {
+    return sd_bus_reply_method_return(call, "v", "s", value.c_str());
+  };
+  const auto number = [call](std::size_t value) {
+    return sd_bus_reply_method_return(call, "v", "i", static_cast<std::int32_t>(value));
+  };
+  if (property == "Name") return text(element.name);
+  if (property == "Description") return text(element.description);
+  if (property == "ToolkitName") return text(toolkit_);
+  if (property == "Version") return text(version_);
+  if (property == "ChildCount") return number(element.children.size());
+  if (property == "CharacterCount") return number(element.text.size());
+  if (property == "NActions") return number(element.actions.size());
+  if (property == "CurrentValue") return sd_bus_reply_method_return(call, "v", "d", element.value);
+  if (property == "Parent") {
+    return sd_bus_reply_method_return(call, "v", "(so)", name_.c_str(), pathOf(element.parent).c_str());
+  }
+  return -1;
+}
+
+int FakeApplication::replyMethod(sd_bus_message* call, const std::string& member) {
+  const auto element = elementOf(call);
+  if (member == "GetRole") return sd_bus_reply_method_return(call, "u", element.role);
+  if (member == "GetLocalizedRoleName") return sd_bus_reply_method_return(call, "s", "some role");
+  if (member == "GetText") return sd_bus_reply_method_return(call, "s", element.text.c_str());
+  if (member == "GetStringAtOffset") {
+    return sd_bus_reply_method_return(call, "sii", element.displayedText.c_str(), 0, 0);
+  }
+  if (member == "GetState") {
+    return sd_bus_reply_method_return(call, "au", 2, static_cast<std::uint32_t>(element.states),
+                                      static_cast<std::uint32_t>(element.states >> 32));
+  }
+  if (member == "GetAttributes") {
+    return replyWith(call, [&](sd_bus_message* reply) { appendTexts(reply, element.attributes); });
+  }
+  if (member == "GetInterfaces") {
+    return replyWith(call, [&](sd_bus_message* reply) {
+      sd_bus_message_open_container(reply, 'a', "s");
+      for (const auto& one : element.interfaces) sd_bus_message_append(reply, "s", ("org.a11y.atspi." + one).c_str());
+      sd_bus_message_close_container(reply);
+    });
+  }
+  if (member == "GetRelationSet") {
+    return replyWith(call, [&](sd_bus_message* reply) {
+      sd_bus_message_open_container(reply, 'a', "(ua(so))");
+      for (const auto& [type, key] : element.relations) {
+        sd_bus_message_append(reply, "(ua(so))", type, 1, name_.c_str(), pathOf(key).c_str());
+      }
+      sd_bus_message_close_container(reply);
+    });
+  }
+  if (member == "GetChildren") {
+    return replyWith(call, [&](sd_bus_message* reply) {
+      sd_bus_message_open_container(reply, 'a', "(so)");
+      for (const auto& key : element.children) {
+        sd_bus_message_append(reply, "(so)", name_.c_str(), pathOf(key).c_str());
+      }
+      sd_bus_message_close_container(reply);
+    });
+  }
+  std::int32_t index = 0;
+  if (member == "GetChildAtIndex" && sd_bus_message_read(call, "i", &index) >= 0) {
+    return replyReference(call, element.children.at(static_cast<std::size_t>(index)));
+  }
+  if (member == "GetName" && sd_bus_message_read(call, "i", &index) >= 0) {
+    return sd_bus_reply_method_return(call, "s", element.actions.at(static_cast<std::size_t>(index)).c_str());
+  }
+  return -1;
+}
+
+}  // namespace norra::linux_desktop

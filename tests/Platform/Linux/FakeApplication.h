@@ -1,0 +1,94 @@
+// An application on the accessibility bus as a test wants it: well-behaved, silent, or hostile.
+#pragma once
+
+#include <systemd/sd-bus.h>
+
+#include <atomic>
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "Platform/Linux/AtspiReference.h"
+#include "Platform/Linux/SessionBus.h"
+
+namespace norra::linux_desktop {
+
+struct FakeElement {
+  std::uint32_t role = 20;
+  std::string name = {};
+  std::string description = {};
+  std::uint64_t states = 0;
+  std::vector<std::string> interfaces = {};  // "Text" for org.a11y.atspi.Text
+  std::string parent = {};                   // a key; empty: the root
+  std::vector<std::string> children = {};    // keys
+  std::map<std::string, std::string> attributes = {};
+  std::vector<std::pair<std::uint32_t, std::string>> relations = {};  // type and key
+  std::string text = {};
+  std::string displayedText = {};
+  std::vector<std::string> actions = {};
+  double value = 0;
+};
+
+/// Served by a thread of its own from construction to destruction, on the bus of AT_SPI_BUS_ADDRESS.
+class FakeApplication {
+ public:
+  /// Answers one call itself; negative: the usual answer is given.
+  using Answer = std::function<int(sd_bus_message* call)>;
+
+  explicit FakeApplication(std::string toolkit = "gtk", std::string version = "3.24.38");
+  ~FakeApplication();
+  FakeApplication(const FakeApplication&) = delete;
+  FakeApplication& operator=(const FakeApplication&) = delete;
+
+  void set(const std::string& key, FakeElement element);
+  void remove(const std::string& key);
+  AtspiReference reference(const std::string& key) const;
+
+  /// Answers calls of this method, or of this property's Get, in its own way.
+  void answer(const std::string& member, Answer answer);
+  /// Calls that come from now on are kept, and answered only when it is no longer silent.
+  void setSilent(bool silent) { isSilent_ = silent; }
+  /// How often a method was called, or a property read.
+  int calls(const std::string& member) const;
+  int calls() const;
+
+  /// Sends an event of org.a11y.atspi.Event.Object.
+  void sendEvent(const std::string& key, const char* member, const char* detail, int detail1);
+
+ private:
+  void serve();
+  void answerKept();
+  int handle(sd_bus_message* call);
+  int reply(sd_bus_message* call, const std::string& member);
+  int replyProperty(sd_bus_message* call, const std::string& property);
+  int replyMethod(sd_bus_message* call, const std::string& member);
+  int replyReference(sd_bus_message* call, const std::string& key);
+  FakeElement elementOf(sd_bus_message* call) const;
+  bool isKnown(sd_bus_message* call) const;
+  std::string pathOf(const std::string& key) const;
+  static int onMessage(sd_bus_message* message, void* self, sd_bus_error* error);
+
+  const std::string toolkit_;
+  const std::string version_;
+  BusPtr bus_;
+  std::string name_;
+
+  mutable std::mutex mutex_;
+  // guarded by mutex_
+  std::map<std::string, FakeElement> elements_;
+  std::map<std::string, Answer> answers_;
+  std::map<std::string, int> calls_;
+  std::vector<std::function<void()>> outgoing_;
+
+  std::atomic<bool> isSilent_ = false;
+  std::atomic<bool> isEnding_ = false;
+  std::vector<MessagePtr> kept_;  // of the thread
+  std::thread thread_;
+};
+
+}  // namespace norra::linux_desktop
