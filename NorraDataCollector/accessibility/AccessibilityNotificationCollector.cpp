@@ -94,9 +94,9 @@ void AccessibilityNotificationCollector::handle(const AXUIElement& element, std:
 }
 
 void AccessibilityNotificationCollector::changedValue(const AXUIElement& element) {
-  const auto text = FocusedElementData::valueToText(ax::value(element, attribute::value));
+  auto text = FocusedElementData::valueToText(ax::value(element, attribute::value));
   if (!text) return;
-  if (focusedElementData_) focusedElementData_->setText(*text);
+  if (focusedElementData_) focusedElementData_->setText(*std::move(text));
   drainTextDebouncer().debounce();
 }
 

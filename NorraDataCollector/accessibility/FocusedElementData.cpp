@@ -25,12 +25,13 @@ FocusedElementData::FocusedElementData(const AXUIElement& element)
       initialText_(masked(valueToText(ax::value(element, attribute::value)).value_or(""))),
       text_(initialText_) {}
 
-std::optional<std::string> FocusedElementData::valueToText(const AXAttributeValue& value) {
+std::optional<std::string> FocusedElementData::valueToText(AXAttributeValue value) {
   if (std::holds_alternative<std::monostate>(value)) return std::nullopt;
+  if (auto* text = std::get_if<std::string>(&value)) return std::move(*text);
   return description(value);
 }
 
-std::string FocusedElementData::masked(const std::string& text) const {
+std::string FocusedElementData::masked(std::string text) const {
   if (!shouldTrackValue_) return {};
   return isPassword_ ? std::string(characterCount(text), '*') : text;
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "Platform/Accessibility.h"
@@ -18,7 +19,7 @@ class FocusedElementData {
   explicit FocusedElementData(const AXUIElement& element);
 
   /// A value as a text; nothing for nothing.
-  static std::optional<std::string> valueToText(const AXAttributeValue& value);
+  static std::optional<std::string> valueToText(AXAttributeValue value);
 
   const AXUIElement& element() const { return element_; }
   const std::string& role() const { return role_; }
@@ -28,17 +29,17 @@ class FocusedElementData {
 
   /// The current value, masked.
   const std::string& text() const { return text_; }
-  void setText(const std::string& text) { text_ = masked(text); }
+  void setText(std::string text) { text_ = masked(std::move(text)); }
   /// The value as last reported, masked.
   const std::string& initialText() const { return initialText_; }
-  void setInitialText(const std::string& text) { initialText_ = masked(text); }
+  void setInitialText(std::string text) { initialText_ = masked(std::move(text)); }
 
   /// The selection seen last, and the text of the rows reported last; empty at first.
   std::vector<AXUIElement> lastSelectedElements;
   std::string lastSelectedString;
 
  private:
-  std::string masked(const std::string& text) const;
+  std::string masked(std::string text) const;
 
   AXUIElement element_;
   std::string role_;

@@ -21,14 +21,6 @@ Data selectionOf(const AXUIElement& element) {
   return data;
 }
 
-/// Whether the selection is another than the last one; from then on it is the last one.
-bool takeSelection(FocusedElementData* focused, const std::vector<AXUIElement>& selected) {
-  if (focused == nullptr) return true;
-  if (focused->lastSelectedElements == selected) return false;
-  focused->lastSelectedElements = selected;
-  return true;
-}
-
 bool takeSelectedString(FocusedElementData* focused, const std::string& selected) {
   if (focused == nullptr) return true;
   if (areCanonicallyEquivalent(focused->lastSelectedString, selected)) return false;
@@ -42,9 +34,10 @@ template <typename Data>
 std::optional<Action> changedSelectedElements(const AXUIElement& element, FocusedElementData* focused,
                                               std::string_view attribute, NamesJoiner joinedNames) {
   auto data = selectionOf<Data>(element);
-  const auto selected = ax::elements(element, attribute);
-  if (!takeSelection(focused, selected)) return std::nullopt;
+  auto selected = ax::elements(element, attribute);
+  if (focused != nullptr && focused->lastSelectedElements == selected) return std::nullopt;
   data.newValue = joinedNames(selected);
+  if (focused != nullptr) focused->lastSelectedElements = std::move(selected);
   return data;
 }
 

@@ -14,6 +14,9 @@ constexpr std::string_view continuation = ", ...";
 constexpr std::size_t brackets = 2;
 constexpr std::size_t quotes = 2;
 
+/// Elements without a name use up none of the budget, but looking for one takes the application's time.
+constexpr std::size_t maxNamelessElements = 1000;
+
 void appendQuoted(std::string& list, std::string_view name) {
   if (list.size() > 1) list += separator;
   list.append("\"").append(name).append("\"");
@@ -52,9 +55,13 @@ std::string joinedLazilyCollectedNames(const std::function<std::optional<std::st
   if (elementsCount == 0) return "[]";
   std::string list = "[";
   if (const auto first = trim(collect(0), roomForFirstName(elementsCount == 1))) appendQuoted(list, *first);
-  for (std::size_t index = 1; index < elementsCount; ++index) {
+  std::size_t namelessElements = 0;
+  for (std::size_t index = 1; index < elementsCount && namelessElements < maxNamelessElements; ++index) {
     const auto name = collect(index);
-    if (!name) continue;
+    if (!name) {
+      ++namelessElements;
+      continue;
+    }
     if (!hasRoom(list, *name, index + 1 == elementsCount)) return list.append(continuation).append("]");
     appendQuoted(list, *name);
   }

@@ -16,7 +16,8 @@ std::optional<std::string> collectRowOrColumnName(const AXUIElement& rowOrColumn
 std::optional<std::string> collectListItemName(const AXUIElement& listItem);
 
 /// Joins the names that `collect` gives for the indices from 0, asking only while there is room in the budget of
-/// maxLogStringCount characters. An index without a name is left out; names are quoted and not escaped.
+/// maxLogStringCount characters, and not without end for names that there are not. An index without a name is left out;
+/// names are quoted and not escaped.
 std::string joinedLazilyCollectedNames(const std::function<std::optional<std::string>(std::size_t)>& collect,
                                        std::size_t elementsCount);
 

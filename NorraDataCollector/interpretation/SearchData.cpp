@@ -12,6 +12,8 @@ namespace norra {
 namespace {
 
 constexpr int maxWalkedElements = 6;
+/// More than any menu has; a hostile application may have more.
+constexpr std::size_t maxMenuLevels = 1000;
 
 constexpr std::array tableRoles{role::table, role::outline, role::grid};
 constexpr std::array groupRoles{role::tabGroup, role::radioGroup};
@@ -136,13 +138,14 @@ bool leadsToMenuItem(std::string_view role) {
   return role == role::menu || role == role::menuBarItem || role == role::menuItem;
 }
 
-/// A chain of parents that comes back to where it was is followed once.
+/// A chain of parents that comes back to where it was is followed once, and one without an end only so far.
 class MenuChain {
  public:
   explicit MenuChain(const AXUIElement& menuItem) : visited_{menuItem} {}
 
   /// The next element up; nothing at the end.
   std::optional<AXUIElement> next() {
+    if (visited_.size() == maxMenuLevels) return std::nullopt;
     auto parent = ax::parent(visited_.back());
     if (!parent || std::ranges::find(visited_, *parent) != visited_.end()) return std::nullopt;
     visited_.push_back(*parent);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 #include <memory>
 
 namespace norra {
@@ -61,6 +62,30 @@ Prefix prefix(std::string_view text, std::size_t count) {
   return result;
 }
 
+/// Whether the text decomposes the same whatever stands before it.
+bool standsForItself(std::string_view text) {
+  if (text.empty() || isASCII(text.front())) return true;
+  const auto first = firstCodePoint(text);
+  const auto* const property = utf8proc_get_property(first.value);
+  constexpr auto noDecomposition = std::numeric_limits<utf8proc_uint16_t>::max();
+  return first.isValid && property->combining_class == 0 && property->decomp_seqindex == noDecomposition;
+}
+
+void takeOffCommonBeginning(std::string_view& left, std::string_view& right) {
+  auto size = static_cast<std::size_t>(std::ranges::mismatch(left, right).in1 - left.begin());
+  while (size > 0 && !(standsForItself(left.substr(size)) && standsForItself(right.substr(size)))) --size;
+  left.remove_prefix(size);
+  right.remove_prefix(size);
+}
+
+void takeOffCommonEnd(std::string_view& left, std::string_view& right) {
+  const auto end = std::mismatch(left.rbegin(), left.rend(), right.rbegin(), right.rend()).first;
+  auto size = static_cast<std::size_t>(end - left.rbegin());
+  while (!standsForItself(left.substr(left.size() - size))) --size;
+  left.remove_suffix(size);
+  right.remove_suffix(size);
+}
+
 struct Free {
   void operator()(utf8proc_uint8_t* text) const noexcept { std::free(text); }
 };
@@ -85,6 +110,8 @@ std::string_view firstCharacters(std::string_view text, std::size_t count) {
 
 bool areCanonicallyEquivalent(std::string_view left, std::string_view right) {
   if (left == right) return true;
+  takeOffCommonBeginning(left, right);
+  takeOffCommonEnd(left, right);
   if (std::ranges::all_of(left, isASCII) && std::ranges::all_of(right, isASCII)) return false;
   std::size_t leftSize = 0;
   std::size_t rightSize = 0;

@@ -55,5 +55,17 @@ TEST(NameLists, AskForNoNameBeyondTheirBudget) {
   EXPECT_EQ(asked, 7U);
 }
 
+TEST(NameLists, LookForNamesThatThereAreNotOnlySoLong) {
+  std::size_t asked = 0;
+  const auto list = joinedLazilyCollectedNames(
+      [&](auto) {
+        ++asked;
+        return std::nullopt;
+      },
+      1'000'000);
+  EXPECT_EQ(list, "[]");
+  EXPECT_LT(asked, 2'000U);
+}
+
 }  // namespace
 }  // namespace norra

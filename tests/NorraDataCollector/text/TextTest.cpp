@@ -39,8 +39,19 @@ TEST(Text, ComparesByCanonicalEquivalence) {
   EXPECT_TRUE(areCanonicallyEquivalent("\u212b", "A\u030a"));
   EXPECT_FALSE(areCanonicallyEquivalent("e", "\u00e9"));
   EXPECT_FALSE(areCanonicallyEquivalent("\ufb01", "fi"));  // only compatible
+  EXPECT_TRUE(areCanonicallyEquivalent("\uac01", "\u1100\u1161\u11a8"));
   EXPECT_FALSE(areCanonicallyEquivalent("\xff", "\xfe"));
   EXPECT_TRUE(areCanonicallyEquivalent("\xff", "\xff"));
+}
+
+TEST(Text, ComparesMarksWithTheirLettersWhateverSurroundsThem) {
+  EXPECT_TRUE(areCanonicallyEquivalent("ab\u00e9cd", "abe\u0301cd"));
+  EXPECT_TRUE(areCanonicallyEquivalent("\u00e9\u0323b", "\u1eb9\u0301b"));
+  EXPECT_TRUE(areCanonicallyEquivalent("a\u0301\u0323", "a\u0323\u0301"));
+  EXPECT_TRUE(areCanonicallyEquivalent("\u6f22a\u0301\u0323\u6f22", "\u6f22a\u0323\u0301\u6f22"));
+  EXPECT_FALSE(areCanonicallyEquivalent("a\u0301\u0301", "a\u0301"));
+  EXPECT_FALSE(areCanonicallyEquivalent("e", "e\u0301"));
+  EXPECT_FALSE(areCanonicallyEquivalent("", "\u0301"));
 }
 
 TEST(Text, KnowsUTF8) {
