@@ -23,9 +23,6 @@ std::vector<std::string> kindNames() {
   return names;
 }
 
-/// As a word of the help: one|other.
-std::string choice(const std::vector<std::string>& names) { return CLI::detail::join(names, "|"); }
-
 /// What CLI11 fills in.
 struct Given {
   CollectOptions options;
@@ -39,7 +36,7 @@ void declare(CLI::App& app, Given& given) {
   app.set_version_flag("--version", "norra-collect " NORRA_VERSION);
   app.add_option("--format", options.format, "How a report is printed: text for a terminal, else jsonl, unless given")
       ->check(CLI::IsMember(formatNames()))
-      ->option_text(choice(formatNames()));
+      ->option_text(CLI::detail::join(formatNames(), "|"));
   app.add_option("-o,--output", options.outputFile, "Append to this file instead of printing")->option_text("FILE");
   app.add_option("--duration", given.seconds, "Stop after this many seconds")
       ->check(CLI::Range(0.0, 1e9))
@@ -50,9 +47,10 @@ void declare(CLI::App& app, Given& given) {
   app.add_option("--application", options.wanted.applications,
                  "Print reports of this application only, by its name or identifier; may be repeated")
       ->option_text("NAME");
-  app.add_option("--kind", given.kinds, "Print reports of this kind only; may be repeated")
+  app.add_option("--kind", given.kinds,
+                 "Print reports of this kind only; may be repeated; one of " + CLI::detail::join(kindNames(), ", "))
       ->check(CLI::IsMember(kindNames()))
-      ->option_text(choice(kindNames()));
+      ->option_text("KIND");
   app.add_flag("--check", options.checks, "Say whether this desktop is ready, and what to do where it is not");
 }
 

@@ -95,10 +95,13 @@ int main(int argc, char** argv) {
   Arguments arguments;
   CLI::App app(
       "Makes one HTML page from a session that norra-collect recorded. The page needs no network. Lines that cannot be "
-      "read are named on standard error and passed over; the exit status is then 1.");
-  app.add_option("SESSION", arguments.session, "The session, one report a line; - for standard input")->required();
-  app.add_option("-o,--output", arguments.output, "The page to write; - for standard output")->capture_default_str();
-  app.add_option("--title", arguments.title, "The page's title")->capture_default_str();
+      "read are named on standard error and passed over; the exit status is then 1.",
+      "norra-report");
+  app.add_option("SESSION", arguments.session, "The session, one report a line; - for standard input")
+      ->required()
+      ->option_text(" ");
+  app.add_option("-o,--output", arguments.output, "The page to write; - for standard output")->option_text("FILE");
+  app.add_option("--title", arguments.title, "The page's title")->option_text("TEXT");
   app.add_flag("--strict", arguments.isStrict, "End at the first line that cannot be read, without a page");
   app.set_version_flag("--version", "norra-report " NORRA_VERSION);
   try {

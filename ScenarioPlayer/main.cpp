@@ -62,11 +62,15 @@ int run(const Arguments& arguments) {
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
   Arguments arguments;
-  CLI::App app("Plays a scenario file through the collector service on a simulated desktop and prints what it does.");
-  app.add_option("FILE", arguments.file, "The file; - for standard input")->required();
-  auto* decode = app.add_flag("--decode", arguments.decodes, "Read one report a line and write it again");
+  CLI::App app("Plays a scenario file through the collector service on a simulated desktop and prints what it does.",
+               "norra-scenario");
+  app.set_version_flag("--version", "norra-scenario " NORRA_VERSION);
+  app.add_option("FILE", arguments.file, "The file; - for standard input")->required()->option_text(" ");
+  auto* decode =
+      app.add_flag("--decode", arguments.decodes, "Read one report a line and write it again")->option_text(" ");
   app.add_flag("--calls", arguments.playing.printsCalls, "Count the accessibility calls of each step")
-      ->excludes(decode);
+      ->excludes(decode)
+      ->option_text(" ");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -7,7 +7,8 @@ import sys
 from dataclasses import dataclass
 
 OPTION = re.compile(r"^  (-\S+)(?: (\S.*?))?(?:  +(\S.*))?$")
-CHOICES = re.compile(r"\{([^}]*)\}|^([\w-]+(?:\|[\w-]+)+)$")
+VALUES = re.compile(r"^[\w-]+(?:\|[\w-]+)+$")  # as FORMAT: jsonl|text
+ONE_OF = re.compile(r"\bone of ([\w-]+(?:, [\w-]+)+)")
 
 
 @dataclass
@@ -17,8 +18,10 @@ class Option:
     meaning: str = ""
 
     def choices(self):
-        found = CHOICES.search(self.value)
-        return re.split(r"[,|]", found.group(1) or found.group(2)) if found else []
+        if VALUES.match(self.value):
+            return self.value.split("|")
+        listed = ONE_OF.search(self.meaning)
+        return listed.group(1).split(", ") if listed else []
 
     def takes_file(self):
         return "FILE" in self.value
@@ -82,7 +85,9 @@ def zsh(program):
         exclusive = "" if len(option.names) == 1 else f"'({' '.join(option.names)})'"
         action = f"({' '.join(option.choices())})" if option.choices() else "_files" if option.takes_file() else ""
         value = f":{quoted(re.sub(r'[^A-Za-z].*', '', option.value)).lower() or 'value'}:{action}" if option.value else ""
-        lines.append(f"  {exclusive}{name}'[{quoted(option.meaning)}]{value}'")
+        meaning = quoted(re.sub(r";? *\bone of .*", "", option.meaning))
+        repeated = "'*'" if "may be repeated" in option.meaning else exclusive
+        lines.append(f"  {repeated}{name}'[{meaning}]{value}'")
     if program.takes_files:
         lines.append("  '*:file:_files'")
     return "\n".join([f"#compdef {program.name}", "_arguments \\", " \\\n".join(lines), ""])

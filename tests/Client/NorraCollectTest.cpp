@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <fstream>
 #include <nlohmann/json.hpp>
 
 #include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
@@ -67,6 +68,53 @@ TEST_F(NorraCollectTest, StopsByItselfAfterTheDuration) {
   EXPECT_THAT(collect.nextLine().value_or(""), HasSubstr("Collection started"));
   EXPECT_THAT(collect.nextLine().value_or(""), HasSubstr("Collection stopped"));
   EXPECT_EQ(collect.waitForEnd(), 0);
+}
+
+TEST_F(NorraCollectTest, PausesAndResumesOnSignals) {
+  RunningProgram collect("norra-collect");
+  EXPECT_EQ(undated(collect.nextLine()), start);
+  for (int round = 0; round < 2; ++round) {
+    collect.signal(SIGUSR1);
+    EXPECT_EQ(undated(collect.nextLine()), stop);
+    collect.signal(SIGUSR2);
+    EXPECT_EQ(undated(collect.nextLine()), start);
+  }
+  collect.signal(SIGUSR1);
+  EXPECT_EQ(undated(collect.nextLine()), stop);
+  collect.signal(SIGINT);
+  EXPECT_EQ(collect.nextLine(), std::nullopt) << "a paused collector has nothing more to report";
+  EXPECT_EQ(collect.waitForEnd(), 0);
+  EXPECT_FALSE(isServiceRunning());
+}
+
+TEST_F(NorraCollectTest, AppendsToAFileAndEndsAfterACount) {
+  const linux_desktop::TemporaryFolder folder;
+  const auto path = (folder.path() / "session.jsonl").string();
+  for (const auto& lines : {std::vector{start}, std::vector{start, start}}) {
+    RunningProgram collect("norra-collect", {"--output", path, "--count", "1"});
+    EXPECT_EQ(collect.nextLine(), std::nullopt);
+    EXPECT_EQ(collect.waitForEnd(), 0);
+    EXPECT_FALSE(isServiceRunning());
+    std::ifstream in(path);
+    std::vector<std::string> written;
+    for (std::string line; std::getline(in, line);) written.push_back(undated(line));
+    EXPECT_EQ(written, lines);
+  }
+}
+
+TEST_F(NorraCollectTest, PrintsOnlyTheKindsThatAreWanted) {
+  RunningProgram collect("norra-collect", {"--kind", "Click", "--duration", "0.01"});
+  EXPECT_EQ(collect.nextLine(), std::nullopt);
+  EXPECT_EQ(collect.waitForEnd(), 0);
+}
+
+TEST_F(NorraCollectTest, ChecksWhatIsThereAndSaysWhatToDo) {
+  RunningProgram check("norra-collect", {"--check"});
+  EXPECT_EQ(check.nextLine(), "ready    session bus");
+  EXPECT_EQ(check.nextLine(), "ready    service");
+  EXPECT_THAT(check.nextLine().value_or(""), MatchesRegex("missing  display .*Run this inside an X11 session.*"));
+  EXPECT_EQ(check.waitForEnd(), 1);
+  EXPECT_FALSE(isServiceRunning());
 }
 
 TEST_F(NorraCollectTest, ReportsAServiceThatEndsWhileItCollects) {

@@ -1,0 +1,40 @@
+# Manual pages and completions, made from what the programs say with --help.
+find_program(HELP2MAN help2man)
+find_package(Python3 COMPONENTS Interpreter)
+
+# program_pages(PROGRAM SUMMARY): packaging/man/PROGRAM.h2m holds what the help does not say.
+function(program_pages program summary)
+  set(made)
+  if(HELP2MAN)
+    set(page ${CMAKE_CURRENT_BINARY_DIR}/${program}.1)
+    set(more ${CMAKE_CURRENT_SOURCE_DIR}/man/${program}.h2m)
+    add_custom_command(OUTPUT ${page}.gz
+      COMMAND ${HELP2MAN} --no-info --name=${summary} --manual=Norra --source=${PROJECT_NAME}\ ${PROJECT_VERSION}
+              --include=${more} --output=${page} $<TARGET_FILE:${program}>
+      COMMAND gzip -9nf ${page}
+      DEPENDS ${program} ${more} VERBATIM)
+    install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+    list(APPEND made ${page}.gz)
+  endif()
+  if(Python3_Interpreter_FOUND)
+    set(generator ${CMAKE_CURRENT_SOURCE_DIR}/completion.py)
+    foreach(shell bash zsh)
+      set(completion ${CMAKE_CURRENT_BINARY_DIR}/completion/${shell}/${program})
+      add_custom_command(OUTPUT ${completion}
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/completion/${shell}
+        COMMAND ${Python3_EXECUTABLE} ${generator} ${shell} $<TARGET_FILE:${program}> > ${completion}
+        DEPENDS ${program} ${generator} VERBATIM)
+      list(APPEND made ${completion})
+    endforeach()
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/completion/bash/${program}
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+    install(FILES ${CMAKE_CURRENT_BINARY_DIR}/completion/zsh/${program} RENAME _${program}
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+  endif()
+  add_custom_target(${program}-pages ALL DEPENDS ${made})
+endfunction()
+
+program_pages(norra-collect "print what is done in the applications of this desktop")
+program_pages(norra-collector-service "watch what is done in the applications of this desktop")
+program_pages(norra-report "make a page to look at from a recorded session")
+program_pages(norra-scenario "play a described desktop through the collector service")

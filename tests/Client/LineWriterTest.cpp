@@ -1,0 +1,102 @@
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <fstream>
+#include <sstream>
+
+#include "Client/LineWriter.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+
+namespace norra {
+namespace {
+
+class LineWriterTest : public testing::Test {
+ protected:
+  ~LineWriterTest() override {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+
+  LineWriter open() {
+    descriptor_ = LineWriter::open(path_).descriptor;
+    return LineWriter(descriptor_);
+  }
+  void put(const std::string& content) const { std::ofstream(path_) << content; }
+  std::string content() const {
+    std::ostringstream all;
+    all << std::ifstream(path_).rdbuf();
+    return all.str();
+  }
+
+  linux_desktop::TemporaryFolder folder_;
+  const std::string path_ = (folder_.path() / "lines").string();
+  int descriptor_ = -1;
+};
+
+/// Lets no file of this process grow beyond a size, as on a full disk.
+class FileSizeLimit {
+ public:
+  explicit FileSizeLimit(rlim_t size) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    set(size);
+  }
+  ~FileSizeLimit() { set(before_.rlim_cur); }
+  FileSizeLimit(const FileSizeLimit&) = delete;
+  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+  void set(rlim_t size) const {
+    const rlimit limit{size, before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+
+ private:
+  rlimit before_{};
+};
+
+TEST_F(LineWriterTest, AppendsWholeLinesAndEndsAnUnfinishedOne) {
+  put("old");
+  auto writer = open();
+  EXPECT_FALSE(writer.isAtBeginning());
+  EXPECT_EQ(writer.write("new"), 0);
+  EXPECT_EQ(content(), "old\nnew\n");
+}
+
+TEST_F(LineWriterTest, MakesAFileThatOnlyItsOwnerCanRead) {
+  EXPECT_TRUE(open().isAtBeginning());
+  struct stat status {};
+  ASSERT_EQ(stat(path_.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777, 0600U);
+}
+
+TEST_F(LineWriterTest, SaysWhyAFileCannotBeOpened) {
+  const auto [descriptor, problem] = LineWriter::open(folder_.path().string());
+  EXPECT_LT(descriptor, 0);
+  EXPECT_THAT(problem, testing::HasSubstr("Is a directory"));
+}
+
+TEST_F(LineWriterTest, TearsNoLineWhereTheRoomEnds) {
+  auto writer = open();
+  const FileSizeLimit limit(6);
+  EXPECT_EQ(writer.write("one"), 0);
+  EXPECT_EQ(writer.write("two"), EFBIG) << "two bytes fit";
+  EXPECT_EQ(writer.write("lost"), EFBIG);
+  EXPECT_EQ(content(), "one\ntw");
+  limit.set(100);
+  EXPECT_EQ(writer.write("three"), 0);
+  EXPECT_EQ(content(), "one\ntwo\nthree\n");
+}
+
+TEST(LineWriter, LosesALineOfWhichNothingWasWritten) {
+  const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
+  LineWriter writer(full);
+  EXPECT_EQ(writer.write("a"), ENOSPC);
+  EXPECT_EQ(writer.write("b"), ENOSPC);
+  close(full);
+}
+
+}  // namespace
+}  // namespace norra
