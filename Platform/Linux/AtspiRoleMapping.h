@@ -22,7 +22,7 @@ struct RoleAndSubrole {
 struct RoleSurroundings {
   Toolkit toolkit = Toolkit::other;
   /// Of the element that this one lies in; nothing where it was not asked for. See roleDependsOnParent.
-  std::optional<AtspiRole> parentRole;
+  std::optional<AtspiRole> parentRole = std::nullopt;
   /// Whether radio buttons lie in this element.
   bool holdsRadioButtons = false;
   /// Whether it is, or ever was, a field whose text is hidden.

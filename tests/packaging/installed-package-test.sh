@@ -61,7 +61,7 @@ in_session() {
 }
 
 check_collecting() {
-  in_session "$source/tests/examples/check-client.sh" /usr/share/doc/$package/examples/python/collect.py || fail "the client"
+  in_session "$source/tests/examples/check-client.sh" /usr/bin/python3 /usr/share/doc/$package/examples/python/collect.py || fail "the client"
   in_session sh -c "norra-collect --output $folder/session.jsonl --duration 1 &&
     busctl --user --activatable list | grep -q '^$service '" || fail "norra-collect"
   [ "$(wc -l <"$folder/session.jsonl")" -eq 2 ] || fail "a session of other than two reports"
@@ -76,7 +76,7 @@ check_collecting() {
 
 pack
 traces >"$folder/before"
-apt install -y --no-download "$folder"/packages/*.deb || fail "the packages cannot be installed"
+apt install -y "$folder"/packages/*.deb || fail "the packages cannot be installed"
 check_files
 check_pages
 check_collecting
