@@ -41,6 +41,7 @@ void AtspiContext::noteMissing(const WindowOnScreen& window) {
 void AtspiContext::forget(const std::string& busName) {
   applications.remove(busName);
   focus.forget(busName);
+  selectedItems.forget(busName);
   shared.resting.showedLife(busName);
 }
 

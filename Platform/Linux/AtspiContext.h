@@ -14,6 +14,7 @@
 #include "Platform/Linux/FocusMemory.h"
 #include "Platform/Linux/HighlightedItems.h"
 #include "Platform/Linux/KnownTopLevels.h"
+#include "Platform/Linux/SelectedItems.h"
 #include "Platform/Linux/WindowsOnScreen.h"
 
 namespace norra::linux_desktop {
@@ -53,6 +54,7 @@ class AtspiContext {
   FocusMemory focus;
   HighlightedItems highlightedItems;
   KnownTopLevels topLevels;
+  SelectedItems selectedItems;
   WindowsOnScreen& windows;
 
  private:

@@ -11,9 +11,14 @@ namespace {
 constexpr std::uint64_t pauseBeforeReconnectingMicroseconds = 1'000'000;
 constexpr std::uint64_t accuracyMicroseconds = 100'000;
 
+// Of no use to anybody here.
+constexpr const char* rareEvent = "object:state-changed:defunct";
+
 constexpr const char* nameChangesRule =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
-    "member='NameOwnerChanged',arg2=''";
+    "member='NameOwnerChanged'";
+// From when it is on the bus until it hears that an event is wanted.
+constexpr std::uint64_t applicationStartsMicroseconds = 100'000;
 constexpr const char* registryChangesRule =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
     "member='NameOwnerChanged',arg0='org.a11y.atspi.Registry'";
@@ -59,7 +64,8 @@ class AtspiEvents::Handle final : public Registration {
   const std::list<Subscription>::iterator subscription_;
 };
 
-AtspiEvents::AtspiEvents(sd_event* event, AtspiContext& context) : event_(event), context_(context) {}
+AtspiEvents::AtspiEvents(sd_event* event, AtspiContext& context)
+    : event_(event), context_(context), reminder_(event, [this] { remindApplications(); }) {}
 
 AtspiEvents::~AtspiEvents() = default;
 
@@ -70,6 +76,14 @@ std::unique_ptr<Registration> AtspiEvents::subscribe(AtspiEventKind kind, AtspiE
   listen(*added);
   if (wanted_[added->kind.registryName]++ == 0) wantAtRegistry(added->kind.registryName);
   return std::make_unique<Handle>(*this, added);
+}
+
+// Applications of Qt ask which events are wanted when they start, and hear of later ones only after that. What was
+// wanted in between they learn when they ask anew.
+void AtspiEvents::remindApplications() {
+  if (wanted_.empty()) return;
+  wantAtRegistry(rareEvent);
+  unwantAtRegistry(rareEvent);
 }
 
 void AtspiEvents::end(std::list<Subscription>::iterator subscription) {
@@ -85,6 +99,7 @@ void AtspiEvents::connect() {
   bus_ = context_.shared.bus.connect();
   if (!bus_ || sd_bus_attach_event(bus_.get(), event_, SD_EVENT_PRIORITY_NORMAL) < 0) return reconnectLater();
   watchBus();
+  reminder_.requestAfter(applicationStartsMicroseconds);
   for (auto& subscription : subscriptions_) listen(subscription);
   for (const auto& [name, count] : wanted_) wantAtRegistry(name);
 }
@@ -152,7 +167,15 @@ int AtspiEvents::onEvent(sd_bus_message* message, void* self, sd_bus_error* /*er
 
 int AtspiEvents::onNameChange(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
   auto& events = *static_cast<AtspiEvents*>(self);
-  if (const auto name = readText(message)) events.context_.forget(*name);
+  const auto name = readText(message);
+  readText(message);
+  const auto owner = readText(message);
+  if (!name || !owner) return 0;
+  if (owner->empty()) {
+    events.context_.forget(*name);
+  } else {
+    events.reminder_.requestAfter(applicationStartsMicroseconds);
+  }
   return 0;
 }
 

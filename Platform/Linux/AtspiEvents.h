@@ -9,6 +9,7 @@
 #include <string>
 
 #include "Platform/Linux/AtspiContext.h"
+#include "Platform/Linux/DeferredRun.h"
 #include "Platform/Linux/EventSource.h"
 #include "Platform/Workspace.h"
 
@@ -58,6 +59,7 @@ class AtspiEvents {
   void reconnectLater();
   void listen(Subscription& subscription);
   void watchBus();
+  void remindApplications();
   SlotPtr match(const char* rule, sd_bus_message_handler_t handler);
   void wantAtRegistry(const std::string& registryName);
   void unwantAtRegistry(const std::string& registryName);
@@ -72,6 +74,7 @@ class AtspiEvents {
   sd_event* const event_;
   AtspiContext& context_;
   BusPtr bus_;
+  DeferredRun reminder_;
   SlotPtr nameChanges_;
   SlotPtr registryChanges_;
   SlotPtr disconnection_;

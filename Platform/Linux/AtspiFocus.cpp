@@ -43,6 +43,13 @@ std::vector<AtspiReference> shownChildren(const ElementView& view) {
   return children;
 }
 
+// The current page tab of Qt always says that it is focused.
+bool mayOnlySaySo(const AtspiFacts& facts) { return static_cast<AtspiRole>(facts.role) == AtspiRole::pageTab; }
+
+bool isBetter(const AtspiFacts& facts, const AtspiReference& best) {
+  return isFocused(facts) && (best.isNull() || !mayOnlySaySo(facts));
+}
+
 // Breadth first; the deepest focused element wins, since toolkits call containers focused too.
 AtspiReference searchFocused(const ElementView& window) {
   std::deque<AtspiReference> open{window.reference()};
@@ -52,27 +59,42 @@ AtspiReference searchFocused(const ElementView& window) {
     open.pop_front();
     for (const auto& child : shownChildren(window.other(current))) {
       const auto& facts = window.reader().known(child);
-      if (isFocused(facts)) best = child;
+      if (isBetter(facts, best)) best = child;
       if (isSearched(facts) && facts.childCount > 0) open.push_back(child);
     }
   }
   return best;
 }
 
+// What an application told of holds until it tells of something else; what was found holds while it is so.
+bool isStillFocused(AtspiContext& context, const std::string& busName) {
+  const auto found = context.focus.found(busName);
+  if (!found) return true;
+  const auto& facts = context.reader().read(*found, Asks{Ask::role, Ask::states});
+  return isFocused(facts) && !mayOnlySaySo(facts);
+}
+
 AtspiReference rememberedFocus(AtspiContext& context, ProcessIdentifier process, AtspiReader& reader) {
   for (const auto& name : context.processes.busNamesOf(process, reader)) {
-    if (const auto focused = settleFocus(context, name); !focused.isNull()) return focused;
+    const auto focused = settleFocus(context, name);
+    if (!focused.isNull() && isStillFocused(context, name)) return focused;
   }
   return {};
 }
 
 bool isPartOfMenu(AtspiRole role) { return roleDependsOnParent(role) || role == AtspiRole::popupMenu; }
 
+// The combo box whose list of options this is; null: it is none.
+AtspiReference comboBoxOfList(const ElementView& list) {
+  if (list.role() != AtspiRole::list) return {};
+  const auto parent = list.need(Ask::parent).parent;
+  return list.other(parent).role() == AtspiRole::comboBox ? parent : AtspiReference{};
+}
+
 // An option in the open list of a combo box.
 bool isOption(const ElementView& item) {
   if (item.role() != AtspiRole::listItem) return false;
-  const auto list = item.other(item.need(Ask::parent).parent);
-  return list.other(list.need(Ask::parent).parent).role() == AtspiRole::comboBox;
+  return !comboBoxOfList(item.other(item.need(Ask::parent).parent)).isNull();
 }
 
 void rememberHighlight(const ElementView& item) {
@@ -121,7 +143,10 @@ AtspiReference followedElement(const ElementView& focused) {
   auto above = focused.need(Ask::parent).parent;
   for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
     const auto container = focused.other(above);
-    if (contains(containers, container.role())) return above;
+    if (contains(containers, container.role())) {
+      focused.context().selectedItems.note(above, focused.reference());
+      return above;
+    }
     above = container.need(Ask::parent).parent;
   }
   return focused.reference();
@@ -130,7 +155,9 @@ AtspiReference followedElement(const ElementView& focused) {
 AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
   if (const auto arrived = context.focus.takeArrival(busName)) {
     const ElementView view(context, context.reader(), *arrived);
-    if (isItemOfMenu(view)) {
+    if (const auto comboBox = comboBoxOfList(view); !comboBox.isNull()) {
+      context.highlightedItems.wentToList(*arrived, comboBox, std::chrono::steady_clock::now());
+    } else if (isItemOfMenu(view)) {
       rememberHighlight(view);
     } else {
       context.focus.follow(followedElement(view));
@@ -149,7 +176,7 @@ AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process
   const auto found = searchFocused(ElementView(context, reader, window));
   if (found.isNull()) return {};
   const auto followed = followedElement(ElementView(context, reader, found));
-  context.focus.follow(followed);
+  context.focus.followFound(followed, found);
   return followed;
 }
 

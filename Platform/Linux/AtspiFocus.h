@@ -14,7 +14,8 @@ class ElementView;
 AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process);
 
 /// Looks at the element that events of an application told of last, if that was not done yet, and gives the one that is
-/// followed now; null: none is known. An item of a menu is remembered as such and not followed.
+/// followed now; null: none is known. An item of a menu, or of the list of a combo box, is remembered as such and not
+/// followed.
 AtspiReference settleFocus(AtspiContext& context, const std::string& busName);
 
 /// Whether the element is an item of a menu, or of the open list of a combo box.

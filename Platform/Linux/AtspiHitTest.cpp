@@ -54,7 +54,8 @@ AtspiReference comboBoxThatOpens(AtspiContext& context, const AtspiReference& hi
   const ElementView view(context, context.reader(), hit);
   if (!isItemOfMenu(view)) return hit;
   const auto comboBox = comboBoxOf(view);
-  return comboBox.isNull() || context.highlightedItems.isOpen(comboBox) ? hit : comboBox;
+  if (comboBox.isNull()) return hit;
+  return context.highlightedItems.isOpen(comboBox, std::chrono::steady_clock::now()) ? hit : comboBox;
 }
 
 AtspiReference hitTestBelow(AtspiContext& context, const AtspiReference& topLevel, CGPoint point,

@@ -17,6 +17,9 @@ constexpr auto focusChanged = "AXFocusedUIElementChanged"sv;
 constexpr std::array elementNotifications{"AXValueChanged"sv, "AXSelectedRowsChanged"sv, "AXSelectedCellsChanged"sv,
                                           "AXSelectedChildrenChanged"sv};
 
+// From the registration on, an application takes this long at most until it tells of changes.
+constexpr std::uint64_t applicationLearnsToTellMicroseconds = 500'000;
+
 bool isElementNotification(std::string_view notification) {
   return std::ranges::find(elementNotifications, notification) != elementNotifications.end();
 }
@@ -28,6 +31,7 @@ AtspiObserver::AtspiObserver(ObserverServices& services, ProcessIdentifier proce
       process_(process),
       callback_(std::move(callback)),
       focusChange_(services.events.loop(), [this] { tellFocus(); }),
+      lateFocusCheck_(services.events.loop(), [this] { tellFocus(); }),
       cleanUp_(services.events.loop(), [this] { ended_.clear(); }) {
   wake(services.context, process);
 }
@@ -61,6 +65,7 @@ AXError AtspiObserver::addFocus(std::string_view notification) {
   if (focusEvents_) return axError::notificationAlreadyRegistered;
   focused_ = focusedElementOf(services_.context, process_);
   focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
+  lateFocusCheck_.requestAfter(applicationLearnsToTellMicroseconds);
   return axError::success;
 }
 
@@ -77,6 +82,7 @@ void AtspiObserver::focusArrived(const AtspiReference& element) {
 }
 
 void AtspiObserver::tellFocus() {
+  if (!focusEvents_) return;
   const auto focused = focusedElementOf(services_.context, process_);
   if (focused_ == focused) return;
   focused_ = focused;

@@ -51,6 +51,7 @@ class AtspiObserver final : public AXObserver {
   std::vector<std::unique_ptr<ElementWatch>> watches_;
   std::vector<std::unique_ptr<ElementWatch>> ended_;  // they may be running
   DeferredRun focusChange_;
+  DeferredRun lateFocusCheck_;
   DeferredRun cleanUp_;
   std::unique_ptr<Registration> focusEvents_;
   std::unique_ptr<Registration> input_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <vector>
 
 #include "Platform/Linux/ElementView.h"
@@ -81,6 +82,34 @@ std::vector<AtspiReference> selectedOfRole(const ElementView& container, std::st
   container.reader().read(questions);
   std::erase_if(elements, [&](const auto& one) { return container.other(one).mappedRole().role != role; });
   return elements;
+}
+
+bool isView(const ElementView& container) {
+  return container.toolkit() == Toolkit::qt && container.has(AtspiInterface::table) &&
+         !container.has(AtspiInterface::selection);
+}
+
+// Qt's views do not say which of their items are selected, and its trees not even which rows.
+std::vector<AtspiReference> selectedItemsOfView(const ElementView& container) {
+  const auto noted = container.context().selectedItems.notedIn(container.reference());
+  std::vector<AtspiQuestion> questions;
+  for (const auto& item : noted) questions.push_back({item, Asks{Ask::states, Ask::indexInParent}});
+  auto& reader = container.reader();
+  reader.read(questions);
+  std::vector<AtspiReference> selected;
+  std::ranges::copy_if(noted, std::back_inserter(selected),
+                       [&](const auto& item) { return hasState(reader.known(item).states, AtspiState::selected); });
+  std::ranges::sort(selected, {}, [&](const auto& item) { return reader.known(item).indexInParent; });
+  return selected;
+}
+
+std::vector<std::int32_t> rowsOf(const ElementView& container, const std::vector<AtspiReference>& items) {
+  std::vector<std::int32_t> rows;
+  for (const auto& item : items) {
+    const auto place = placeOf(container.other(item));
+    if (place && std::ranges::find(rows, place->row) == rows.end()) rows.push_back(place->row);
+  }
+  return rows;
 }
 
 AttributeResult partsOf(const ElementView& view, AtspiPart::Kind kind, const std::vector<std::int32_t>& indices) {
@@ -175,6 +204,9 @@ AttributeResult rowHeadersOf(const ElementView& cell) {
 
 AttributeResult selectedRowsOf(const ElementView& view) {
   if (!isTableLike(view.role())) return unsupported();
+  if (isView(view) && view.role() != AtspiRole::table) {
+    return partsOf(view, AtspiPart::Kind::row, rowsOf(view, selectedItemsOfView(view)));
+  }
   if (!view.application().showsWebPages() && view.has(AtspiInterface::table)) {
     return partsOf(view, AtspiPart::Kind::row, view.need(Ask::selectedRows).selectedRows);
   }
@@ -183,7 +215,9 @@ AttributeResult selectedRowsOf(const ElementView& view) {
 }
 
 AttributeResult selectedCellsOf(const ElementView& view) {
-  if (!isTableLike(view.role()) || !view.has(AtspiInterface::selection)) return unsupported();
+  if (!isTableLike(view.role())) return unsupported();
+  if (isView(view)) return elementsOf(view, selectedItemsOfView(view));
+  if (!view.has(AtspiInterface::selection)) return unsupported();
   return elementsOf(view, selectedOfRole(view, "AXCell"));
 }
 

@@ -58,8 +58,11 @@ void ElementWatch::listenToValue() {
 
 void ElementWatch::listenToSelection() {
   for (auto& kind : selectionEvents(ElementView(context_, context_.reader(), element_))) {
-    selectionEvents_.push_back(events_.subscribe(std::move(kind), [this](const AtspiEvent&) {
-      isSelectionDue_ = true;
+    selectionEvents_.push_back(events_.subscribe(std::move(kind), [this](const AtspiEvent& event) {
+      if (event.source == element_)
+        isSelectionDue_ = true;
+      else if (changedItems_.size() < SelectedItems::mostItems)
+        changedItems_.push_back(event.source);
       changes_.request();
     }));
   }
@@ -79,11 +82,26 @@ bool ElementWatch::isValueNew() {
   return fingerprint_ != before;
 }
 
+// Items tell of themselves to whoever listens to their application.
+void ElementWatch::noteChangedItems() {
+  const auto items = std::exchange(changedItems_, {});
+  auto& reader = context_.reader();
+  std::vector<AtspiQuestion> questions;
+  for (const auto& item : items) questions.push_back({item, Ask::parent});
+  reader.read(questions);
+  for (const auto& item : items) {
+    if (reader.known(item).parent != element_) continue;
+    context_.selectedItems.note(element_, item);
+    isSelectionDue_ = true;
+  }
+}
+
 void ElementWatch::tellChanges() {
   const bool isHidden = hidesText(ElementView(context_, context_.reader(), element_));
   // What turns out to be a field with a hidden text has to be looked at anew before its text is.
   if (std::exchange(wasHidden_, isHidden) != isHidden) changed_(focusChanged);
   if (std::exchange(isValueDue_, false) && isValueNew()) tell(valueChanged);
+  noteChangedItems();
   if (!std::exchange(isSelectionDue_, false)) return;
   tell(selectionNotification(ElementView(context_, context_.reader(), element_)));
 }

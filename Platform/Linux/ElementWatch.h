@@ -39,6 +39,7 @@ class ElementWatch {
 
   void listenToValue();
   void listenToSelection();
+  void noteChangedItems();
   void tellChanges();
   bool isValueNew();
   void tell(std::string_view notification);
@@ -55,6 +56,7 @@ class ElementWatch {
   std::size_t fingerprint_ = 0;  // of a silent value
   bool isValueDue_ = false;
   bool isSelectionDue_ = false;
+  std::vector<AtspiReference> changedItems_;
   DeferredRun changes_;
 };
 

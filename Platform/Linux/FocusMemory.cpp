@@ -19,15 +19,33 @@ std::optional<AtspiReference> FocusMemory::takeArrival(std::string_view busName)
 }
 
 std::optional<AtspiReference> FocusMemory::followed(std::string_view busName) const {
-  const std::lock_guard lock(mutex_);
-  const auto found = applications_.find(busName);
-  if (found == applications_.end() || !found->second.followed) return std::nullopt;
-  return AtspiReference{found->first, *found->second.followed};
+  return find(busName, &Paths::followed);
 }
 
 void FocusMemory::follow(const AtspiReference& element) {
   const std::lock_guard lock(mutex_);
-  applications_[element.busName].followed = element.path;
+  auto& paths = applications_[element.busName];
+  paths.followed = element.path;
+  paths.found.reset();
+}
+
+void FocusMemory::followFound(const AtspiReference& element, const AtspiReference& focused) {
+  const std::lock_guard lock(mutex_);
+  auto& paths = applications_[element.busName];
+  paths.followed = element.path;
+  paths.found = focused.path;
+}
+
+std::optional<AtspiReference> FocusMemory::found(std::string_view busName) const {
+  return find(busName, &Paths::found);
+}
+
+std::optional<AtspiReference> FocusMemory::find(std::string_view busName,
+                                                std::optional<std::string> Paths::*path) const {
+  const std::lock_guard lock(mutex_);
+  const auto application = applications_.find(busName);
+  if (application == applications_.end() || !(application->second.*path)) return std::nullopt;
+  return AtspiReference{application->first, *(application->second.*path)};
 }
 
 void FocusMemory::forget(std::string_view busName) {

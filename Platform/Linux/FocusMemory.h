@@ -23,12 +23,19 @@ class FocusMemory {
   std::optional<AtspiReference> followed(std::string_view busName) const;
   void follow(const AtspiReference& element);
 
+  /// The one that is followed was not told of but found to be focused, itself or an item of it. An application that
+  /// only just learnt that it is listened to may have missed to tell of a change since.
+  void followFound(const AtspiReference& element, const AtspiReference& focused);
+  /// What was found to be focused. Nothing: the one that is followed was told of.
+  std::optional<AtspiReference> found(std::string_view busName) const;
+
   void forget(std::string_view busName);
 
  private:
   struct Paths {
     std::optional<std::string> arrived;
     std::optional<std::string> followed;
+    std::optional<std::string> found;
   };
   std::optional<AtspiReference> find(std::string_view busName, std::optional<std::string> Paths::*path) const;
 

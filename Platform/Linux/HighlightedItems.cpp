@@ -14,8 +14,13 @@ constexpr std::size_t mostItems = 16;
 void HighlightedItems::highlighted(const AtspiReference& item, const AtspiRectangle& place, const AtspiReference& owner,
                                    TimePoint now) {
   const std::lock_guard lock(mutex_);
-  const bool isFirst =
-      items_.empty() || items_.front().owner != owner || !items_.front().until || *items_.front().until < now;
+  add(item, place, owner, now);
+}
+
+// With the lock held.
+void HighlightedItems::add(const AtspiReference& item, const AtspiRectangle& place, const AtspiReference& owner,
+                           TimePoint now) {
+  const bool isFirst = items_.empty() || items_.front().owner != owner || !items_.front().isThere(now);
   items_.push_front({item, place, owner, now, isFirst, std::nullopt});
   if (items_.size() > mostItems) items_.pop_back();
 }
@@ -25,6 +30,13 @@ void HighlightedItems::left(std::string_view busName, TimePoint now) {
   end(busName, now);
 }
 
+void HighlightedItems::wentToList(const AtspiReference& list, const AtspiReference& comboBox, TimePoint now) {
+  const std::lock_guard lock(mutex_);
+  const bool isOpenAlready = !items_.empty() && items_.front().owner == comboBox && items_.front().isThere(now);
+  if (!isOpenAlready) return add(list, {}, comboBox, now);
+  items_.front().until.reset();
+}
+
 // With the lock held.
 void HighlightedItems::end(std::string_view busName, TimePoint now) {
   for (auto& item : items_) {
@@ -32,15 +44,16 @@ void HighlightedItems::end(std::string_view busName, TimePoint now) {
   }
 }
 
-bool HighlightedItems::isOpen(const AtspiReference& comboBox) const {
+bool HighlightedItems::isOpen(const AtspiReference& comboBox, TimePoint now) const {
   const std::lock_guard lock(mutex_);
-  return std::ranges::any_of(items_, [&](const auto& item) { return item.owner == comboBox && !item.until; });
+  return std::ranges::any_of(
+      items_, [&](const auto& item) { return item.owner == comboBox && !item.until && !item.isOpening(now); });
 }
 
 AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
   const std::lock_guard lock(mutex_);
-  const auto found = std::ranges::find_if(
-      items_, [&](const auto& item) { return (!item.until || now < *item.until) && contains(item.place, point); });
+  const auto found =
+      std::ranges::find_if(items_, [&](const auto& item) { return item.isThere(now) && contains(item.place, point); });
   if (found == items_.end()) return {};
   if (found->isOpening(now)) return found->owner;
   // The menu closes with the click.

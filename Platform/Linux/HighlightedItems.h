@@ -26,6 +26,8 @@ class HighlightedItems {
   void highlighted(const AtspiReference& item, const AtspiRectangle& place, const AtspiReference& owner, TimePoint now);
   /// The focus of the application went elsewhere.
   void left(std::string_view busName, TimePoint now);
+  /// It only went to the list of the combo box, which is open.
+  void wentToList(const AtspiReference& list, const AtspiReference& comboBox, TimePoint now);
 
   /// How long the click that opened a list may last. The list opens under the pointer, on the item that is chosen.
   static constexpr std::chrono::milliseconds openingClick{400};
@@ -33,10 +35,11 @@ class HighlightedItems {
   /// The item that a click at a point of the screen chose: one that is highlighted, or was a moment ago; null: none.
   /// While the list of a combo box has only just opened, the combo box.
   AtspiReference clicked(CGPoint point, TimePoint now);
-  /// Whether an item of the combo box's list is highlighted.
-  bool isOpen(const AtspiReference& comboBox) const;
+  /// Whether the list of the combo box is open, and for longer than that click.
+  bool isOpen(const AtspiReference& comboBox, TimePoint now) const;
 
  private:
+  void add(const AtspiReference& item, const AtspiRectangle& place, const AtspiReference& owner, TimePoint now);
   void end(std::string_view busName, TimePoint now);
 
   struct Item {
@@ -47,6 +50,7 @@ class HighlightedItems {
     bool isFirst = true;  // of its list
     std::optional<TimePoint> until;
 
+    bool isThere(TimePoint now) const { return !until || now < *until; }
     bool isOpening(TimePoint now) const { return isFirst && !owner.isNull() && now - since < openingClick; }
   };
 
