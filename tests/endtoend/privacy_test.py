@@ -5,7 +5,6 @@ import mmap
 import secrets
 import subprocess
 import tempfile
-import unittest
 from pathlib import Path
 
 import hands
