@@ -1,6 +1,8 @@
 #include "Platform/Linux/AtspiApplicationElement.h"
 
 #include <array>
+#include <cerrno>
+#include <csignal>
 
 #include "Platform/Linux/AtspiFocus.h"
 #include "Platform/Linux/AtspiStructure.h"
@@ -31,6 +33,12 @@ AttributeResult focusedWindow(AtspiContext& context, ProcessIdentifier process, 
   return elementOrNothing(context, window);
 }
 
+/// Of an application that has no root, or not yet.
+AXError whyNoRoot(ProcessIdentifier process) {
+  const bool hasEnded = kill(process, 0) != 0 && errno == ESRCH;
+  return hasEnded ? axError::invalidUIElement : axError::cannotComplete;
+}
+
 AttributeResult titleOfRoot(const ElementView& root) { return textOrNoValue(root.needOnly(Ask::name).name); }
 
 }  // namespace
@@ -40,7 +48,7 @@ AXResult<AXAttributeValue> AtspiApplicationElement::copyAttributeValue(std::stri
   const auto root = context_.processes.rootOf(process_, reader);
   if (attribute == "AXFocusedUIElement") return elementOrNothing(context_, focusedElementOf(context_, process_));
   if (attribute == "AXFocusedWindow") return focusedWindow(context_, process_, root);
-  if (root.isNull()) return failed(axError::cannotComplete);
+  if (root.isNull()) return failed(whyNoRoot(process_));
   if (attribute == "AXRole") return valueOf(std::string("AXApplication"));
   const ElementView view(context_, reader, root);
   if (attribute == "AXTitle") return titleOfRoot(view);
@@ -49,7 +57,16 @@ AXResult<AXAttributeValue> AtspiApplicationElement::copyAttributeValue(std::stri
 }
 
 AXResult<std::vector<std::string>> AtspiApplicationElement::copyAttributeNames() const {
+  if (!hasRoot()) return {whyNoRoot(process_), {}};
   return {axError::success, std::vector<std::string>(attributeNames.begin(), attributeNames.end())};
+}
+
+AXResult<std::vector<std::string>> AtspiApplicationElement::copyActionNames() const {
+  return {hasRoot() ? axError::success : whyNoRoot(process_), {}};
+}
+
+bool AtspiApplicationElement::hasRoot() const {
+  return !context_.processes.rootOf(process_, context_.reader()).isNull();
 }
 
 AXResult<std::optional<AXUIElement>> AtspiApplicationElement::copyElementAtPosition(float /*x*/, float /*y*/) const {

@@ -14,7 +14,7 @@ class AtspiApplicationElement final : public AXUIElementPrimitives {
 
   AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const override;
   AXResult<std::vector<std::string>> copyAttributeNames() const override;
-  AXResult<std::vector<std::string>> copyActionNames() const override { return {}; }
+  AXResult<std::vector<std::string>> copyActionNames() const override;
   AXResult<std::optional<AXUIElement>> copyElementAtPosition(float x, float y) const override;
   AXResult<ProcessIdentifier> getPid() const override { return {axError::success, process_}; }
   AXUIElement createApplication(ProcessIdentifier process) const override { return context_.application(process); }
@@ -23,6 +23,8 @@ class AtspiApplicationElement final : public AXUIElementPrimitives {
   bool isEqual(const AXUIElementPrimitives& other) const override;
 
  private:
+  bool hasRoot() const;
+
   AtspiContext& context_;
   const ProcessIdentifier process_;
 };

@@ -64,11 +64,18 @@ AXResult<AXAttributeValue> AtspiElement::copyAttributeValue(std::string_view att
   const auto* row = std::ranges::find(attributes, attribute, &Attribute::name);
   if (row == attributes.end() && part_.kind == AtspiPart::Kind::whole) return unsupported();
   const ElementView view(context_, context_.reader(), reference_);
-  return part_.kind == AtspiPart::Kind::whole ? row->read(view) : partAttribute(view, part_, attribute);
+  auto result = part_.kind == AtspiPart::Kind::whole ? row->read(view) : partAttribute(view, part_, attribute);
+  if (result.error != axError::noValue && result.error != axError::attributeUnsupported) return result;
+  // Of an element that has gone there is nothing to say, not even that it has no value.
+  const auto& facts = context_.reader().known(reference_);
+  if (!facts.asked.has(Ask::role) || facts.answered(Ask::role)) return result;
+  return failed(facts.error(Ask::role));
 }
 
 AXResult<std::vector<std::string>> AtspiElement::copyAttributeNames() const {
   AXResult<std::vector<std::string>> names;
+  names.error = ElementView(context_, context_.reader(), reference_).roleError();
+  if (names.error != axError::success) return names;
   for (const auto& attribute : attributes) {
     const auto value = copyAttributeValue(attribute.name);
     if (value.error == axError::success || value.error == axError::noValue) names.value.emplace_back(attribute.name);

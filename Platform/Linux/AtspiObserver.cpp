@@ -17,8 +17,10 @@ constexpr auto focusChanged = "AXFocusedUIElementChanged"sv;
 constexpr std::array elementNotifications{"AXValueChanged"sv, "AXSelectedRowsChanged"sv, "AXSelectedCellsChanged"sv,
                                           "AXSelectedChildrenChanged"sv};
 
-// From the registration on, an application takes this long at most until it tells of changes.
-constexpr std::uint64_t applicationLearnsToTellMicroseconds = 500'000;
+// An application tells of nothing until it has learnt that somebody listens; what it did not tell is looked at, twice
+// as late each time.
+constexpr std::uint64_t firstFocusCheckMicroseconds = 100'000;
+constexpr std::uint64_t lastFocusCheckMicroseconds = 2'000'000;
 
 bool isElementNotification(std::string_view notification) {
   return std::ranges::find(elementNotifications, notification) != elementNotifications.end();
@@ -31,7 +33,7 @@ AtspiObserver::AtspiObserver(ObserverServices& services, ProcessIdentifier proce
       process_(process),
       callback_(std::move(callback)),
       focusChange_(services.events.loop(), [this] { tellFocus(); }),
-      lateFocusCheck_(services.events.loop(), [this] { tellFocus(); }),
+      lateFocusCheck_(services.events.loop(), [this] { checkFocus(); }),
       cleanUp_(services.events.loop(), [this] { ended_.clear(); }) {
   wake(services.context, process);
 }
@@ -65,7 +67,7 @@ AXError AtspiObserver::addFocus(std::string_view notification) {
   if (focusEvents_) return axError::notificationAlreadyRegistered;
   focused_ = focusedElementOf(services_.context, process_);
   focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
-  lateFocusCheck_.requestAfter(applicationLearnsToTellMicroseconds);
+  checkFocusLater(firstFocusCheckMicroseconds);
   return axError::success;
 }
 
@@ -79,6 +81,17 @@ void AtspiObserver::focusArrived(const AtspiReference& element) {
   auto& context = services_.context;
   if (context.processes.processOf(element.busName, context.reader()) != process_) return;
   focusChange_.request();
+}
+
+void AtspiObserver::checkFocusLater(std::uint64_t microseconds) {
+  nextFocusCheck_ = 2 * microseconds;
+  lateFocusCheck_.requestAfter(microseconds);
+}
+
+void AtspiObserver::checkFocus() {
+  tellFocus();
+  const bool isTold = !focused_.isNull() && !services_.context.focus.found(focused_.busName);
+  if (focusEvents_ && !isTold && nextFocusCheck_ < lastFocusCheckMicroseconds) checkFocusLater(nextFocusCheck_);
 }
 
 void AtspiObserver::tellFocus() {

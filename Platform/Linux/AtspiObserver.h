@@ -35,6 +35,8 @@ class AtspiObserver final : public AXObserver {
   AXError addFocus(std::string_view notification);
   AXError removeFocus(std::string_view notification);
   void focusArrived(const AtspiReference& element);
+  void checkFocusLater(std::uint64_t microseconds);
+  void checkFocus();
   void tellFocus();
   void tell(const AXUIElement& element, std::string_view notification);
   void tellOf(const AtspiReference& element, std::string_view notification);
@@ -52,6 +54,7 @@ class AtspiObserver final : public AXObserver {
   std::vector<std::unique_ptr<ElementWatch>> ended_;  // they may be running
   DeferredRun focusChange_;
   DeferredRun lateFocusCheck_;
+  std::uint64_t nextFocusCheck_ = 0;
   DeferredRun cleanUp_;
   std::unique_ptr<Registration> focusEvents_;
   std::unique_ptr<Registration> input_;

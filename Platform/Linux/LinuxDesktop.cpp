@@ -26,13 +26,17 @@ std::unique_ptr<Workspace> newWorkspace(sd_event* event, X11Windows* windows) {
       "No X server: application switches are not seen. Start the service in a desktop session, with DISPLAY set");
 }
 
-std::unique_ptr<EventTaps> newEventTaps(sd_event* event, SecureInput isSecretFocused) {
+std::unique_ptr<EventTaps> newEventTaps(sd_event* event, SecureInput isSecretFocused, X11Windows* windows) {
   auto connection = X11Connection::open();
   if (!connection) {
     return std::make_unique<AbsentEventTaps>(
         "No X server: clicks and keys are not seen. Start the service in a desktop session, with DISPLAY set");
   }
-  if (auto taps = X11EventTaps::open(event, std::move(connection), std::move(isSecretFocused))) return taps;
+  const auto pressed = [windows](std::optional<CGPoint> place) {
+    if (windows != nullptr) windows->noteRightPress(place);
+  };
+  auto taps = X11EventTaps::open(event, std::move(connection), std::move(isSecretFocused), pressed);
+  if (taps) return taps;
   return std::make_unique<AbsentEventTaps>(
       "The X server has no XInput 2.2: clicks and keys are not seen. Start a newer X server");
 }
@@ -59,7 +63,8 @@ std::unique_ptr<WindowsOnScreen> noWindowsBeside(const X11Windows* windows) {
 LinuxDesktop::LinuxDesktop(EventLoop& loop)
     : windows_(newWindows()),
       workspace_(newWorkspace(loop.event(), windows_.get())),
-      eventTaps_(newEventTaps(loop.event(), [this] { return accessibility_ && accessibility_->isSecretFocused(); })),
+      eventTaps_(newEventTaps(
+          loop.event(), [this] { return accessibility_ && accessibility_->isSecretFocused(); }, windows_.get())),
       noWindows_(noWindowsBeside(windows_.get())),
       accessibility_(std::make_unique<AtspiAccessibility>(
           loop.event(), windows_ ? static_cast<WindowsOnScreen&>(*windows_) : *noWindows_, *eventTaps_)) {

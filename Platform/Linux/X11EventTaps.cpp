@@ -19,7 +19,8 @@ constexpr auto clicks =
     maskOf(CGEventType::leftMouseUp) | maskOf(CGEventType::rightMouseUp) | maskOf(CGEventType::otherMouseUp);
 constexpr auto keyPresses = maskOf(CGEventType::keyDown);
 
-constexpr std::uint32_t rawClicks = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
+constexpr std::uint32_t rawClicks =
+    XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
 constexpr std::uint32_t rawKeys = XCB_INPUT_XI_EVENT_MASK_RAW_KEY_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_KEY_RELEASE;
 
 bool speaksInput(X11Connection& connection) {
@@ -84,14 +85,17 @@ class X11EventTaps::Tap final : public EventTap {
 };
 
 std::unique_ptr<X11EventTaps> X11EventTaps::open(sd_event* event, std::unique_ptr<X11Connection> connection,
-                                                 SecureInput isSecureInput) {
+                                                 SecureInput isSecureInput, PressHandler pressed) {
   if (!speaksInput(*connection)) return nullptr;
-  return std::unique_ptr<X11EventTaps>(new X11EventTaps(event, std::move(connection), std::move(isSecureInput)));
+  return std::unique_ptr<X11EventTaps>(
+      new X11EventTaps(event, std::move(connection), std::move(isSecureInput), std::move(pressed)));
 }
 
-X11EventTaps::X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, SecureInput isSecureInput)
+X11EventTaps::X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, SecureInput isSecureInput,
+                           PressHandler pressed)
     : connection_(std::move(connection)),
       isSecureInput_(std::move(isSecureInput)),
+      pressed_(std::move(pressed)),
       inputExtension_(xcb_get_extension_data(connection_->get(), &xcb_input_id)->major_opcode),
       source_(
           event, *connection_, [this](const auto& received) { handle(received); },
@@ -153,6 +157,7 @@ void X11EventTaps::handleInput(const xcb_generic_event_t& event) {
   if (generic.extension != inputExtension_) return;
   const auto& input = reinterpret_cast<const xcb_input_raw_button_press_event_t&>(event);
   switch (generic.event_type) {
+    case XCB_INPUT_RAW_BUTTON_PRESS: handleButtonPress(input.detail); break;
     case XCB_INPUT_RAW_BUTTON_RELEASE: handleButtonRelease(input.detail, input.time); break;
     case XCB_INPUT_RAW_KEY_PRESS:
       handleKeyPress(input.detail, (input.flags & XCB_INPUT_KEY_EVENT_FLAGS_KEY_REPEAT) != 0);
@@ -164,6 +169,12 @@ void X11EventTaps::handleInput(const xcb_generic_event_t& event) {
   }
 }
 
+void X11EventTaps::handleButtonPress(std::uint32_t button) {
+  if (!pressed_) return;
+  const bool isRight = clickTypeOf(logicalButton(button)) == CGEventType::rightMouseUp;
+  pressed_(isRight ? placeOfPointer() : std::nullopt);
+}
+
 void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t time) {
   const auto place = placeAt(time);
   const auto type = clickTypeOf(logicalButton(button));
@@ -172,7 +183,10 @@ void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t tim
 
 std::optional<CGPoint> X11EventTaps::placeAt(xcb_timestamp_t time) {
   const auto recorded = clickPlaces_ ? clickPlaces_->takePlaceAt(time) : std::nullopt;
-  if (recorded) return recorded;
+  return recorded ? recorded : placeOfPointer();
+}
+
+std::optional<CGPoint> X11EventTaps::placeOfPointer() {
   const auto pointer =
       connection_->await<&xcb_query_pointer_reply>(xcb_query_pointer(connection_->get(), connection_->root()));
   if (!pointer) return std::nullopt;

@@ -5,6 +5,7 @@
 #include <systemd/sd-event.h>
 
 #include <bitset>
+#include <functional>
 #include <vector>
 
 #include "Platform/EventTap.h"
@@ -14,6 +15,9 @@
 
 namespace norra::linux_desktop {
 
+/// Told of every press of a button: where, if it is the right one, which opens menus before it is released.
+using PressHandler = std::function<void(std::optional<CGPoint> rightPress)>;
+
 /// Main thread. The server is asked for no event that no tap wants now. A click is where the pointer was
 /// when the server saw it, or else is when its event is read; key presses carry no location. Taps are never disabled.
 class X11EventTaps final : public EventTaps {
@@ -21,7 +25,7 @@ class X11EventTaps final : public EventTaps {
   /// Null: the server has no XInput 2.2. `event` is not owned; the connection must have no other user of its events.
   /// `isSecureInput` as for KeyTranslator.
   static std::unique_ptr<X11EventTaps> open(sd_event* event, std::unique_ptr<X11Connection> connection,
-                                            SecureInput isSecureInput = {});
+                                            SecureInput isSecureInput = {}, PressHandler pressed = {});
 
   std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
 
@@ -29,7 +33,8 @@ class X11EventTaps final : public EventTaps {
   class Tap;
   struct Subscription;
 
-  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, SecureInput isSecureInput);
+  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, SecureInput isSecureInput,
+               PressHandler pressed);
   void didChangeTaps();
   CGEventMask wantedEvents() const;
   void selectEvents(std::uint32_t events);
@@ -38,14 +43,17 @@ class X11EventTaps final : public EventTaps {
 
   void handle(const xcb_generic_event_t& event);
   void handleInput(const xcb_generic_event_t& event);
+  void handleButtonPress(std::uint32_t button);
   void handleButtonRelease(std::uint32_t button, xcb_timestamp_t time);
   std::optional<CGPoint> placeAt(xcb_timestamp_t time);
+  std::optional<CGPoint> placeOfPointer();
   void handleKeyPress(std::uint32_t key, bool isMarkedRepeat);
   std::uint32_t logicalButton(std::uint32_t button);
   void deliver(const CGEvent& event);
 
   const std::unique_ptr<X11Connection> connection_;
   const SecureInput isSecureInput_;
+  const PressHandler pressed_;
   const std::uint8_t inputExtension_;
   std::vector<std::shared_ptr<Subscription>> subscriptions_;
   std::uint32_t selectedEvents_ = 0;

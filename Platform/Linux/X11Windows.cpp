@@ -1,9 +1,16 @@
 #include "Platform/Linux/X11Windows.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace norra::linux_desktop {
+namespace {
+
+/// How far the pointer moves while a button is clicked.
+constexpr double steadyHandPixels = 4;
+
+}  // namespace
 
 X11Windows::X11Windows(std::unique_ptr<X11Connection> connection)
     : connection_(std::move(connection)), tree_(*connection_), facts_(*connection_) {}
@@ -12,7 +19,24 @@ std::optional<WindowOnScreen> X11Windows::topLevelWindowAt(CGPoint point) {
   const std::lock_guard lock(mutex_);
   const auto topLevel = tree_.topLevelAt(point);
   if (topLevel.client == XCB_NONE) return std::nullopt;
-  return facts_.describe(topLevel);
+  auto window = facts_.describe(topLevel);
+  if (window && window->overrideRedirect && isPressedAt(point)) return facts_.describe(rightPress_->topLevel);
+  return window;
+}
+
+void X11Windows::noteRightPress(std::optional<CGPoint> place) {
+  const std::lock_guard lock(mutex_);
+  rightPress_.reset();
+  if (!place) return;
+  const auto topLevel = tree_.topLevelAt(*place);
+  if (topLevel.client != XCB_NONE) rightPress_ = {*place, topLevel};
+}
+
+// With the lock held.
+bool X11Windows::isPressedAt(CGPoint point) const {
+  if (!rightPress_) return false;
+  const auto [x, y] = rightPress_->place;
+  return std::abs(point.x - x) <= steadyHandPixels && std::abs(point.y - y) <= steadyHandPixels;
 }
 
 std::optional<WindowOnScreen> X11Windows::activeWindow() {

@@ -16,6 +16,10 @@ class X11Windows final : public WindowsOnScreen {
   /// The client's window where a window manager has put it into a frame of its own. Menus and other pop-ups are
   /// found like any other; windows that let the pointer through are not.
   std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) override;
+  /// A press of the right button may open a menu under the pointer, which gets the release. Until the next press, what
+  /// is found under the pressed place is what lay there then, and not a menu. Nothing: another button was pressed.
+  void noteRightPress(std::optional<CGPoint> place);
+
   /// As the window manager says; without a window manager, the one that has the input focus.
   std::optional<WindowOnScreen> activeWindow() override;
 
@@ -28,12 +32,20 @@ class X11Windows final : public WindowsOnScreen {
   bool hasWindowManager();
 
  private:
+  struct Press {
+    CGPoint place;
+    X11TopLevel topLevel;
+  };
+
+  bool isPressedAt(CGPoint point) const;
+
   std::mutex mutex_;
 
   // Guarded by mutex_.
   const std::unique_ptr<X11Connection> connection_;
   X11WindowTree tree_;
   X11WindowFacts facts_;
+  std::optional<Press> rightPress_;
 };
 
 }  // namespace norra::linux_desktop

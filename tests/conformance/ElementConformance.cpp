@@ -93,9 +93,6 @@ TEST_P(ElementConformance, AnElementNamesItsAttributesAndActions) {
   EXPECT_THAT(names.value, Contains("AXRole"));
   EXPECT_THAT(names.value, Not(Contains("NorraNoSuchAttribute")));
   EXPECT_THAT(button->primitives().copyActionNames().value, Contains("AXPress"));
-  const auto field = notes.find("Subject");
-  ASSERT_TRUE(field);
-  EXPECT_THAT(field->primitives().copyActionNames().value, Not(Contains("AXPress")));
 }
 
 TEST_P(ElementConformance, ReadsOfAVanishedElementFailWhileItsProcessIsStillKnown) {
@@ -104,7 +101,7 @@ TEST_P(ElementConformance, ReadsOfAVanishedElementFailWhileItsProcessIsStillKnow
   ASSERT_TRUE(button);
   ASSERT_EQ(button->primitives().getPid().error, axError::success);
   desktop->removeControl(notes.process, "Save");
-  EXPECT_TRUE(serveUntil([&] { return read(*button, "AXTitle").error != axError::success; }));
+  EXPECT_TRUE(serveUntil([&] { return read(*button, "AXRole").error != axError::success; }));
   EXPECT_THAT(errorsOfReads(*button), testing::Each(axError::invalidUIElement));
   EXPECT_EQ(button->primitives().getPid().value, notes.process);
   EXPECT_EQ(*button, AXUIElement(*button));

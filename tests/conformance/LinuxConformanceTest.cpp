@@ -59,6 +59,7 @@ class LinuxDesktop final : public DesktopUnderTest {
   explicit LinuxDesktop(Facility facility) {
     std::signal(SIGPIPE, SIG_IGN);  // of an application that has ended
     if (needsDisplay(facility)) display_.emplace();
+    bus_.emplace("/usr/share/dbus-1/services");  // what it starts is on the display
     if (display_ && facility != Facility::input) display_->startWindowManager();
     platform_ = LinuxPlatform::create().platform;
     EXPECT_NE(platform_, nullptr);
@@ -118,8 +119,8 @@ class LinuxDesktop final : public DesktopUnderTest {
     return applications_.at(application)->ask(command, argument);
   }
 
-  PrivateBus bus_{"/usr/share/dbus-1/services"};
   std::optional<PrivateDisplay> display_;
+  std::optional<PrivateBus> bus_;
   std::unique_ptr<LinuxPlatform> platform_;
   std::map<ProcessIdentifier, std::unique_ptr<LinuxApplication>> applications_;
 };

@@ -24,6 +24,16 @@ class Form {
   AXUIElement root() const { return desktop_.platform().accessibility.createApplication(process); }
   AXUIElement field(const std::string& name) const { return find(root(), name).value_or(root()); }
   void type(const std::string& name, const std::string& text) const { desktop_.setText(process, name, text); }
+  /// Types anew now and then: an application may learn a moment later that it is listened to.
+  bool typeUntil(const std::string& name, const std::function<bool()>& condition) const {
+    constexpr int turnsForAnAnswer = 20;
+    int turn = 0;
+    return desktop_.serveUntil([&] {
+      if (turn % turnsForAnAnswer == 0) type(name, std::to_string(turn));
+      ++turn;
+      return condition();
+    });
+  }
 
  private:
   DesktopUnderTest& desktop_;
@@ -70,10 +80,8 @@ TEST_P(ObserverConformance, AnObserverHearsWhatItRegisteredAndNothingElse) {
   Listening ofPlace(platform(), form.process);
   ofName.to(form.field("Name")).onTheRunLoop();
   ofPlace.to(form.field("Place")).onTheRunLoop();
-  form.type("Name", "Ada");
-  ASSERT_TRUE(serveUntil([&] { return !ofName.heard().empty(); }));
-  form.type("Place", "Turin");
-  ASSERT_TRUE(serveUntil([&] { return !ofPlace.heard().empty(); }));
+  ASSERT_TRUE(form.typeUntil("Name", [&] { return !ofName.heard().empty(); }));
+  ASSERT_TRUE(form.typeUntil("Place", [&] { return !ofPlace.heard().empty(); }));
   EXPECT_THAT(ofName.heard(), Each(Eq(std::pair(form.field("Name"), std::string(valueChanged)))));
   EXPECT_THAT(ofPlace.heard(), Each(Eq(std::pair(form.field("Place"), std::string(valueChanged)))));
 }
@@ -88,16 +96,14 @@ TEST_P(ObserverConformance, AnObserverHearsOnlyWhileItsSourceIsOnTheRunLoop) {
   after.observer().removeSourceFromMainRunLoop();
   after.observer().removeSourceFromMainRunLoop();
   all.onTheRunLoop();
-  for (const auto* text : {"A", "Ad"}) {
+  for (int time = 0; time < 2; ++time) {
     all.forget();
-    form.type("Name", text);
-    ASSERT_TRUE(serveUntil([&] { return !all.heard().empty(); }));
+    ASSERT_TRUE(form.typeUntil("Name", [&] { return !all.heard().empty(); }));
   }
   EXPECT_THAT(before.heard(), IsEmpty());
   EXPECT_THAT(after.heard(), IsEmpty());
   before.onTheRunLoop();
-  form.type("Name", "Ada");
-  EXPECT_TRUE(serveUntil([&] { return !before.heard().empty(); }));
+  EXPECT_TRUE(form.typeUntil("Name", [&] { return !before.heard().empty(); }));
 }
 
 TEST_P(ObserverConformance, ARemovedNotificationIsHeardNoMore) {
@@ -110,10 +116,9 @@ TEST_P(ObserverConformance, ARemovedNotificationIsHeardNoMore) {
   EXPECT_EQ(leaving.observer().removeNotification(name, valueChanged), axError::notificationNotRegistered);
   EXPECT_EQ(staying.observer().removeNotification(form.field("Place"), valueChanged),
             axError::notificationNotRegistered);
-  for (const auto* text : {"A", "Ad"}) {
+  for (int time = 0; time < 2; ++time) {
     staying.forget();
-    form.type("Name", text);
-    ASSERT_TRUE(serveUntil([&] { return !staying.heard().empty(); }));
+    ASSERT_TRUE(form.typeUntil("Name", [&] { return !staying.heard().empty(); }));
   }
   EXPECT_THAT(leaving.heard(), IsEmpty());
 }
@@ -126,8 +131,7 @@ TEST_P(ObserverConformance, ASecondRegistrationChangesNothing) {
   for (auto* observer : {&twice, &once}) observer->to(name).onTheRunLoop();
   EXPECT_THAT(twice.observer().addNotification(name, valueChanged),
               AnyOf(Eq(axError::success), Eq(axError::notificationAlreadyRegistered)));
-  form.type("Name", "Ada");
-  ASSERT_TRUE(serveUntil([&] { return !once.heard().empty() && !twice.heard().empty(); }));
+  ASSERT_TRUE(form.typeUntil("Name", [&] { return !once.heard().empty() && !twice.heard().empty(); }));
   const auto before = once.heard().size();
   form.type("Name", "");
   ASSERT_TRUE(serveUntil([&] { return once.heard().size() > before; }));
@@ -140,10 +144,9 @@ TEST_P(ObserverConformance, AnObserverHearsNothingAfterItsEnd) {
   Listening staying(platform(), form.process);
   for (auto* observer : {&ending, &staying}) observer->to(form.field("Name")).onTheRunLoop();
   ending.end();
-  for (const auto* text : {"A", "Ad"}) {
+  for (int time = 0; time < 2; ++time) {
     staying.forget();
-    form.type("Name", text);
-    ASSERT_TRUE(serveUntil([&] { return !staying.heard().empty(); }));
+    ASSERT_TRUE(form.typeUntil("Name", [&] { return !staying.heard().empty(); }));
   }
   EXPECT_THAT(ending.heard(), IsEmpty());
 }

@@ -14,6 +14,11 @@ def point_to(place, across=0.5, down=0.5):
     xdotool("mousemove", round(x + width * across), round(y + height * down))
 
 
+def pointer():
+    """Where the pointer is, and over which window."""
+    return xdotool("getmouselocation")
+
+
 def press(button="left"):
     xdotool("mousedown", BUTTONS[button])
 
