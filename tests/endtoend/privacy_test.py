@@ -72,22 +72,28 @@ class Privacy(EndToEndTest):
         self.addCleanup(application.close)
         self.follow(application)
         self.application = application
-        passwords = [self.enter(widget, way) for widget in widgets for way in (self.type, self.paste)]
         marker = self.enter("Ship", self.type)
         wait_until(lambda: marker in "".join(self.collection.lines), "the text that is no password")
-        self.assert_nowhere(passwords, marker)
+        self.assertIn("utf-8", self.encodings_in_memory([marker])[marker], "the search finds what is known to be there")
+        passwords = []
+        for widget in widgets:
+            for way in (self.type, self.paste):
+                passwords.append(self.enter(widget, way))
+                self.assert_nowhere(passwords)
+                self.empty(widget)
+        self.assert_nowhere(passwords)
 
     def enter(self, widget, way):
-        """Fills a field with a new text, and empties it again if it is a password field: texts must not hide each other."""
-        text = "k" + secrets.token_hex(7)
+        text = "k" + secrets.token_hex(24)
         self.application.focus(widget)
         way(text)
         wait_until(lambda: self.application.value(widget) == text, f"what was entered into {widget}")
         self.wait_until_handled()
-        if widget != "Ship":
-            hands.key(*len(text) * ["BackSpace"])
-            wait_until(lambda: not self.application.value(widget), f"{widget} to be empty")
         return text
+
+    def empty(self, widget):
+        hands.key(*len(self.application.value(widget)) * ["BackSpace"])
+        wait_until(lambda: not self.application.value(widget), f"{widget} to be empty")
 
     def wait_until_handled(self):
         """The service has dealt with all that came before a key press when it reports the key press."""
@@ -103,15 +109,17 @@ class Privacy(EndToEndTest):
         self.clipboard.put(text)
         hands.key("ctrl+v")
 
-    def assert_nowhere(self, passwords, marker):
-        reports = "".join(self.collection.lines)
+    def encodings_in_memory(self, texts):
         with tempfile.TemporaryDirectory(prefix="norra-core-") as folder:
             core = core_image(self.service.process.pid, folder)
-            self.assertIn("utf-8", encodings_in(core, marker), "the search finds what is known to be there")
-            for password in passwords:
-                self.assertEqual(encodings_in(core, password), [], "in memory")
-                self.assertNotIn(password, reports)
-                self.assertNotIn(password, self.service.logged())
+            return {text: encodings_in(core, text) for text in texts}
+
+    def assert_nowhere(self, passwords):
+        reports = "".join(self.collection.lines)
+        for password, encodings in self.encodings_in_memory(passwords).items():
+            self.assertEqual(encodings, [], "in memory")
+            self.assertNotIn(password, reports)
+            self.assertNotIn(password, self.service.logged())
 
 
 if __name__ == "__main__":
