@@ -10,6 +10,9 @@ namespace {
 
 using std::chrono::steady_clock;
 
+// The bus itself greets a connection.
+constexpr int mostUncalledMessages = 16;
+
 constexpr std::array<std::string_view, 5> errorsOfAVanishedElement{
     "org.freedesktop.DBus.Error.ServiceUnknown", "org.freedesktop.DBus.Error.NameHasNoOwner",
     "org.freedesktop.DBus.Error.UnknownObject", "org.freedesktop.DBus.Error.NoReply",
@@ -63,8 +66,7 @@ AtspiCall propertyCall(AtspiReference target, const char* interface, const char*
 
 std::vector<AtspiReply> AtspiConnection::exchange(std::span<const AtspiCall> calls, TimePoint deadline) {
   std::vector<Pending> pending(calls.size());
-  if (calls.empty() || !isConnected()) return std::vector<AtspiReply>(calls.size());
-  dispatchLateReplies();
+  if (calls.empty() || !isReady()) return std::vector<AtspiReply>(calls.size());
   std::size_t outstanding = 0;
   const auto now = steady_clock::now();
   for (std::size_t i = 0; i < calls.size(); ++i) {
@@ -87,9 +89,19 @@ std::vector<AtspiReply> AtspiConnection::exchange(std::span<const AtspiCall> cal
   return replies;
 }
 
+// Whoever was asked knows the connection's name and may send to it; what waits there then would hold up the answers of
+// others. A new connection has a name that nobody knows.
+bool AtspiConnection::isReady() {
+  if (!isConnected()) return false;
+  dispatchLateReplies();
+  if (uncalledMessages_ > mostUncalledMessages) bus_.reset();
+  return isConnected();
+}
+
 bool AtspiConnection::isConnected() {
   if (bus_ && sd_bus_is_open(bus_.get()) > 0) return true;
   bus_ = shared_.bus.connect();
+  uncalledMessages_ = 0;
   return bus_ && sd_bus_add_filter(bus_.get(), nullptr, &onAnyMessage, this) >= 0;
 }
 
@@ -105,7 +117,7 @@ int AtspiConnection::send(const AtspiCall& call, Pending& pending) {
 }
 
 void AtspiConnection::dispatchLateReplies() {
-  while (sd_bus_process(bus_.get(), nullptr) > 0) {
+  while (uncalledMessages_ <= mostUncalledMessages && sd_bus_process(bus_.get(), nullptr) > 0) {
   }
 }
 
@@ -133,8 +145,10 @@ int AtspiConnection::onReply(sd_bus_message* message, void* self, sd_bus_error* 
 int AtspiConnection::onAnyMessage(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
   const bool isReply = sd_bus_message_is_method_call(message, nullptr, nullptr) == 0 &&
                        sd_bus_message_is_signal(message, nullptr, nullptr) == 0;
+  auto& connection = *static_cast<AtspiConnection*>(self);
   const char* sender = sd_bus_message_get_sender(message);
-  if (isReply && sender) static_cast<AtspiConnection*>(self)->shared_.resting.showedLife(sender);
+  if (!isReply) ++connection.uncalledMessages_;
+  if (isReply && sender) connection.shared_.resting.showedLife(sender);
   return 0;
 }
 

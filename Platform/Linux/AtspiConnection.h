@@ -63,6 +63,7 @@ class AtspiConnection {
  private:
   struct Pending;
 
+  bool isReady();
   bool isConnected();
   int send(const AtspiCall& call, Pending& pending);
   void dispatchLateReplies();
@@ -72,6 +73,7 @@ class AtspiConnection {
 
   AtspiShared& shared_;
   BusPtr bus_;
+  int uncalledMessages_ = 0;  // that came on it and are no replies
 };
 
 }  // namespace norra::linux_desktop

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <deque>
+#include <unordered_set>
 
 #include "Platform/Linux/AtspiContext.h"
 #include "Platform/Linux/AtspiStructure.h"
@@ -11,7 +12,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::size_t mostElementsSearched = 300;
+constexpr std::size_t mostElementsSearched = 1200;
 constexpr std::size_t mostChildrenSearched = 40;
 constexpr int mostLevelsOfItems = 4;
 constexpr int mostLevelsOfMenus = 8;
@@ -53,11 +54,13 @@ bool isBetter(const AtspiFacts& facts, const AtspiReference& best) {
 // Breadth first; the deepest focused element wins, since toolkits call containers focused too.
 AtspiReference searchFocused(const ElementView& window) {
   std::deque<AtspiReference> open{window.reference()};
+  std::unordered_set<AtspiReference, AtspiReferenceHash> seen;
   AtspiReference best;
-  for (std::size_t seen = 0; !open.empty() && seen < mostElementsSearched; ++seen) {
+  while (!open.empty() && seen.size() < mostElementsSearched) {
     const auto current = open.front();
     open.pop_front();
     for (const auto& child : shownChildren(window.other(current))) {
+      if (!seen.insert(child).second) continue;
       const auto& facts = window.reader().known(child);
       if (isBetter(facts, best)) best = child;
       if (isSearched(facts) && facts.childCount > 0) open.push_back(child);

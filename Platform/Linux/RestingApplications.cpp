@@ -12,9 +12,10 @@ bool RestingApplications::isResting(std::string_view busName, TimePoint now) con
 
 void RestingApplications::didNotAnswer(std::string_view busName, TimePoint now) {
   const std::lock_guard lock(mutex_);
-  const auto [rest, isNew] = rests_.try_emplace(std::string(busName), Rest{now, firstRest});
+  const auto [rest, isNew] = rests_.try_emplace(std::string(busName), Rest{now, now, firstRest});
   if (!isNew && now < rest->second.until) return;
   if (!isNew) rest->second.length = std::min(rest->second.length * 2, longestRest);
+  rest->second.since = now;
   rest->second.until = now + rest->second.length;
 }
 
@@ -22,6 +23,12 @@ void RestingApplications::showedLife(std::string_view busName) {
   const std::lock_guard lock(mutex_);
   const auto rest = rests_.find(busName);
   if (rest != rests_.end()) rests_.erase(rest);
+}
+
+void RestingApplications::sentEvent(std::string_view busName) {
+  const std::lock_guard lock(mutex_);
+  const auto rest = rests_.find(busName);
+  if (rest != rests_.end()) rest->second.until = std::min(rest->second.until, rest->second.since + firstRest);
 }
 
 std::size_t RestingApplications::count(TimePoint now) const {

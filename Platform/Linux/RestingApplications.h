@@ -1,5 +1,5 @@
 // Applications that did not answer in time. Each is left alone for a while, then it gets another chance; the while
-// grows with every chance that is missed. A sign of life ends it.
+// grows with every chance that is missed. An answer ends it.
 #pragma once
 
 #include <chrono>
@@ -23,14 +23,17 @@ class RestingApplications {
   bool isResting(std::string_view busName, TimePoint now) const;
 
   void didNotAnswer(std::string_view busName, TimePoint now);
-  /// Also for whoever was never late.
+  /// It answered, in time or late. Also for whoever was never late.
   void showedLife(std::string_view busName);
+  /// Shortens a long rest to the first one, but ends none: an application may send events and answer nothing.
+  void sentEvent(std::string_view busName);
 
   /// How many are left alone now.
   std::size_t count(TimePoint now) const;
 
  private:
   struct Rest {
+    TimePoint since;
     TimePoint until;
     std::chrono::milliseconds length;
   };
