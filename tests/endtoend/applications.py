@@ -17,6 +17,12 @@ class Application:
         self.process = subprocess.Popen([str(word) for word in command], text=True, **streams)
         self.pid = self.process.pid
 
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
     def window_title(self):
         """The title of its window in front of all others, empty while another application is there."""
         active = subprocess.run(["xdotool", "getactivewindow", "getwindowpid", "getwindowname"], capture_output=True, text=True)
@@ -26,6 +32,22 @@ class Application:
     def wait_until_in_front(self):
         wait_until(self.window_title, f"the window of {self.process.args}")
         return self
+
+    def activate(self):
+        """Brings its window to the front."""
+        window = hands.xdotool("search", "--all", "--onlyvisible", "--pid", self.pid, "--name", ".").split()[0]
+        hands.xdotool("windowactivate", "--sync", window)
+        return self.wait_until_in_front()
+
+    def window_place(self):
+        """[x, y, width, height] of its window in front."""
+        words = hands.xdotool("getactivewindow", "getwindowgeometry", "--shell").split()
+        values = dict(word.split("=") for word in words)
+        return [int(values[name]) for name in ("X", "Y", "WIDTH", "HEIGHT")]
+
+    def state(self):
+        """The kernel's letter: T is stopped."""
+        return Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()[0]
 
     def executable(self):
         return Path(os.readlink(f"/proc/{self.pid}/exe")).name

@@ -4,6 +4,7 @@ import re
 import signal
 import subprocess
 import threading
+from datetime import datetime
 
 from waiting import PATIENCE, wait_until
 
@@ -43,6 +44,11 @@ class Collection:
                 break
             reports += more
         return reports
+
+    def date(self):
+        """When the service forwarded the report that was taken last; in seconds, as time.time()."""
+        date = json.loads(self.lines[self.taken - 1])["date"]
+        return datetime.fromisoformat(date.replace("Z", "+00:00")).timestamp()
 
     @staticmethod
     def _report(line):

@@ -38,8 +38,18 @@ class Service:
 
     def private_memory(self):
         """In bytes: what the service has allocated, without the files that it has mapped."""
+        return self._status("RssAnon:")
+
+    def peak_of_memory(self):
+        """In bytes, with the files that it has mapped; since the last `forget_peak_of_memory`."""
+        return self._status("VmHWM:")
+
+    def forget_peak_of_memory(self):
+        Path(f"/proc/{self.process.pid}/clear_refs").write_text("5")
+
+    def _status(self, key):
         status = Path(f"/proc/{self.process.pid}/status").read_text()
-        return 1024 * next(int(line.split()[1]) for line in status.splitlines() if line.startswith("RssAnon:"))
+        return 1024 * next(int(line.split()[1]) for line in status.splitlines() if line.startswith(key))
 
     def is_sanitized(self):
         """Sanitizers keep freed memory back."""

@@ -23,7 +23,7 @@ class Switching(EndToEndTest):
         running = [self.start(*row) for row in self.APPLICATIONS]
         for application, name, description in reversed(running[:-1]):
             with self.subTest(name):
-                self.activate(application)
+                application.activate()
                 self.expect(change_application(application.pid, name, description, application.window_title()))
 
     def start(self, command, identifier, description):
@@ -33,12 +33,6 @@ class Switching(EndToEndTest):
         name = identifier or application.executable()
         self.expect(change_application(application.pid, name, description, application.window_title()))
         return application, name, description
-
-    @staticmethod
-    def activate(application):
-        window = hands.xdotool("search", "--all", "--onlyvisible", "--pid", application.pid, "--name", ".").split()[0]
-        hands.xdotool("windowactivate", "--sync", window)
-        application.wait_until_in_front()
 
     def test_an_application_that_begins_where_another_ended_is_told(self):
         for title in ("First hull", "Second hull"):  # the second window gets the number of the first one
@@ -72,7 +66,7 @@ class Switching(EndToEndTest):
         hands.key("ctrl+b")
         self.expect(key_combination("Control + b", "Ship", "text"))
         stuck.process.send_signal(signal.SIGCONT)
-        self.activate(stuck)
+        stuck.activate()
         self.expect(change_application(stuck.pid, stuck.executable(), "", "Harbour ledger"))
 
 

@@ -37,15 +37,6 @@ FakeElement passwordField(std::string text) {
 
 int replyText(sd_bus_message* call) { return sd_bus_reply_method_return(call, "s", "not what was asked for"); }
 
-class OnPrivateBus {
- public:
-  OnPrivateBus() { setenv("AT_SPI_BUS_ADDRESS", std::getenv("DBUS_SESSION_BUS_ADDRESS"), 1); }
-  ~OnPrivateBus() { unsetenv("AT_SPI_BUS_ADDRESS"); }
-
- private:
-  PrivateBus bus_;
-};
-
 class Elements : public testing::Test {
  protected:
   template <typename Value>
@@ -64,7 +55,7 @@ class Elements : public testing::Test {
   std::vector<std::string> actions(const std::string& key) { return element(key).primitives().copyActionNames().value; }
   std::uint64_t waves() const { return context_.shared.statistics.waves; }
 
-  OnPrivateBus bus_;
+  PrivateAccessibilityBus bus_;
   CountedEpoch epoch_;
   NoWindowsOnScreen windows_;
   AtspiContext context_{epoch_, windows_};

@@ -205,6 +205,14 @@ TEST_F(Resting, NeverGrowsBeyondItsLongest) {
   EXPECT_FALSE(applications_.isResting(":1.5", now));
 }
 
+TEST_F(Resting, IsShortenedByAnEventButNotEnded) {
+  applications_.didNotAnswer(":1.5", start_);
+  applications_.didNotAnswer(":1.5", start_ + first_);
+  applications_.sentEvent(":1.5");
+  EXPECT_TRUE(applications_.isResting(":1.5", start_ + first_ + first_ - 1ms));
+  EXPECT_FALSE(applications_.isResting(":1.5", start_ + first_ + first_));
+}
+
 TEST_F(Resting, EndsWithASignOfLife) {
   applications_.didNotAnswer(":1.5", start_);
   EXPECT_EQ(applications_.count(start_), 1U);

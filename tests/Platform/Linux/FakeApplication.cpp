@@ -13,16 +13,6 @@ std::string keyOf(const std::string& path) {
   return path.starts_with(pathPrefix) ? path.substr(pathPrefix.size()) : "";
 }
 
-BusPtr connect() {
-  sd_bus* bus = nullptr;
-  sd_bus_new(&bus);
-  BusPtr owned(bus);
-  sd_bus_set_address(bus, std::getenv("AT_SPI_BUS_ADDRESS"));
-  sd_bus_set_bus_client(bus, 1);
-  if (sd_bus_start(bus) < 0) throw std::runtime_error("no accessibility bus");
-  return owned;
-}
-
 int appendTexts(sd_bus_message* reply, const std::map<std::string, std::string>& texts) {
   sd_bus_message_open_container(reply, 'a', "{ss}");
   for (const auto& [key, value] : texts) sd_bus_message_append(reply, "{ss}", key.c_str(), value.c_str());
@@ -41,8 +31,18 @@ int replyWith(sd_bus_message* call, const Fill& fill) {
 
 }  // namespace
 
+BusPtr openAccessibilityBus() {
+  sd_bus* bus = nullptr;
+  sd_bus_new(&bus);
+  BusPtr owned(bus);
+  sd_bus_set_address(bus, std::getenv("AT_SPI_BUS_ADDRESS"));
+  sd_bus_set_bus_client(bus, 1);
+  if (sd_bus_start(bus) < 0) throw std::runtime_error("no accessibility bus");
+  return owned;
+}
+
 FakeApplication::FakeApplication(std::string toolkit, std::string version)
-    : toolkit_(std::move(toolkit)), version_(std::move(version)), bus_(connect()) {
+    : toolkit_(std::move(toolkit)), version_(std::move(version)), bus_(openAccessibilityBus()) {
   sd_bus_add_filter(bus_.get(), nullptr, onMessage, this);
   const char* name = nullptr;
   sd_bus_get_unique_name(bus_.get(), &name);
@@ -84,6 +84,11 @@ void FakeApplication::set(const std::string& key, FakeElement element) {
   elements_.insert_or_assign(key, std::move(element));
 }
 
+void FakeApplication::setElsewhere(FakeElement element) {
+  const std::lock_guard lock(mutex_);
+  elsewhere_ = std::move(element);
+}
+
 void FakeApplication::remove(const std::string& key) {
   const std::lock_guard lock(mutex_);
   elements_.erase(key);
@@ -96,6 +101,11 @@ AtspiReference FakeApplication::reference(const std::string& key) const { return
 void FakeApplication::answer(const std::string& member, Answer answer) {
   const std::lock_guard lock(mutex_);
   answers_[member] = std::move(answer);
+}
+
+void FakeApplication::atEachCall(std::function<void(const std::string& member)> action) {
+  const std::lock_guard lock(mutex_);
+  atEachCall_ = std::move(action);
 }
 
 int FakeApplication::calls(const std::string& member) const {
@@ -122,6 +132,7 @@ void FakeApplication::sendEvent(const std::string& key, const char* member, cons
 int FakeApplication::onMessage(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
   auto& application = *static_cast<FakeApplication*>(self);
   if (sd_bus_message_is_method_call(message, nullptr, nullptr) <= 0) return 0;
+  ++application.received_;
   if (!application.isSilent_) return application.handle(message);
   application.kept_.emplace_back(sd_bus_message_ref(message));
   return 1;
@@ -135,6 +146,7 @@ int FakeApplication::handle(sd_bus_message* call) {
   {
     const std::lock_guard lock(mutex_);
     ++calls_[member];
+    atEachCall_(member);
     if (const auto found = answers_.find(member); found != answers_.end()) own = found->second;
   }
   if (own && own(call) >= 0) return 1;
@@ -148,12 +160,13 @@ int FakeApplication::handle(sd_bus_message* call) {
 
 bool FakeApplication::isKnown(sd_bus_message* call) const {
   const std::lock_guard lock(mutex_);
-  return elements_.contains(keyOf(sd_bus_message_get_path(call)));
+  return elsewhere_ || elements_.contains(keyOf(sd_bus_message_get_path(call)));
 }
 
 FakeElement FakeApplication::elementOf(sd_bus_message* call) const {
   const std::lock_guard lock(mutex_);
-  return elements_.at(keyOf(sd_bus_message_get_path(call)));
+  const auto found = elements_.find(keyOf(sd_bus_message_get_path(call)));
+  return found != elements_.end() ? found->second : elsewhere_.value();
 }
 
 int FakeApplication::replyReference(sd_bus_message* call, const std::string& key) {
@@ -222,14 +235,20 @@ int FakeApplication::replyMethod(sd_bus_message* call, const std::string& member
       sd_bus_message_close_container(reply);
     });
   }
+  if (member == "GetExtents") {
+    const auto& [x, y, width, height] = element.extents;
+    return sd_bus_reply_method_return(call, "(iiii)", x, y, width, height);
+  }
+  if (member == "GetAccessibleAtPoint") {
+    if (!element.children.empty()) return replyReference(call, element.children.back());
+    return sd_bus_reply_method_return(call, "(so)", "", AtspiReference::nullPath);
+  }
   std::int32_t index = 0;
-  if (member == "GetChildAtIndex" && sd_bus_message_read(call, "i", &index) >= 0) {
-    return replyReference(call, element.children.at(static_cast<std::size_t>(index)));
-  }
-  if (member == "GetName" && sd_bus_message_read(call, "i", &index) >= 0) {
-    return sd_bus_reply_method_return(call, "s", element.actions.at(static_cast<std::size_t>(index)).c_str());
-  }
-  return -1;
+  if (member != "GetChildAtIndex" && member != "GetName") return -1;
+  const auto& items = member == "GetName" ? element.actions : element.children;
+  if (sd_bus_message_read(call, "i", &index) < 0 || index < 0 || std::size_t(index) >= items.size()) return -1;
+  const auto& item = items[static_cast<std::size_t>(index)];
+  return member == "GetName" ? sd_bus_reply_method_return(call, "s", item.c_str()) : replyReference(call, item);
 }
 
 }  // namespace norra::linux_desktop

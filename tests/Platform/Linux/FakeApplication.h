@@ -3,11 +3,13 @@
 
 #include <systemd/sd-bus.h>
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <thread>
 #include <utility>
@@ -32,7 +34,11 @@ struct FakeElement {
   std::string displayedText = {};
   std::vector<std::string> actions = {};
   double value = 0;
+  std::array<std::int32_t, 4> extents{};  // x, y, width, height; whatever the coordinates
 };
+
+/// A connection of its own to the bus of AT_SPI_BUS_ADDRESS.
+BusPtr openAccessibilityBus();
 
 /// Served by a thread of its own from construction to destruction, on the bus of AT_SPI_BUS_ADDRESS.
 class FakeApplication {
@@ -48,14 +54,20 @@ class FakeApplication {
   void set(const std::string& key, FakeElement element);
   void remove(const std::string& key);
   AtspiReference reference(const std::string& key) const;
+  /// What every path is that is not set; nothing is there otherwise.
+  void setElsewhere(FakeElement element);
 
   /// Answers calls of this method, or of this property's Get, in its own way.
   void answer(const std::string& member, Answer answer);
+  /// Runs at each call before it is answered, on the application's thread.
+  void atEachCall(std::function<void(const std::string& member)> action);
   /// Calls that come from now on are kept, and answered only when it is no longer silent.
   void setSilent(bool silent) { isSilent_ = silent; }
   /// How often a method was called, or a property read.
   int calls(const std::string& member) const;
   int calls() const;
+  /// Those that were not answered included.
+  int received() const { return received_; }
 
   /// Sends an event of org.a11y.atspi.Event.Object.
   void sendEvent(const std::string& key, const char* member, const char* detail, int detail1);
@@ -81,10 +93,13 @@ class FakeApplication {
   mutable std::mutex mutex_;
   // guarded by mutex_
   std::map<std::string, FakeElement> elements_;
+  std::optional<FakeElement> elsewhere_;
   std::map<std::string, Answer> answers_;
+  std::function<void(const std::string& member)> atEachCall_ = [](const std::string&) {};
   std::map<std::string, int> calls_;
   std::vector<std::function<void()>> outgoing_;
 
+  std::atomic<int> received_ = 0;
   std::atomic<bool> isSilent_ = false;
   std::atomic<bool> isEnding_ = false;
   std::vector<MessagePtr> kept_;  // of the thread

@@ -18,7 +18,7 @@ std::string configuration(const std::filesystem::path& folder, const std::filesy
   return "<busconfig><type>session</type><listen>unix:dir=" + folder.string() + "</listen>" + services + R"(
     <policy context="default">
       <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/>
-    </policy></busconfig>)";
+    </policy><limit name="max_replies_per_connection">50000</limit></busconfig>)";
 }
 
 /// Starts the daemon; its address comes out of the pipe.
@@ -77,5 +77,11 @@ void PrivateBus::kill() {
   waitpid(daemon_, nullptr, 0);
   daemon_ = 0;
 }
+
+PrivateAccessibilityBus::PrivateAccessibilityBus() {
+  setenv("AT_SPI_BUS_ADDRESS", std::getenv("DBUS_SESSION_BUS_ADDRESS"), 1);
+}
+
+PrivateAccessibilityBus::~PrivateAccessibilityBus() { unsetenv("AT_SPI_BUS_ADDRESS"); }
 
 }  // namespace norra::linux_desktop

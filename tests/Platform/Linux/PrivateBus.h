@@ -39,4 +39,16 @@ class PrivateBus {
   pid_t daemon_ = 0;
 };
 
+/// The same, which AT_SPI_BUS_ADDRESS names too.
+class PrivateAccessibilityBus {
+ public:
+  PrivateAccessibilityBus();
+  ~PrivateAccessibilityBus();
+  PrivateAccessibilityBus(const PrivateAccessibilityBus&) = delete;
+  PrivateAccessibilityBus& operator=(const PrivateAccessibilityBus&) = delete;
+
+ private:
+  PrivateBus bus_;
+};
+
 }  // namespace norra::linux_desktop

@@ -1,0 +1,101 @@
+"""What tests of faults have in common: the processes that a desktop is made of, and what is measured."""
+import os
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+import dbus
+
+import hands
+from applications import Application
+from desktop import PROGRAMS, EndToEndTest, one_a_line
+from expected import click, key_combination
+from waiting import wait_until
+
+
+def desktop_process(name):
+    """The process identifier of a part of the desktop: of a child of the script that made it."""
+    script = os.getppid()
+    children = Path(f"/proc/{script}/task/{script}/children").read_text().split()
+    return next(int(child) for child in children if Path(f"/proc/{child}/comm").read_text().startswith(name))
+
+
+def accessibility_bus_address():
+    """Starts the bus where it has ended."""
+    bus = dbus.SessionBus().get_object("org.a11y.Bus", "/org/a11y/bus")
+    return str(bus.GetAddress(dbus_interface="org.a11y.Bus"))
+
+
+def owner_on_accessibility_bus(name):
+    """The process that has a name there; the bus itself has org.freedesktop.DBus. 0: nobody has it."""
+    connection = dbus.bus.BusConnection(accessibility_bus_address())
+    connection.set_exit_on_disconnect(False)
+    try:
+        return int(connection.get_unix_process_id(name))
+    except dbus.DBusException:
+        return 0
+    finally:
+        connection.close()
+
+
+class FaultTest(EndToEndTest):
+    def expect_among(self, *reports):
+        """These come, in this order; others, of what the faulty application is still seen to do, may come before each."""
+        for report in reports:
+            found = self.collection.until(lambda other: other == report)
+            self.assertEqual(found[-1:], [report], one_a_line(found))
+
+    def expect_click(self, application, widget, case=""):
+        """Clicks a button that is on the screen; prints how long after the release its report was forwarded."""
+        application.press(widget)
+        released = time.time()
+        hands.release()
+        self.expect_among(click(widget, "push button"))
+        print(f"    {case or self._testMethodName}: {1000 * (self.collection.date() - released):.0f} ms", file=sys.stderr)
+
+    def expect_key(self, key, name, control):
+        hands.key("ctrl+" + key)
+        self.expect_among(key_combination(f"Control + {key}", name, control))
+
+    def expect_to_be_read_again(self, application, widget):
+        """It may take a moment until an application that goes on is asked again."""
+        application.activate()
+        wait_until(lambda: self.is_reported(application, widget), f"{widget} to be read")
+
+    def is_reported(self, application, widget):
+        application.click(widget)
+        report = click(widget, "push button")
+        return self.collection.until(lambda other: other == report, patience=0.5)[-1:] == [report]
+
+
+class HostileApplication(Application):
+    """One window over a button that the accessibility bus calls "Reef"; the program tells its faults."""
+
+    def __init__(self, fault, number=0):
+        super().__init__([PROGRAMS / "norra-hostile-application", fault, str(number)], stdin=subprocess.PIPE,
+                         stdout=subprocess.PIPE, env={**os.environ, "AT_SPI_BUS_ADDRESS": accessibility_bus_address()})
+        assert self.process.stdout.readline() == "ready\n"
+        self.wait_until_in_front()
+        self.place = self.window_place()
+
+    def click(self):
+        hands.point_to(self.place)
+        hands.press()
+        hands.release()
+
+    def calls(self):
+        """How many it has received so far."""
+        self.process.stdin.write("\n")
+        self.process.stdin.flush()
+        return int(self.process.stdout.readline())
+
+    def click_until_read(self):
+        """An application that did not answer before is asked again after a while."""
+        before = self.calls()
+
+        def is_read():
+            self.click()
+            return self.calls() > before
+
+        wait_until(is_read, "the service to read it")
