@@ -28,7 +28,9 @@ void RestingApplications::showedLife(std::string_view busName) {
 void RestingApplications::sentEvent(std::string_view busName) {
   const std::lock_guard lock(mutex_);
   const auto rest = rests_.find(busName);
-  if (rest != rests_.end()) rest->second.until = std::min(rest->second.until, rest->second.since + firstRest);
+  if (rest == rests_.end()) return;
+  auto& [since, until, length] = rest->second;
+  until = std::min(until, since + length / 4);
 }
 
 std::size_t RestingApplications::count(TimePoint now) const {

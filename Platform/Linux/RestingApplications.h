@@ -25,7 +25,7 @@ class RestingApplications {
   void didNotAnswer(std::string_view busName, TimePoint now);
   /// It answered, in time or late. Also for whoever was never late.
   void showedLife(std::string_view busName);
-  /// Shortens a long rest to the first one, but ends none: an application may send events and answer nothing.
+  /// Shortens its rest to a quarter, but does not end it: an application may send events and answer nothing.
   void sentEvent(std::string_view busName);
 
   /// How many are left alone now.

@@ -207,10 +207,9 @@ TEST_F(Resting, NeverGrowsBeyondItsLongest) {
 
 TEST_F(Resting, IsShortenedByAnEventButNotEnded) {
   applications_.didNotAnswer(":1.5", start_);
-  applications_.didNotAnswer(":1.5", start_ + first_);
   applications_.sentEvent(":1.5");
-  EXPECT_TRUE(applications_.isResting(":1.5", start_ + first_ + first_ - 1ms));
-  EXPECT_FALSE(applications_.isResting(":1.5", start_ + first_ + first_));
+  EXPECT_TRUE(applications_.isResting(":1.5", start_ + first_ / 4 - 1ms));
+  EXPECT_FALSE(applications_.isResting(":1.5", start_ + first_ / 4));
 }
 
 TEST_F(Resting, EndsWithASignOfLife) {
