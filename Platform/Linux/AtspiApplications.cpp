@@ -60,4 +60,9 @@ void AtspiApplications::remove(std::string_view busName) {
   if (found != applications_.end()) applications_.erase(found);
 }
 
+void AtspiApplications::clear() {
+  const std::lock_guard lock(mutex_);
+  applications_.clear();
+}
+
 }  // namespace norra::linux_desktop

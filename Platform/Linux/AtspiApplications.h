@@ -53,6 +53,7 @@ class AtspiApplications {
   std::shared_ptr<AtspiApplication> find(std::string_view busName) const;
   void add(std::string busName, std::shared_ptr<AtspiApplication> application);
   void remove(std::string_view busName);
+  void clear();
 
  private:
   mutable std::mutex mutex_;

@@ -70,7 +70,21 @@ BusPtr AtspiBus::connect() {
   const auto address = knownAddress_ ? knownAddress_ : currentAddress(now + connectLimit);
   auto bus = address ? openBus(*address, now + connectLimit) : nullptr;
   noteOutcome(bus != nullptr);
+  if (bus) noteIdentity(bus.get());
   return bus;
+}
+
+void AtspiBus::noteIdentity(sd_bus* bus) {
+  sd_id128_t identity{};
+  if (sd_bus_get_bus_id(bus, &identity) < 0 || !isAnother(identity)) return;
+  ++generation_;
+  forget_();
+}
+
+bool AtspiBus::isAnother(const sd_id128_t& identity) {
+  const std::lock_guard lock(mutex_);
+  const auto former = std::exchange(identity_, identity);
+  return former && sd_id128_equal(*former, identity) == 0;
 }
 
 bool AtspiBus::mayTry(TimePoint now) {

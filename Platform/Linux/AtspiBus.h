@@ -1,7 +1,10 @@
 // The accessibility bus: where it is, and how to get onto it.
 #pragma once
 
+#include <atomic>
 #include <chrono>
+#include <cstdint>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -23,16 +26,26 @@ class AtspiBus {
   /// once until it is there again. Asked again soon after a failure it fails at once.
   BusPtr connect();
 
+  /// Of the bus that was reached last: one that was started anew gives the names of the former one to others.
+  std::uint64_t generation() const { return generation_; }
+  /// Called before connect() gives the first connection to a bus that was started anew; on its thread.
+  void onNewGeneration(std::function<void()> forget) { forget_ = std::move(forget); }
+
  private:
   bool mayTry(TimePoint now);
   void noteOutcome(bool isConnected);
+  void noteIdentity(sd_bus* bus);
+  bool isAnother(const sd_id128_t& identity);
 
   const std::optional<std::string> knownAddress_;
+  std::function<void()> forget_ = [] {};
+  std::atomic<std::uint64_t> generation_ = 0;
 
   std::mutex mutex_;
   // guarded by mutex_
   TimePoint nextTry_;
   bool isFailureLogged_ = false;
+  std::optional<sd_id128_t> identity_;
 };
 
 /// Serves the bus until `isDone`, the deadline or a failure, however much arrives. Whether it is done.

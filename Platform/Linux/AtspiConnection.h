@@ -60,6 +60,9 @@ class AtspiConnection {
   /// once until it gets another chance.
   std::vector<AtspiReply> exchange(std::span<const AtspiCall> calls, TimePoint deadline = TimePoint::max());
 
+  /// See AtspiBus::generation.
+  std::uint64_t generation() const { return shared_.bus.generation(); }
+
  private:
   struct Pending;
 

@@ -12,6 +12,11 @@ constexpr std::size_t mostMissing = 256;
 
 }  // namespace
 
+AtspiContext::AtspiContext(const ReadingEpoch& epoch, WindowsOnScreen& windowsOnScreen)
+    : windows(windowsOnScreen), epoch_(epoch) {
+  shared.bus.onNewGeneration([this] { forgetAll(); });
+}
+
 AtspiReader& AtspiContext::reader() {
   const std::lock_guard lock(mutex_);
   auto& reader = readers_[std::this_thread::get_id()];
@@ -42,7 +47,16 @@ void AtspiContext::forget(const std::string& busName) {
   applications.remove(busName);
   focus.forget(busName);
   selectedItems.forget(busName);
-  shared.resting.showedLife(busName);
+  shared.resting.forget(busName);
+}
+
+void AtspiContext::forgetAll() {
+  applications.clear();
+  processes.clear();
+  focus.clear();
+  highlightedItems.clear();
+  topLevels.clear();
+  shared.resting.clear();
 }
 
 }  // namespace norra::linux_desktop

@@ -31,7 +31,7 @@ struct AtspiPart {
 class AtspiContext {
  public:
   /// Both must outlive this.
-  AtspiContext(const ReadingEpoch& epoch, WindowsOnScreen& windowsOnScreen) : windows(windowsOnScreen), epoch_(epoch) {}
+  AtspiContext(const ReadingEpoch& epoch, WindowsOnScreen& windowsOnScreen);
   AtspiContext(const AtspiContext&) = delete;
   AtspiContext& operator=(const AtspiContext&) = delete;
 
@@ -47,6 +47,8 @@ class AtspiContext {
 
   /// The name has left the bus.
   void forget(const std::string& busName);
+  /// All names have.
+  void forgetAll();
 
   AtspiShared shared;
   AtspiApplications applications;

@@ -63,6 +63,7 @@ constexpr std::array attributes{
 AXResult<AXAttributeValue> AtspiElement::copyAttributeValue(std::string_view attribute) const {
   const auto* row = std::ranges::find(attributes, attribute, &Attribute::name);
   if (row == attributes.end() && part_.kind == AtspiPart::Kind::whole) return unsupported();
+  if (isOfAFormerBus()) return failed(axError::invalidUIElement);
   const ElementView view(context_, context_.reader(), reference_);
   auto result = part_.kind == AtspiPart::Kind::whole ? row->read(view) : partAttribute(view, part_, attribute);
   if (result.error != axError::noValue && result.error != axError::attributeUnsupported) return result;
@@ -84,7 +85,7 @@ AXResult<std::vector<std::string>> AtspiElement::copyAttributeNames() const {
 }
 
 AXResult<std::vector<std::string>> AtspiElement::copyActionNames() const {
-  if (part_.kind != AtspiPart::Kind::whole) return {};
+  if (part_.kind != AtspiPart::Kind::whole || isOfAFormerBus()) return {};
   return actionNamesOf(ElementView(context_, context_.reader(), reference_));
 }
 
@@ -93,6 +94,7 @@ AXResult<std::optional<AXUIElement>> AtspiElement::copyElementAtPosition(float /
 }
 
 AXResult<ProcessIdentifier> AtspiElement::getPid() const {
+  if (isOfAFormerBus()) return {axError::invalidUIElement, 0};
   const auto process = context_.processes.processOf(reference_.busName, context_.reader());
   if (process == 0) return {axError::invalidUIElement, 0};
   return {axError::success, process};
@@ -107,7 +109,7 @@ std::optional<std::string> AtspiElement::roleDescription(std::string_view role,
 
 bool AtspiElement::isEqual(const AXUIElementPrimitives& other) const {
   const auto* element = dynamic_cast<const AtspiElement*>(&other);
-  return element && element->reference_ == reference_ && element->part_ == part_;
+  return element && element->reference_ == reference_ && element->part_ == part_ && element->generation_ == generation_;
 }
 
 }  // namespace norra::linux_desktop

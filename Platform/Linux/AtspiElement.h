@@ -9,7 +9,10 @@ namespace norra::linux_desktop {
 class AtspiElement final : public AXUIElementPrimitives {
  public:
   AtspiElement(AtspiContext& context, AtspiReference reference, AtspiPart part)
-      : context_(context), reference_(std::move(reference)), part_(part) {}
+      : context_(context),
+        reference_(std::move(reference)),
+        part_(part),
+        generation_(context.shared.bus.generation()) {}
 
   const AtspiReference& reference() const { return reference_; }
   AtspiPart part() const { return part_; }
@@ -25,9 +28,13 @@ class AtspiElement final : public AXUIElementPrimitives {
   bool isEqual(const AXUIElementPrimitives& other) const override;
 
  private:
+  /// Its name may be another application's since then.
+  bool isOfAFormerBus() const { return context_.shared.bus.generation() != generation_; }
+
   AtspiContext& context_;
   const AtspiReference reference_;
   const AtspiPart part_;
+  const std::uint64_t generation_;  // of the bus that it was found on
 };
 
 }  // namespace norra::linux_desktop

@@ -157,7 +157,7 @@ void AtspiEvents::unwantAtRegistry(const std::string& registryName) {
 int AtspiEvents::onEvent(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
   const auto& subscription = *static_cast<Subscription*>(self);
   if (const auto event = eventIn(message)) {
-    subscription.events.context_.shared.resting.sentEvent(event->source.busName);
+    subscription.events.context_.shared.resting.sentEvent(event->source.busName, std::chrono::steady_clock::now());
     // The handler may end the subscription, and with it itself.
     const auto handler = subscription.handler;
     handler(*event);

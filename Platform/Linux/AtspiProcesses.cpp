@@ -91,4 +91,9 @@ ProcessIdentifier AtspiProcesses::processOf(const std::string& busName, AtspiRea
   return known != processes_.end() ? known->second : 0;
 }
 
+void AtspiProcesses::clear() {
+  const std::lock_guard lock(mutex_);
+  processes_.clear();
+}
+
 }  // namespace norra::linux_desktop

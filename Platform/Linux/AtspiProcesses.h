@@ -26,13 +26,15 @@ class AtspiProcesses {
   /// The process that the peer with this bus name stands for; 0 where it is not known.
   ProcessIdentifier processOf(const std::string& busName, AtspiReader& reader);
 
+  void clear();
+
  private:
   std::vector<std::string> knownNamesOf(ProcessIdentifier process) const;
   void adoptProxyOf(ProcessIdentifier process);
   void lookAtNames(AtspiReader& reader);
 
   mutable std::mutex mutex_;
-  std::map<std::string, ProcessIdentifier> processes_;  // by unique bus name, which is never used again; guarded
+  std::map<std::string, ProcessIdentifier> processes_;  // by unique bus name, which a bus never gives again; guarded
 };
 
 }  // namespace norra::linux_desktop

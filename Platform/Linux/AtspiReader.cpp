@@ -24,7 +24,12 @@ Toolkit toolkitOfPath(std::string_view path) {
 
 void AtspiReader::enter() {
   const auto epoch = epoch_.current();
-  if (epoch && epoch == currentEpoch_) return;
+  const auto generation = connection_.generation();
+  if (epoch && epoch == currentEpoch_ && generation == generation_) return;
+  if (std::exchange(generation_, generation) != generation) {
+    kept_.clear();
+    formerParents_.clear();
+  }
   currentEpoch_ = epoch;
   deadline_ = TimePoint::min();
   facts_.clear();

@@ -85,6 +85,7 @@ class AtspiReader {
   const ReadingEpoch& epoch_;
 
   std::optional<std::uint64_t> currentEpoch_;
+  std::uint64_t generation_ = 0;           // of the bus
   TimePoint deadline_ = TimePoint::min();  // of this epoch; min: nothing was read in it
   std::unordered_map<AtspiReference, AtspiFacts, AtspiReferenceHash> facts_;
   std::vector<AtspiQuestion> expected_;

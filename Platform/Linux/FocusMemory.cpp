@@ -54,4 +54,9 @@ void FocusMemory::forget(std::string_view busName) {
   if (found != applications_.end()) applications_.erase(found);
 }
 
+void FocusMemory::clear() {
+  const std::lock_guard lock(mutex_);
+  applications_.clear();
+}
+
 }  // namespace norra::linux_desktop

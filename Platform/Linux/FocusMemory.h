@@ -30,6 +30,7 @@ class FocusMemory {
   std::optional<AtspiReference> found(std::string_view busName) const;
 
   void forget(std::string_view busName);
+  void clear();
 
  private:
   struct Paths {

@@ -61,4 +61,9 @@ AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
   return found->reference;
 }
 
+void HighlightedItems::clear() {
+  const std::lock_guard lock(mutex_);
+  items_.clear();
+}
+
 }  // namespace norra::linux_desktop

@@ -38,6 +38,8 @@ class HighlightedItems {
   /// Whether the list of the combo box is open, and for longer than that click.
   bool isOpen(const AtspiReference& comboBox, TimePoint now) const;
 
+  void clear();
+
  private:
   void add(const AtspiReference& item, const AtspiRectangle& place, const AtspiReference& owner, TimePoint now);
   void end(std::string_view busName, TimePoint now);

@@ -25,4 +25,9 @@ void KnownTopLevels::forget(const WindowOnScreen& window) {
   topLevels_.erase(window.window);
 }
 
+void KnownTopLevels::clear() {
+  const std::lock_guard lock(mutex_);
+  topLevels_.clear();
+}
+
 }  // namespace norra::linux_desktop

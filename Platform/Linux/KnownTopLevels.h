@@ -16,6 +16,7 @@ class KnownTopLevels {
   AtspiReference find(const WindowOnScreen& window) const;
   void note(const WindowOnScreen& window, const AtspiReference& topLevel);
   void forget(const WindowOnScreen& window);
+  void clear();
 
  private:
   struct TopLevel {

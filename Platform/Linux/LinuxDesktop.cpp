@@ -14,14 +14,20 @@
 namespace norra::linux_desktop {
 namespace {
 
+constexpr int statusWithoutServer = 1;
+
 std::unique_ptr<X11Windows> newWindows() {
   auto connection = X11Connection::open();
   return connection ? std::make_unique<X11Windows>(std::move(connection)) : nullptr;
 }
 
-std::unique_ptr<Workspace> newWorkspace(sd_event* event, X11Windows* windows) {
+// Without the server that it watched nothing is left to watch: clients are better told by the service's end.
+std::unique_ptr<Workspace> newWorkspace(EventLoop& loop, X11Windows* windows) {
   auto connection = windows != nullptr ? X11Connection::open() : nullptr;
-  if (connection) return std::make_unique<X11Workspace>(event, std::move(connection), *windows);
+  if (connection) {
+    return std::make_unique<X11Workspace>(loop.event(), std::move(connection), *windows,
+                                          [&loop] { loop.end(statusWithoutServer); });
+  }
   return std::make_unique<AbsentWorkspace>(
       "No X server: application switches are not seen. Start the service in a desktop session, with DISPLAY set");
 }
@@ -62,7 +68,7 @@ std::unique_ptr<WindowsOnScreen> noWindowsBeside(const X11Windows* windows) {
 
 LinuxDesktop::LinuxDesktop(EventLoop& loop)
     : windows_(newWindows()),
-      workspace_(newWorkspace(loop.event(), windows_.get())),
+      workspace_(newWorkspace(loop, windows_.get())),
       eventTaps_(newEventTaps(
           loop.event(), [this] { return accessibility_ && accessibility_->isSecretFocused(); }, windows_.get())),
       noWindows_(noWindowsBeside(windows_.get())),

@@ -18,6 +18,8 @@ class RestingApplications {
 
   static constexpr std::chrono::milliseconds firstRest{1000};
   static constexpr std::chrono::milliseconds longestRest{16000};
+  /// Between two rests of an application that an event ends.
+  static constexpr std::chrono::milliseconds pauseBetweenChances{500};
 
   /// Whether the application with this bus name is to be left alone.
   bool isResting(std::string_view busName, TimePoint now) const;
@@ -25,17 +27,20 @@ class RestingApplications {
   void didNotAnswer(std::string_view busName, TimePoint now);
   /// It answered, in time or late. Also for whoever was never late.
   void showedLife(std::string_view busName);
-  /// Shortens its rest to a quarter, but does not end it: an application may send events and answer nothing.
-  void sentEvent(std::string_view busName);
+  /// An event gives a resting application another chance, but not every one: it may send events and answer nothing.
+  void sentEvent(std::string_view busName, TimePoint now);
+  /// It has left the bus.
+  void forget(std::string_view busName);
+  void clear();
 
   /// How many are left alone now.
   std::size_t count(TimePoint now) const;
 
  private:
   struct Rest {
-    TimePoint since;
     TimePoint until;
-    std::chrono::milliseconds length;
+    std::chrono::milliseconds length{0};
+    TimePoint nextChanceByEvent;
   };
 
   mutable std::mutex mutex_;

@@ -29,12 +29,16 @@ class X11Workspace::ActivationRegistration final : public Registration {
   std::uint64_t handler_;
 };
 
-X11Workspace::X11Workspace(sd_event* event, std::unique_ptr<X11Connection> connection, X11Windows& windows)
+X11Workspace::X11Workspace(sd_event* event, std::unique_ptr<X11Connection> connection, X11Windows& windows,
+                           std::function<void()> didLoseServer)
     : windows_(windows),
       connection_(std::move(connection)),
       source_(
           event, *connection_, [this](const auto& received) { handle(received); },
-          [] { platformLogger().error("The X server has gone: application switches are not seen any more"); }) {
+          [didLoseServer = std::move(didLoseServer)] {
+            platformLogger().error("The X server has gone: application switches are not seen any more");
+            didLoseServer();
+          }) {
   selectEvents(*connection_, connection_->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
   followWindowManager();
   if (const auto active = windows_.activeApplication()) active_ = {active->window, active->process};

@@ -17,8 +17,11 @@ namespace norra::linux_desktop {
 /// the one that has the input focus, and no activation is noticed.
 class X11Workspace final : public Workspace {
  public:
-  /// `event` and `windows` are not owned. The connection must have no other user of its events.
-  X11Workspace(sd_event* event, std::unique_ptr<X11Connection> connection, X11Windows& windows);
+  /// `event` and `windows` are not owned. The connection must have no other user of its events. `didLoseServer` is
+  /// called at most once, on the main thread.
+  X11Workspace(
+      sd_event* event, std::unique_ptr<X11Connection> connection, X11Windows& windows,
+      std::function<void()> didLoseServer = [] {});
 
   std::optional<NSRunningApplication> frontmostApplication() const override;
   std::optional<NSRunningApplication> runningApplication(ProcessIdentifier process) const override;

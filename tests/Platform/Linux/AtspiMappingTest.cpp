@@ -205,11 +205,17 @@ TEST_F(Resting, NeverGrowsBeyondItsLongest) {
   EXPECT_FALSE(applications_.isResting(":1.5", now));
 }
 
-TEST_F(Resting, IsShortenedByAnEventButNotEnded) {
+TEST_F(Resting, IsEndedByOneEventAndNotByTheNextOnes) {
   applications_.didNotAnswer(":1.5", start_);
-  applications_.sentEvent(":1.5");
-  EXPECT_TRUE(applications_.isResting(":1.5", start_ + first_ / 4 - 1ms));
-  EXPECT_FALSE(applications_.isResting(":1.5", start_ + first_ / 4));
+  applications_.sentEvent(":1.5", start_);
+  EXPECT_FALSE(applications_.isResting(":1.5", start_));
+  applications_.showedLife(":1.5");  // an answer to another question
+  applications_.didNotAnswer(":1.5", start_);
+  const auto nextChance = start_ + RestingApplications::pauseBetweenChances;
+  applications_.sentEvent(":1.5", nextChance - 1ms);
+  EXPECT_TRUE(applications_.isResting(":1.5", nextChance - 1ms));
+  applications_.sentEvent(":1.5", nextChance);
+  EXPECT_FALSE(applications_.isResting(":1.5", nextChance));
 }
 
 TEST_F(Resting, EndsWithASignOfLife) {
