@@ -20,8 +20,13 @@ class Control:
     def __init__(self, commands, invoke):
         self.commands = {**commands, "idle": lambda _: None}
         self.invoke = invoke
+        self.has_begun = False
 
     def begin(self):
+        """To be called when the window is there; it may be there again when a window manager has gone."""
+        if self.has_begun:
+            return
+        self.has_begun = True
         self._answer("ready")
         threading.Thread(target=self._read, daemon=True).start()
 

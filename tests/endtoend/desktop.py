@@ -28,7 +28,10 @@ class Service:
     def __init__(self):
         self.log = tempfile.NamedTemporaryFile(prefix="norra-service-", suffix=".log", mode="w+")
         self.process = subprocess.Popen([PROGRAMS / "norra-collector-service"], stdout=self.log, stderr=self.log)
-        wait_until(lambda: dbus.SessionBus().name_has_owner(BUS_NAME), "the service on the bus")
+        bus = dbus.bus.BusConnection(os.environ["DBUS_SESSION_BUS_ADDRESS"])
+        bus.set_exit_on_disconnect(False)
+        wait_until(lambda: bus.name_has_owner(BUS_NAME), "the service on the bus")
+        bus.close()
 
     def logged(self):
         return Path(self.log.name).read_text(errors="replace")

@@ -13,6 +13,9 @@ from desktop import PROGRAMS, EndToEndTest, one_a_line
 from expected import click, key_combination
 from waiting import wait_until
 
+DBUS = "org.freedesktop.DBus"
+REGISTRY = "org.a11y.atspi.Registry"
+
 
 def desktop_process(name):
     """The process identifier of a part of the desktop: of a child of the script that made it."""
@@ -27,16 +30,26 @@ def accessibility_bus_address():
     return str(bus.GetAddress(dbus_interface="org.a11y.Bus"))
 
 
-def owner_on_accessibility_bus(name):
-    """The process that has a name there; the bus itself has org.freedesktop.DBus. 0: nobody has it."""
-    connection = dbus.bus.BusConnection(accessibility_bus_address())
-    connection.set_exit_on_disconnect(False)
+def ask_on_accessibility_bus(name, path, method, *arguments):
+    """Nothing: no answer."""
     try:
-        return int(connection.get_unix_process_id(name))
-    except dbus.DBusException:
-        return 0
-    finally:
+        connection = dbus.bus.BusConnection(accessibility_bus_address())
+        connection.set_exit_on_disconnect(False)
+        answer = dbus.Interface(connection.get_object(name, path), name).get_dbus_method(method)(*arguments)
         connection.close()
+        return answer
+    except dbus.DBusException:
+        return None
+
+
+def owner_on_accessibility_bus(name):
+    """The process that has a name there; the bus itself has org.freedesktop.DBus. Nothing: nobody has it."""
+    return ask_on_accessibility_bus(DBUS, "/org/freedesktop/DBus", "GetConnectionUnixProcessID", name)
+
+
+def wanted_events():
+    """Those that somebody asked the registry for; an application does not send others."""
+    return ask_on_accessibility_bus(REGISTRY, "/org/a11y/atspi/registry", "GetRegisteredEvents")
 
 
 class FaultTest(EndToEndTest):

@@ -1,0 +1,93 @@
+#!/usr/bin/python3
+"""Parts of the desktop that end: what comes back is used again, what does not ends the service with a message."""
+import os
+import signal
+import subprocess
+import unittest
+from unittest import mock
+
+import hands
+from collection import Collection
+from desktop import PROGRAMS, Service, main
+from expected import change, change_application, collector
+from faults import DBUS, REGISTRY, FaultTest, desktop_process, owner_on_accessibility_bus, wanted_events
+from waiting import wait_until
+
+
+class PartsThatComeBack(FaultTest):
+    def expect_all_of(self, application):
+        """Clicks, keys and texts."""
+        self.application = application
+        self.expect_click(application, "Weigh anchor")
+        self.focus("Ship", "text")
+        self.expect_key("b", "Ship", "text")
+        hands.type_text("Gull")
+        self.expect_among(change("Text", "Ship", "text", "Gull"))
+
+    def end_on_accessibility_bus(self, name):
+        process = owner_on_accessibility_bus(name)
+        os.kill(process, signal.SIGKILL)
+        wait_until(lambda: owner_on_accessibility_bus(name) != process, f"the end of {name}")
+
+    def test_the_registry(self):
+        running = self.open_own("gtk3_app.py")
+        self.end_on_accessibility_bus(REGISTRY)
+        self.expect_click(running, "Drop anchor")
+        self.expect_all_of(self.open_own("qt_app.py"))  # its start starts the registry
+        self.assertTrue(owner_on_accessibility_bus(REGISTRY))
+        self.expect_all_of(running.activate())
+
+    def test_the_accessibility_bus(self):
+        running = self.open_own("gtk3_app.py")
+        self.expect_click(running, "Drop anchor")
+        self.end_on_accessibility_bus(DBUS)
+        wait_until(wanted_events, "the service on the new bus")
+        self.expect_all_of(self.open_own("gtk3_app.py"))
+        running.activate()
+        self.expect_among(change_application(running.pid, running.executable(), "", "Harbour ledger"))
+
+    def test_the_window_manager(self):
+        running = self.open_own("gtk3_app.py")
+        os.kill(desktop_process("openbox"), signal.SIGKILL)
+        wait_until(lambda: "No window manager tells" in self.service.logged(), "the message")
+        self.expect_click(running, "Weigh anchor")
+        manager = subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.addCleanup(manager.wait)
+        self.addCleanup(manager.kill)
+        wait_until(lambda: "A window manager is there" in self.service.logged(), "the message that it is back")
+        self.expect_all_of(self.open_own("qt_app.py"))
+
+
+class PartsThatDoNot(unittest.TestCase):
+    def expect_the_end(self, server, status, logged, told):
+        """Of the service, with a status and a line in its log, and of its client, which tells why."""
+        service = Service()
+        self.addCleanup(service.close)
+        client = Collection([PROGRAMS / "norra-collect"])
+        self.addCleanup(client.process.kill)
+        self.assertEqual(client.next(1), [collector("start")])
+        server.kill()
+        self.assertEqual(service.process.wait(20), status, service.logged())
+        self.assertIn(logged, service.logged())
+        self.assertEqual(client.wait(), 3)
+        self.assertIn(told, client.process.stderr.read())
+
+    def start(self, command, **options):
+        server = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, **options)
+        self.addCleanup(server.wait)
+        self.addCleanup(server.kill)
+        return server, server.stdout.readline().strip()
+
+    def test_the_x_server(self):
+        server, number = self.start(["Xvfb", "-displayfd", "1", "-nolisten", "tcp"])
+        with mock.patch.dict(os.environ, DISPLAY=f":{number}"):
+            self.expect_the_end(server, 1, "The X server has gone", "The service ended while it was collecting.")
+
+    def test_the_session_bus(self):
+        server, address = self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"])
+        with mock.patch.dict(os.environ, DBUS_SESSION_BUS_ADDRESS=address):
+            self.expect_the_end(server, 0, "The session bus was lost", "The session bus was lost.")
+
+
+if __name__ == "__main__":
+    main()
