@@ -11,8 +11,8 @@ constexpr const char* description =
     "Collects what is done in the applications of this desktop, and prints each report as one line until Ctrl-C. "
     "The key p, or SIGUSR1 and SIGUSR2, pauses and resumes.";
 constexpr const char* footer =
-    "Exit status: 0 after the service's last report, 1 when the service cannot be reached or --check finds something "
-    "missing, 2 for a wrong use, 3 when the collection ended before it was stopped.";
+    "Exit status: 0 after the service's last report, 1 when the service cannot be reached, --check finds something "
+    "missing or --stats finds no service, 2 for a wrong use, 3 when the collection ended before it was stopped.";
 constexpr int wrongUse = 2;
 
 std::vector<std::string> kindNames() {
@@ -52,6 +52,9 @@ void declare(CLI::App& app, Given& given) {
       ->check(CLI::IsMember(kindNames()))
       ->option_text("KIND");
   app.add_flag("--check", options.checks, "Say whether this desktop is ready, and what to do where it is not");
+  app.add_flag("--stats", options.showsStatistics,
+               "Print what the running service says of its own work; a service that does not run is not started")
+      ->excludes("--check");
 }
 
 CollectOptions optionsFrom(const Given& given) {

@@ -19,6 +19,7 @@ struct CollectOptions {
   std::optional<std::uint64_t> count;
   WantedReports wanted;
   bool checks = false;
+  bool showsStatistics = false;
 };
 
 /// The options, or the exit status when there is nothing more to do: help was printed, or what is wrong.

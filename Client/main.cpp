@@ -9,6 +9,7 @@
 #include "Client/PauseControl.h"
 #include "Client/ReaderWatch.h"
 #include "Client/ReportOutput.h"
+#include "Client/StatisticsView.h"
 
 namespace {
 
@@ -19,6 +20,17 @@ int check() {
   const auto findings = norra::checkDesktop(loop);
   std::fputs(norra::textOf(findings).c_str(), stdout);
   return norra::isReady(findings) ? 0 : 1;
+}
+
+int showStatistics() {
+  norra::linux_desktop::EventLoop loop;
+  const auto found = norra::readStatistics(loop);
+  if (const auto* none = std::get_if<norra::NoStatistics>(&found)) {
+    tell(none->problem);
+    return 1;
+  }
+  std::fputs(norra::textOf(std::get<norra::ServiceStatistics>(found)).c_str(), stdout);
+  return 0;
 }
 
 norra::OutputOptions outputOptions(const norra::CollectOptions& options, int descriptor) {
@@ -59,5 +71,6 @@ int main(int argumentCount, char** arguments) {
   const auto parsed = norra::parseCollectOptions(argumentCount, arguments);
   if (const auto* status = std::get_if<int>(&parsed)) return *status;
   const auto& options = std::get<norra::CollectOptions>(parsed);
+  if (options.showsStatistics) return showStatistics();
   return options.checks ? check() : collect(options);
 }

@@ -48,7 +48,7 @@ void DataCollector::stop(CompletionHandler completion) {
 
 std::function<void(DataCollector::Job)> DataCollector::sourceJobs() {
   return [weak = weak_from_this(), executor = executor_](Job job) {
-    executor->post([weak, job = std::move(job)] {
+    executor->postUnlessCrowded([weak, job = std::move(job)] {
       const auto self = weak.lock();
       if (self && self->state_ == State::started) job(*self);
     });

@@ -40,7 +40,8 @@ class DataCollector : public std::enable_shared_from_this<DataCollector> {
   DataCollector(const Platform& platform, CollectedAction collectedAction);
 
   using Job = std::function<void(DataCollector&)>;
-  /// What the sources post their jobs with, from any thread: a job that finds the collector gone or stopped is dropped.
+  /// What the sources post their jobs with, from any thread: a job that finds the collector gone or stopped is dropped,
+  /// and so is one that finds a great many waiting.
   std::function<void(Job)> sourceJobs();
 
   void startOnExecutor();

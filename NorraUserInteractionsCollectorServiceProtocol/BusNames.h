@@ -6,6 +6,8 @@ namespace norra::busNames {
 inline constexpr const char* service = "com.norra.UserInteractionsCollectorService";
 inline constexpr const char* servicePath = "/com/norra/UserInteractionsCollectorService";
 inline constexpr const char* serviceInterface = "com.norra.ServiceProtocol";
+/// Read-only properties of the same object.
+inline constexpr const char* statisticsInterface = "com.norra.ServiceStatistics";
 
 /// What every client exports on its own connection.
 inline constexpr const char* clientPath = "/com/norra/UserInteractionsCollectorClient";

@@ -42,6 +42,8 @@ class SerialExecutor {
   virtual ~SerialExecutor() = default;
   /// Any thread.
   virtual void post(Job job) = 0;
+  /// The same for a job that may be dropped, which the platform counts: it is where a great many wait. Any thread.
+  virtual void postUnlessCrowded(Job job) = 0;
   /// Whether the caller runs in a job of this executor.
   virtual bool isCurrent() const = 0;
 };

@@ -46,6 +46,16 @@ std::unique_ptr<Registration> AtspiAccessibility::watchInput(std::function<void(
       inputThatChangesValues, [noteInput = std::move(noteInput)](const CGEvent&) { noteInput(); }));
 }
 
+void AtspiAccessibility::describe(ServiceStatistics& statistics) {
+  auto& [bus, resting, counts] = context_.shared;
+  statistics.reads = counts.reads;
+  statistics.waves = counts.waves;
+  statistics.timeOuts = counts.timeOuts;
+  statistics.readsSpared = counts.spared;
+  statistics.restingApplications = resting.count(std::chrono::steady_clock::now());
+  statistics.accessibility = bus.problem();
+}
+
 bool AtspiAccessibility::isSecretFocused() {
   const auto window = context_.windows.activeWindow();
   if (!window) return false;

@@ -3,6 +3,7 @@
 
 #include <memory>
 
+#include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
 #include "Platform/Linux/AccessibilitySwitch.h"
@@ -26,7 +27,8 @@ class AtspiAccessibility final : public Accessibility {
   /// Whether the element with the keyboard focus is known to be a field with a hidden text. Reads nothing. Main thread.
   bool isSecretFocused();
 
-  const AtspiStatistics& statistics() const { return context_.shared.statistics; }
+  /// What reading has cost so far, and whether it is possible. Any thread.
+  void describe(ServiceStatistics& statistics);
 
  private:
   std::unique_ptr<Registration> watchInput(std::function<void()> noteInput);

@@ -36,6 +36,10 @@ struct AtspiApplication {
   void notePassword(const std::string& path);
 
   /// Whether its accessibles are, or may be, those of web pages.
+  /// Whether a role is called the same on every element, so that its name can be remembered.
+  bool hasOneNameForEachRole() const {
+    return toolkit == Toolkit::gtk3 || toolkit == Toolkit::chromium || toolkit == Toolkit::gecko;
+  }
   bool showsWebPages() const { return toolkit == Toolkit::chromium || toolkit == Toolkit::gecko; }
 
  private:

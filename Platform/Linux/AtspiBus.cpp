@@ -13,6 +13,8 @@ using std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds connectLimit{1000};
 constexpr std::chrono::milliseconds pauseAfterFailure{1000};
+constexpr const char* noBus =
+    "No accessibility bus: applications cannot be read. Install at-spi2-core and start a new session";
 
 BusPtr ready(BusPtr bus, AtspiBus::TimePoint deadline) {
   const auto isReady = [&bus] { return sd_bus_is_ready(bus.get()) > 0; };
@@ -87,6 +89,11 @@ bool AtspiBus::isAnother(const sd_id128_t& identity) {
   return former && sd_id128_equal(*former, identity) == 0;
 }
 
+std::string AtspiBus::problem() {
+  const std::lock_guard lock(mutex_);
+  return isFailureLogged_ ? noBus : "";
+}
+
 bool AtspiBus::mayTry(TimePoint now) {
   const std::lock_guard lock(mutex_);
   return now >= nextTry_;
@@ -95,10 +102,7 @@ bool AtspiBus::mayTry(TimePoint now) {
 void AtspiBus::noteOutcome(bool isConnected) {
   const std::lock_guard lock(mutex_);
   if (!isConnected) nextTry_ = steady_clock::now() + pauseAfterFailure;
-  if (!isConnected && !isFailureLogged_) {
-    platformLogger().error(
-        "No accessibility bus: applications cannot be read. Install at-spi2-core and start a new session");
-  }
+  if (!isConnected && !isFailureLogged_) platformLogger().error(noBus);
   isFailureLogged_ = !isConnected;
 }
 

@@ -31,6 +31,9 @@ class AtspiBus {
   /// Called before connect() gives the first connection to a bus that was started anew; on its thread.
   void onNewGeneration(std::function<void()> forget) { forget_ = std::move(forget); }
 
+  /// What was wrong when it was tried last; empty: nothing, or it was not tried yet.
+  std::string problem();
+
  private:
   bool mayTry(TimePoint now);
   void noteOutcome(bool isConnected);

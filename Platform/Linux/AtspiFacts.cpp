@@ -21,6 +21,7 @@ enum class Access : std::uint8_t { property, method };
 enum class ArgumentKind : std::uint8_t {
   none,
   zero,
+  one,
   screenCoordinates,
   windowCoordinates,
   uriName,
@@ -93,6 +94,8 @@ constexpr std::array<Question, askCount> questions{{
     {Ask::actionCount, Access::property, action, "NActions", take<&Facts::actionCount, readInteger>},
     {Ask::firstActionName, Access::method, action, "GetName", take<&Facts::firstActionName, readText>,
      ArgumentKind::zero},
+    {Ask::secondActionName, Access::method, action, "GetName", take<&Facts::secondActionName, readText>,
+     ArgumentKind::one},
     {Ask::characterCount, Access::property, text, "CharacterCount", take<&Facts::characterCount, readInteger>},
     {Ask::currentValue, Access::property, value, "CurrentValue", take<&Facts::currentValue, readNumber>},
     {Ask::extents, Access::method, component, "GetExtents", take<&Facts::extents, readRectangle>,
@@ -121,6 +124,7 @@ std::vector<AtspiArgument> argumentsFor(ArgumentKind kind) {
   switch (kind) {
     case ArgumentKind::none: return {};
     case ArgumentKind::zero: return {std::int32_t{0}};
+    case ArgumentKind::one: return {std::int32_t{1}};
     case ArgumentKind::screenCoordinates: return {std::uint32_t{0}};
     case ArgumentKind::windowCoordinates: return {std::uint32_t{1}};
     case ArgumentKind::uriName: return {std::string("URI")};

@@ -30,6 +30,7 @@ enum class Ask : std::uint8_t {
   helpText,
   actionCount,
   firstActionName,
+  secondActionName,
   characterCount,
   currentValue,
   extents,
@@ -45,7 +46,7 @@ enum class Ask : std::uint8_t {
   wholeText,
   displayedText,
 };
-inline constexpr std::size_t askCount = 30;
+inline constexpr std::size_t askCount = 31;
 
 /// A set of questions.
 class Asks {
@@ -117,6 +118,7 @@ struct AtspiFacts {
   std::string helpText;
   std::int64_t actionCount = 0;
   std::string firstActionName;
+  std::string secondActionName;
   std::int64_t characterCount = 0;
   double currentValue = 0;
   AtspiRectangle extents;

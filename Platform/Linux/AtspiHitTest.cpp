@@ -60,7 +60,10 @@ AtspiReference comboBoxThatOpens(AtspiContext& context, const AtspiReference& hi
 
 AtspiReference hitTestBelow(AtspiContext& context, const AtspiReference& topLevel, CGPoint point,
                             const WindowOnScreen& window) {
-  return comboBoxThatOpens(context, hitTest(ElementView(context, context.reader(), topLevel), point, window));
+  auto& reader = context.reader();
+  const auto hit = hitTest(ElementView(context, reader, topLevel), point, window);
+  reader.notePath(hit);
+  return comboBoxThatOpens(context, hit);
 }
 
 AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window) {

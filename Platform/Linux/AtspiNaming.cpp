@@ -92,12 +92,6 @@ AttributeResult attributeNamed(const ElementView& view, std::string_view name) {
   return found == attributes.end() ? noValue() : textOrNoValue(found->second);
 }
 
-// Role names that depend on the role alone are remembered.
-bool hasOneNameForEachRole(const ElementView& view) {
-  const auto toolkit = view.toolkit();
-  return toolkit == Toolkit::gtk3 || toolkit == Toolkit::chromium || toolkit == Toolkit::gecko;
-}
-
 }  // namespace
 
 std::string properName(std::string_view name, AtspiRole role, Toolkit toolkit) {
@@ -153,7 +147,7 @@ AttributeResult roleDescriptionOf(const ElementView& view) {
   const auto role = view.need(Ask::role).role;
   if (auto name = view.application().roleName(role); !name.empty()) return valueOf(std::move(name));
   auto name = view.need(Ask::localizedRoleName).localizedRoleName;
-  if (!name.empty() && hasOneNameForEachRole(view)) view.application().noteRoleName(role, name);
+  if (!name.empty() && view.application().hasOneNameForEachRole()) view.application().noteRoleName(role, name);
   return textOrNoValue(std::move(name));
 }
 

@@ -72,9 +72,9 @@ AttributeResult textBesideName(const ElementView& view) {
   return textValue(view);
 }
 
-std::vector<std::string> remainingActionNames(const ElementView& view, std::int32_t count) {
+std::vector<std::string> actionNamesFrom(const ElementView& view, std::int32_t first, std::int32_t count) {
   std::vector<AtspiCall> calls;
-  for (std::int32_t i = 1; i < count; ++i) {
+  for (std::int32_t i = first; i < count; ++i) {
     calls.push_back({view.reference(), "org.a11y.atspi.Action", "GetName", {i}});
   }
   std::vector<std::string> names;
@@ -88,11 +88,14 @@ std::vector<std::string> remainingActionNames(const ElementView& view, std::int3
 bool isClassAction(std::string_view name) { return name.find('.') != std::string_view::npos; }
 
 std::vector<std::string> ownActionNames(const ElementView& view) {
-  const auto& facts = view.need(Asks{Ask::actionCount, Ask::firstActionName});
+  Asks asks{Ask::actionCount, Ask::firstActionName};
+  if (view.toolkit() == Toolkit::chromium) asks |= Ask::secondActionName;
+  const auto& facts = view.need(asks);
   const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(facts.actionCount, 0, mostActions));
   if (count == 0 || isClassAction(facts.firstActionName)) return {};
   std::vector<std::string> names{facts.firstActionName};
-  auto rest = count > 1 ? remainingActionNames(view, count) : std::vector<std::string>{};
+  if (count > 1 && facts.answered(Ask::secondActionName)) names.push_back(facts.secondActionName);
+  auto rest = actionNamesFrom(view, static_cast<std::int32_t>(names.size()), count);
   names.insert(names.end(), rest.begin(), rest.end());
   return names;
 }

@@ -102,7 +102,7 @@ BusListener::Client* BusListener::clientNamed(const char* name) {
 }
 
 BusListener::Client* BusListener::accept(const char* name) {
-  auto connection = std::make_shared<BusConnection>(loop_, ClientDelivery::Client{bus_.get(), name});
+  auto connection = std::make_shared<BusConnection>(loop_, ClientDelivery::Client{bus_.get(), name, counts_});
   auto client = std::make_unique<Client>(*this, name, connection);
   if (!watchPresence(*client)) return nullptr;
   if (delegate_ == nullptr || !delegate_->shouldAcceptNewConnection(connection)) {

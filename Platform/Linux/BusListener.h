@@ -30,6 +30,9 @@ class BusListener final : public NSXPCListener {
   void setDelegate(NSXPCListenerDelegate* delegate) override { delegate_ = delegate; }
   std::optional<int> activate() override;
 
+  sd_bus* bus() const { return bus_.get(); }
+  const DeliveryCounts& counts() const { return counts_; }
+
   /// Called after each change of the number of connections, with the number.
   void setConnectionCountHandler(std::function<void(std::size_t)> handler) {
     connectionCountChanged_ = std::move(handler);
@@ -71,6 +74,7 @@ class BusListener final : public NSXPCListener {
   static const sd_bus_vtable methods[];
 
   EventLoop& loop_;
+  DeliveryCounts counts_;
   BusPtr bus_;
   SlotPtr object_;
   SlotPtr disconnection_;

@@ -59,6 +59,7 @@ ClientDelivery::ClientDelivery(Client client, ErrorHandler errorHandler)
 
 bool ClientDelivery::admit(const std::string& event) {
   if (unread_.add(event.size())) return true;
+  ++client_.counts.lost;
   errorHandler_("The client " + client_.name + " does not read its reports");
   return false;
 }
@@ -67,14 +68,21 @@ void ClientDelivery::send(const std::string& event, std::chrono::system_clock::t
                           bool isApplicationEvent) {
   ++nextOrdinal_;
   sent_.push_back(event.size());
+  const int result = sendReport(event, date, isApplicationEvent);
+  ++(result < 0 ? client_.counts.lost : client_.counts.sent);
+  if (result < 0) return errorHandler_(describe(result));
+  if (sent_.size() >= client_.limits.reports / 2) askForSignOfLife();
+}
+
+int ClientDelivery::sendReport(const std::string& event, std::chrono::system_clock::time_point date,
+                               bool isApplicationEvent) {
   auto [result, report] = newCall(client_, busNames::clientInterface, busNames::addEvent);
   if (result >= 0) {
     result = sd_bus_message_append(report.get(), "stb", event.c_str(), microsecondsSinceEpoch(date),
                                    int{isApplicationEvent});
   }
-  if (result >= 0) result = report_.answer ? sendWithoutAnswer(report.get()) : sendAskingForAnswer(report.get());
-  if (result < 0) return errorHandler_(describe(result));
-  if (sent_.size() >= client_.limits.reports / 2) askForSignOfLife();
+  if (result < 0) return result;
+  return report_.answer ? sendWithoutAnswer(report.get()) : sendAskingForAnswer(report.get());
 }
 
 int ClientDelivery::sendAskingForAnswer(sd_bus_message* report) {
@@ -89,18 +97,23 @@ void ClientDelivery::askForSignOfLife() {
   if (result >= 0) callAsync(ping.get(), signOfLife_.answer, onSignOfLife, this);
 }
 
-void ClientDelivery::answered(Question& question) {
+std::size_t ClientDelivery::answered(Question& question) {
+  const auto unanswered = sent_.size();
   question.answer.reset();
   for (auto first = nextOrdinal_ - sent_.size(); first < question.readBefore; ++first) {
     unread_.remove(sent_.front());
     sent_.pop_front();
   }
+  return unanswered - sent_.size();
 }
 
 int ClientDelivery::onAnswer(sd_bus_message* answer, void* self, sd_bus_error*) noexcept {
   const auto delivery = static_cast<ClientDelivery*>(self)->shared_from_this();
-  delivery->answered(delivery->report_);
-  if (const auto* error = sd_bus_message_get_error(answer)) delivery->errorHandler_(describe(*error));
+  const auto reports = delivery->answered(delivery->report_);
+  const auto* error = sd_bus_message_get_error(answer);
+  if (error == nullptr) return 1;
+  delivery->client_.counts.lost += reports;
+  delivery->errorHandler_(describe(*error));
   return 1;
 }
 

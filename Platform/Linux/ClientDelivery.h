@@ -19,6 +19,12 @@ struct UnreadLimits {
   std::size_t bytes = std::size_t{4} << 20;
 };
 
+/// Of the reports to all clients. Any thread.
+struct DeliveryCounts {
+  std::atomic<std::uint64_t> sent = 0;
+  std::atomic<std::uint64_t> lost = 0;
+};
+
 /// Counts what a client has not read yet. Any thread.
 class UnreadReports {
  public:
@@ -43,6 +49,7 @@ class ClientDelivery : public std::enable_shared_from_this<ClientDelivery> {
   struct Client {
     sd_bus* bus;  // not owned
     std::string name;
+    DeliveryCounts& counts;
     UnreadLimits limits = {};
   };
 
@@ -61,9 +68,11 @@ class ClientDelivery : public std::enable_shared_from_this<ClientDelivery> {
     std::uint64_t readBefore = 0;  // the ordinal of the first report that the answer says nothing about
   };
 
+  int sendReport(const std::string& event, std::chrono::system_clock::time_point date, bool isApplicationEvent);
   int sendAskingForAnswer(sd_bus_message* report);
   void askForSignOfLife();
-  void answered(Question& question);
+  /// How many reports the answer is about.
+  std::size_t answered(Question& question);
   static int onAnswer(sd_bus_message* answer, void* delivery, sd_bus_error* error) noexcept;
   static int onSignOfLife(sd_bus_message* answer, void* delivery, sd_bus_error* error) noexcept;
 

@@ -13,9 +13,11 @@ ClientProxy::~ClientProxy() {
 
 void ClientProxy::addEvent(std::string event, std::chrono::system_clock::time_point date, bool isApplicationEvent) {
   if (!delivery_->admit(event)) return;
-  loop_.post([delivery = delivery_, event = std::move(event), date, isApplicationEvent] {
+  auto& times = loop_.clickTimes();
+  loop_.post(times.continued([&times, delivery = delivery_, event = std::move(event), date, isApplicationEvent] {
     delivery->send(event, date, isApplicationEvent);
-  });
+    if (!isApplicationEvent) times.noteReport();
+  }));
 }
 
 }  // namespace norra::linux_desktop

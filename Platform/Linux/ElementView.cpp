@@ -1,5 +1,8 @@
 #include "Platform/Linux/ElementView.h"
 
+#include <algorithm>
+#include <array>
+
 #include "Platform/Linux/AtspiText.h"
 
 namespace norra::linux_desktop {
@@ -7,7 +10,19 @@ namespace {
 
 // What is read of an element above the one that was clicked, unless it turns out to matter.
 constexpr Asks ancestorAsks{Ask::role, Ask::parent};
+constexpr Asks expectedAsks{Ask::role, Ask::parent, Ask::states};
 constexpr int mostExpectedAncestors = 5;
+
+constexpr std::array partsOfControls{AtspiRole::icon, AtspiRole::image, AtspiRole::label, AtspiRole::staticText};
+constexpr std::array controls{AtspiRole::checkBox, AtspiRole::link,         AtspiRole::listItem,
+                              AtspiRole::menuItem, AtspiRole::pushButton,   AtspiRole::radioButton,
+                              AtspiRole::pageTab,  AtspiRole::toggleButton, AtspiRole::treeItem};
+
+bool isOneOf(const auto& roles, std::uint32_t role) {
+  return std::ranges::find(roles, static_cast<AtspiRole>(role)) != roles.end();
+}
+
+bool endsSearchAt(const AtspiFacts& facts) { return facts.asked.has(Ask::role) && endsSearch(mapRole(facts, {}).role); }
 
 }  // namespace
 
@@ -16,6 +31,7 @@ const AtspiFacts& ElementView::need(Asks asks) const {
   if ((asks - known.asked).isEmpty()) return known;
   const bool isPassedBy = known.asked.has(Ask::role) && (asks - ancestorAsks).isEmpty();
   if (!isPassedBy) asks |= generalAsks();
+  if (!isPassedBy && reader_.isOnPath(reference_)) asks |= asksOnPath(known);
   if (known.asked.has(Ask::interfaces)) asks |= detailAsks(known);
   expectAncestors();
   return reader_.read(reference_, asks);
@@ -26,6 +42,14 @@ Asks ElementView::generalAsks() const {
   if (application_->showsWebPages()) asks |= Ask::attributes;
   if (!application_->isUnknown(Ask::accessibleId)) asks |= Ask::accessibleId;
   if (!application_->isUnknown(Ask::helpText)) asks |= Ask::helpText;
+  return asks;
+}
+
+Asks ElementView::asksOnPath(const AtspiFacts& facts) const {
+  Asks asks;
+  if (!application_->hasOneNameForEachRole()) asks |= Ask::localizedRoleName;
+  const bool isPage = static_cast<AtspiRole>(facts.role) == AtspiRole::documentWeb;
+  if (isPage && toolkit() == Toolkit::chromium) asks |= Ask::documentURI;
   return asks;
 }
 
@@ -41,12 +65,20 @@ Asks ElementView::detailAsks(const AtspiFacts& facts) const {
 // The ancestors of a clicked element are asked for one after the other. Those that are known, or that it had the last
 // time, are asked for ahead.
 void ElementView::expectAncestors() const {
-  if (!reader_.isOnPath(reference_)) return;
+  if (!reader_.isOnPath(reference_) || endsSearchAt(reader_.known(reference_))) return;
+  bool isControlSought = isOneOf(partsOfControls, reader_.known(reference_).role);
   auto ancestor = reader_.likelyParent(reference_);
   for (int i = 0; i < mostExpectedAncestors && !ancestor.isNull(); ++i) {
     const auto& known = reader_.known(ancestor);
-    if (!known.asked.has(Ask::role)) reader_.expect(ancestor, ancestorAsks);
-    if (known.asked.has(Ask::role) && endsSearch(mapRole(known, {}).role)) return;
+    const bool isControl = isControlSought && isOneOf(controls, known.role);
+    const bool isPage = static_cast<AtspiRole>(known.role) == AtspiRole::documentWeb;
+    if (isControl || isPage) {
+      reader_.expect(ancestor, generalAsks() | asksOnPath(known));
+    } else if (!known.asked.has(Ask::role)) {
+      reader_.expect(ancestor, expectedAsks);
+    }
+    if (isControl) isControlSought = false;
+    if (endsSearchAt(known)) return;
     ancestor = reader_.likelyParent(ancestor);
   }
 }

@@ -41,6 +41,7 @@ class ElementView {
   Asks generalAsks() const;
 
  private:
+  Asks asksOnPath(const AtspiFacts& facts) const;
   Asks detailAsks(const AtspiFacts& facts) const;
   void expectAncestors() const;
 

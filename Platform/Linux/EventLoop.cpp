@@ -91,7 +91,7 @@ void EventLoop::enqueue(PostedJob posted) {
 }
 
 std::shared_ptr<DispatchWorkItem> EventLoop::postAfter(std::chrono::nanoseconds delay, Job job) {
-  auto item = std::make_shared<TimedJob>(*this, std::move(job));
+  auto item = std::make_shared<TimedJob>(*this, clickTimes_.continued(std::move(job)));
   item->schedule(delay);
   timedJobs_.insert(item);
   return item;

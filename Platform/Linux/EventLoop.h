@@ -9,6 +9,7 @@
 #include <thread>
 #include <unordered_set>
 
+#include "Platform/Linux/ClickTimes.h"
 #include "Platform/Linux/EventSource.h"
 #include "Platform/RunLoop.h"
 
@@ -25,6 +26,9 @@ class EventLoop final : public MainRunLoop {
 
   /// Where the other facilities of this platform put their sources.
   sd_event* event() const { return event_.get(); }
+
+  /// Of the clicks that are handled on this loop, with the delayed work that they cause.
+  ClickTimes& clickTimes() { return clickTimes_; }
 
   void post(Job job) override;
   std::shared_ptr<DispatchWorkItem> postAfter(std::chrono::nanoseconds delay, Job job) override;
@@ -61,6 +65,7 @@ class EventLoop final : public MainRunLoop {
   const std::thread::id mainThread_ = std::this_thread::get_id();
   const int postedCount_;  // an eventfd that counts what is in posted_
   const EventPtr event_;   // main thread only
+  ClickTimes clickTimes_;
 
   std::mutex mutex_;
   std::deque<PostedJob> posted_;  // guarded by mutex_

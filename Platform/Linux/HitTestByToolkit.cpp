@@ -109,7 +109,7 @@ Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
 
 }  // namespace
 
-AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return ask(view, point, 0); }
+AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return ask(view, point, 0, Ask::role); }
 
 AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point) {
   auto& reader = topLevel.reader();
@@ -127,13 +127,16 @@ AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point) {
 }
 
 AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window) {
-  const auto& place = topLevel.needOnly(Ask::windowExtents).windowExtents;
   const bool saysShadow = window.shadow != ShadowExtents{};
+  const auto place = saysShadow ? AtspiRectangle{} : topLevel.needOnly({Ask::windowExtents, Ask::role}).windowExtents;
   const auto left = saysShadow ? window.shadow.left : (window.client.width - place.width) / 2;
   const auto top = saysShadow ? window.shadow.top : (window.client.height - place.height) / 2;
   const CGPoint inside{point.x - window.client.x - left, point.y - window.client.y - top};
-  const auto answer = ask(topLevel, inside, 1);
-  return deepestByPlace(answer.isNull() ? topLevel : topLevel.other(answer), inside, Coordinates::ofWindow);
+  const auto answer = ask(topLevel, inside, 1, Ask::role);
+  const auto hit = answer.isNull() ? topLevel : topLevel.other(answer);
+  topLevel.reader().notePath(hit.reference());
+  hit.need(Ask::childCount);
+  return deepestByPlace(hit, inside, Coordinates::ofWindow);
 }
 
 AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point) {
@@ -146,6 +149,7 @@ AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point) {
   toolkitsAnswer(topLevel, point);
   auto answer = toolkitsAnswer(topLevel, point);
   if (answer.isNull()) return topLevel.reference();
+  topLevel.reader().notePath(answer);
   for (int level = 0; level < 3; ++level) {
     const auto hit = topLevel.other(answer);
     if (hit.role() != AtspiRole::menuItem && hit.role() != AtspiRole::menu && hit.role() != AtspiRole::listItem) break;

@@ -16,6 +16,19 @@ namespace {
 
 constexpr int statusWithoutServer = 1;
 
+constexpr const char* noServerForWorkspace =
+    "No X server: application switches are not seen. Start the service in a desktop session, with DISPLAY set";
+constexpr const char* noServerForInput =
+    "No X server: clicks and keys are not seen. Start the service in a desktop session, with DISPLAY set";
+constexpr const char* oldServer =
+    "The X server has no XInput 2.2: clicks and keys are not seen. Start a newer X server";
+constexpr const char* noWindowManager =
+    "No window manager tells which window is active: application switches are not seen. Start a window manager such as "
+    "openbox";
+constexpr const char* wayland =
+    "This is a Wayland session: switches to, and clicks and keys in, windows that are not of X11 are not seen. "
+    "Log in to an X11 session to see them";
+
 std::unique_ptr<X11Windows> newWindows() {
   auto connection = X11Connection::open();
   return connection ? std::make_unique<X11Windows>(std::move(connection)) : nullptr;
@@ -28,23 +41,7 @@ std::unique_ptr<Workspace> newWorkspace(EventLoop& loop, X11Windows* windows) {
     return std::make_unique<X11Workspace>(loop.event(), std::move(connection), *windows,
                                           [&loop] { loop.end(statusWithoutServer); });
   }
-  return std::make_unique<AbsentWorkspace>(
-      "No X server: application switches are not seen. Start the service in a desktop session, with DISPLAY set");
-}
-
-std::unique_ptr<EventTaps> newEventTaps(sd_event* event, SecureInput isSecretFocused, X11Windows* windows) {
-  auto connection = X11Connection::open();
-  if (!connection) {
-    return std::make_unique<AbsentEventTaps>(
-        "No X server: clicks and keys are not seen. Start the service in a desktop session, with DISPLAY set");
-  }
-  const auto pressed = [windows](std::optional<CGPoint> place) {
-    if (windows != nullptr) windows->noteRightPress(place);
-  };
-  auto taps = X11EventTaps::open(event, std::move(connection), std::move(isSecretFocused), pressed);
-  if (taps) return taps;
-  return std::make_unique<AbsentEventTaps>(
-      "The X server has no XInput 2.2: clicks and keys are not seen. Start a newer X server");
+  return std::make_unique<AbsentWorkspace>(noServerForWorkspace);
 }
 
 bool isSet(const char* variable) {
@@ -52,12 +49,10 @@ bool isSet(const char* variable) {
   return value != nullptr && *value != '\0';
 }
 
-void reportWayland() {
+std::string waylandProblem() {
   const auto* type = std::getenv("XDG_SESSION_TYPE");
-  if (!isSet("WAYLAND_DISPLAY") && (type == nullptr || std::string_view(type) != "wayland")) return;
-  platformLogger().error(
-      "This is a Wayland session: switches to, and clicks and keys in, windows that are not of X11 are not seen. "
-      "Log in to an X11 session to see them");
+  const bool isWayland = isSet("WAYLAND_DISPLAY") || (type != nullptr && std::string_view(type) == "wayland");
+  return isWayland ? wayland : "";
 }
 
 std::unique_ptr<WindowsOnScreen> noWindowsBeside(const X11Windows* windows) {
@@ -66,19 +61,46 @@ std::unique_ptr<WindowsOnScreen> noWindowsBeside(const X11Windows* windows) {
 
 }  // namespace
 
+LinuxDesktop::OfferedTaps LinuxDesktop::offerEventTaps(EventLoop& loop) {
+  const auto absent = [](const char* problem) {
+    return OfferedTaps{std::make_unique<AbsentEventTaps>(problem), problem};
+  };
+  auto connection = X11Connection::open();
+  if (!connection) return absent(noServerForInput);
+  InputListeners listeners;
+  listeners.isSecureInput = [this] { return accessibility_ && accessibility_->isSecretFocused(); };
+  listeners.pressed = [this](std::optional<CGPoint> place) {
+    if (windows_) windows_->noteRightPress(place);
+  };
+  listeners.clickTimes = &loop.clickTimes();
+  auto taps = X11EventTaps::open(loop.event(), std::move(connection), std::move(listeners));
+  return taps ? OfferedTaps{std::move(taps), {}} : absent(oldServer);
+}
+
 LinuxDesktop::LinuxDesktop(EventLoop& loop)
-    : windows_(newWindows()),
+    : sessionProblem_(waylandProblem()),
+      windows_(newWindows()),
       workspace_(newWorkspace(loop, windows_.get())),
-      eventTaps_(newEventTaps(
-          loop.event(), [this] { return accessibility_ && accessibility_->isSecretFocused(); }, windows_.get())),
+      eventTaps_(offerEventTaps(loop)),
       noWindows_(noWindowsBeside(windows_.get())),
       accessibility_(std::make_unique<AtspiAccessibility>(
-          loop.event(), windows_ ? static_cast<WindowsOnScreen&>(*windows_) : *noWindows_, *eventTaps_)) {
-  reportWayland();
+          loop.event(), windows_ ? static_cast<WindowsOnScreen&>(*windows_) : *noWindows_, eventTaps())) {
+  if (!sessionProblem_.empty()) platformLogger().error(sessionProblem_);
 }
 
 LinuxDesktop::~LinuxDesktop() = default;
 
 Accessibility& LinuxDesktop::accessibility() { return *accessibility_; }
+
+void LinuxDesktop::describe(ServiceStatistics& statistics) {
+  statistics.windows = windowsProblem();
+  statistics.input = eventTaps_.problem.empty() ? sessionProblem_ : eventTaps_.problem;
+  accessibility_->describe(statistics);
+}
+
+std::string LinuxDesktop::windowsProblem() {
+  if (!windows_) return noServerForWorkspace;
+  return windows_->hasWindowManager() ? sessionProblem_ : noWindowManager;
+}
 
 }  // namespace norra::linux_desktop

@@ -18,7 +18,20 @@ LinuxPlatform::LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<Bu
       listener_(std::move(listener)),
       desktop_(*loop_),
       executors_(*loop_),
-      process_({*loop_, executors_, *listener_}, idleTime) {}
+      process_({*loop_, executors_, *listener_}, idleTime),
+      statisticsObject_(listener_->bus(), [this] { return statistics(); }) {}
+
+ServiceStatistics LinuxPlatform::statistics() {
+  const auto clicks = loop_->clickTimes().summary();
+  ServiceStatistics statistics{.reportsSent = listener_->counts().sent,
+                               .reportsLost = listener_->counts().lost,
+                               .eventsDropped = executors_.droppedJobs(),
+                               .clicksMeasured = clicks.count,
+                               .clickToReportMedian = clicks.median,
+                               .clickToReport99thPercentile = clicks.percentile99};
+  desktop_.describe(statistics);
+  return statistics;
+}
 
 Platform LinuxPlatform::facilities() {
   return {.accessibility = desktop_.accessibility(),

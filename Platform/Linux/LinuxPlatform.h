@@ -10,6 +10,7 @@
 #include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/SerialExecutorThread.h"
 #include "Platform/Linux/ServiceProcess.h"
+#include "Platform/Linux/StatisticsObject.h"
 #include "Platform/Linux/SystemClock.h"
 #include "Platform/Platform.h"
 
@@ -32,6 +33,7 @@ class LinuxPlatform {
  private:
   LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener,
                 std::chrono::nanoseconds idleTime);
+  ServiceStatistics statistics();
 
   std::unique_ptr<EventLoop> loop_;
   std::unique_ptr<BusListener> listener_;
@@ -39,6 +41,7 @@ class LinuxPlatform {
   SystemClock clock_;
   SerialExecutorThreads executors_;
   ServiceProcess process_;
+  StatisticsObject statisticsObject_;
 };
 
 }  // namespace norra::linux_desktop

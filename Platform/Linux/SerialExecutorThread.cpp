@@ -10,11 +10,16 @@ namespace norra::linux_desktop {
 /// What an executor and its thread share.
 class SerialQueue {
  public:
-  void push(Job job) {
+  void push(Job job) { pushUnlessCrowded(std::move(job), SIZE_MAX); }
+
+  /// False: so many wait already, and the job is dropped.
+  bool pushUnlessCrowded(Job job, std::size_t most) {
     const std::lock_guard lock(mutex_);
-    if (isClosed_) return;
+    if (isClosed_) return true;
+    if (jobs_.size() >= most) return false;
     jobs_.push_back(std::move(job));
     changed_.notify_one();
+    return true;
   }
 
   /// No further job comes out; the waiting ones are dropped.
@@ -55,23 +60,25 @@ class SerialQueue {
   std::atomic<bool> hasEnded_ = false;
 };
 
-namespace {
-
-class SerialExecutorThread final : public SerialExecutor {
+class SerialExecutorThreads::Executor final : public SerialExecutor {
  public:
-  explicit SerialExecutorThread(std::shared_ptr<SerialQueue> queue) : queue_(std::move(queue)) {}
-  ~SerialExecutorThread() override { queue_->close(); }
-  SerialExecutorThread(const SerialExecutorThread&) = delete;
-  SerialExecutorThread& operator=(const SerialExecutorThread&) = delete;
+  Executor(SerialExecutorThreads& threads, std::shared_ptr<SerialQueue> queue)
+      : threads_(threads), queue_(std::move(queue)) {}
+  ~Executor() override { queue_->close(); }
+  Executor(const Executor&) = delete;
+  Executor& operator=(const Executor&) = delete;
 
-  void post(Job job) override { queue_->push(std::move(job)); }
+  void post(Job job) override { queue_->push(threads_.loop_.clickTimes().continued(std::move(job))); }
+  void postUnlessCrowded(Job job) override {
+    auto continued = threads_.loop_.clickTimes().continued(std::move(job));
+    if (!queue_->pushUnlessCrowded(std::move(continued), mostWaiting)) ++threads_.dropped_;
+  }
   bool isCurrent() const override { return queue_->isCurrent(); }
 
  private:
+  SerialExecutorThreads& threads_;
   std::shared_ptr<SerialQueue> queue_;
 };
-
-}  // namespace
 
 std::shared_ptr<SerialExecutor> SerialExecutorThreads::createSerialExecutor() {
   auto queue = std::make_shared<SerialQueue>();
@@ -82,7 +89,7 @@ std::shared_ptr<SerialExecutor> SerialExecutorThreads::createSerialExecutor() {
                         queue->run();
                         loop.post([] {});  // the destructor asks again
                       })});
-  return std::make_shared<SerialExecutorThread>(std::move(queue));
+  return std::make_shared<Executor>(*this, std::move(queue));
 }
 
 void SerialExecutorThreads::joinEndedWorkers() {

@@ -85,17 +85,14 @@ class X11EventTaps::Tap final : public EventTap {
 };
 
 std::unique_ptr<X11EventTaps> X11EventTaps::open(sd_event* event, std::unique_ptr<X11Connection> connection,
-                                                 SecureInput isSecureInput, PressHandler pressed) {
+                                                 InputListeners listeners) {
   if (!speaksInput(*connection)) return nullptr;
-  return std::unique_ptr<X11EventTaps>(
-      new X11EventTaps(event, std::move(connection), std::move(isSecureInput), std::move(pressed)));
+  return std::unique_ptr<X11EventTaps>(new X11EventTaps(event, std::move(connection), std::move(listeners)));
 }
 
-X11EventTaps::X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, SecureInput isSecureInput,
-                           PressHandler pressed)
+X11EventTaps::X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners)
     : connection_(std::move(connection)),
-      isSecureInput_(std::move(isSecureInput)),
-      pressed_(std::move(pressed)),
+      listeners_(std::move(listeners)),
       inputExtension_(xcb_get_extension_data(connection_->get(), &xcb_input_id)->major_opcode),
       source_(
           event, *connection_, [this](const auto& received) { handle(received); },
@@ -141,7 +138,7 @@ void X11EventTaps::followClicks(bool isWanted) {
 void X11EventTaps::followKeyboard(bool isWanted) {
   if (isWanted == (keyboard_ != nullptr)) return;
   heldKeys_.reset();
-  keyboard_ = isWanted ? X11Keyboard::open(*connection_, isSecureInput_) : nullptr;
+  keyboard_ = isWanted ? X11Keyboard::open(*connection_, listeners_.isSecureInput) : nullptr;
   if (isWanted && !keyboard_) platformLogger().error("The X server tells no keyboard layout: keys are not seen");
 }
 
@@ -170,12 +167,14 @@ void X11EventTaps::handleInput(const xcb_generic_event_t& event) {
 }
 
 void X11EventTaps::handleButtonPress(std::uint32_t button) {
-  if (!pressed_) return;
+  if (!listeners_.pressed) return;
   const bool isRight = clickTypeOf(logicalButton(button)) == CGEventType::rightMouseUp;
-  pressed_(isRight ? placeOfPointer() : std::nullopt);
+  listeners_.pressed(isRight ? placeOfPointer() : std::nullopt);
 }
 
 void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t time) {
+  std::optional<ClickTimes::Handling> handling;
+  if (listeners_.clickTimes) handling.emplace(*listeners_.clickTimes, std::chrono::steady_clock::now());
   const auto place = placeAt(time);
   const auto type = clickTypeOf(logicalButton(button));
   if (type && place) deliver({*type, *place, std::nullopt});

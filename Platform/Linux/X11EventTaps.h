@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Platform/EventTap.h"
+#include "Platform/Linux/ClickTimes.h"
 #include "Platform/Linux/X11ClickPlaces.h"
 #include "Platform/Linux/X11EventSource.h"
 #include "Platform/Linux/X11Keyboard.h"
@@ -18,14 +19,20 @@ namespace norra::linux_desktop {
 /// Told of every press of a button: where, if it is the right one, which opens menus before it is released.
 using PressHandler = std::function<void(std::optional<CGPoint> rightPress)>;
 
+/// Whom the taps ask and tell beside their callbacks; each may be absent.
+struct InputListeners {
+  SecureInput isSecureInput = {};  // as for KeyTranslator
+  PressHandler pressed = {};
+  ClickTimes* clickTimes = nullptr;  // not owned; told which click is handled
+};
+
 /// Main thread. The server is asked for no event that no tap wants now. A click is where the pointer was
 /// when the server saw it, or else is when its event is read; key presses carry no location. Taps are never disabled.
 class X11EventTaps final : public EventTaps {
  public:
   /// Null: the server has no XInput 2.2. `event` is not owned; the connection must have no other user of its events.
-  /// `isSecureInput` as for KeyTranslator.
   static std::unique_ptr<X11EventTaps> open(sd_event* event, std::unique_ptr<X11Connection> connection,
-                                            SecureInput isSecureInput = {}, PressHandler pressed = {});
+                                            InputListeners listeners = {});
 
   std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
 
@@ -33,8 +40,7 @@ class X11EventTaps final : public EventTaps {
   class Tap;
   struct Subscription;
 
-  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, SecureInput isSecureInput,
-               PressHandler pressed);
+  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners);
   void didChangeTaps();
   CGEventMask wantedEvents() const;
   void selectEvents(std::uint32_t events);
@@ -52,8 +58,7 @@ class X11EventTaps final : public EventTaps {
   void deliver(const CGEvent& event);
 
   const std::unique_ptr<X11Connection> connection_;
-  const SecureInput isSecureInput_;
-  const PressHandler pressed_;
+  const InputListeners listeners_;
   const std::uint8_t inputExtension_;
   std::vector<std::shared_ptr<Subscription>> subscriptions_;
   std::uint32_t selectedEvents_ = 0;

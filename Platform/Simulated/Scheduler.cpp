@@ -7,6 +7,7 @@ class Scheduler::Executor final : public SerialExecutor, public std::enable_shar
   explicit Executor(Scheduler& scheduler) : scheduler_(scheduler) {}
 
   void post(Job job) override { scheduler_.ready_.push_back({true, weak_from_this(), std::move(job)}); }
+  void postUnlessCrowded(Job job) override { post(std::move(job)); }
   bool isCurrent() const override { return scheduler_.current_ == this; }
 
  private:

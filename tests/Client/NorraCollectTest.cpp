@@ -5,9 +5,11 @@
 #include <csignal>
 #include <cstdlib>
 #include <fstream>
+#include <map>
 #include <nlohmann/json.hpp>
 
 #include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
+#include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "tests/Client/RunningProgram.h"
 #include "tests/Platform/Linux/PrivateBus.h"
 
@@ -114,6 +116,38 @@ TEST_F(NorraCollectTest, ChecksWhatIsThereAndSaysWhatToDo) {
   EXPECT_EQ(check.nextLine(), "ready    service");
   EXPECT_THAT(check.nextLine().value_or(""), MatchesRegex("missing  display .*Run this inside an X11 session.*"));
   EXPECT_EQ(check.waitForEnd(), 1);
+  EXPECT_FALSE(isServiceRunning());
+}
+
+/// What --stats prints, by the words before each value.
+std::map<std::string, std::string> statistics() {
+  RunningProgram view("norra-collect", {"--stats"});
+  std::map<std::string, std::string> values;
+  while (const auto line = view.nextLine()) {
+    const auto gap = line->find("  ");
+    values[line->substr(0, gap)] = line->substr(line->find_first_not_of(' ', gap));
+  }
+  EXPECT_EQ(view.waitForEnd(), 0) << view.errors();
+  return values;
+}
+
+TEST_F(NorraCollectTest, ShowsWhatARunningServiceSaysOfItsWork) {
+  RunningProgram collect("norra-collect");
+  EXPECT_EQ(undated(collect.nextLine()), start);
+  const auto values = statistics();
+  EXPECT_EQ(values.size(), statisticsNumbers.size() + statisticsTexts.size());
+  EXPECT_EQ(values.at("reports sent"), "1");
+  EXPECT_EQ(values.at("reports lost"), "0");
+  EXPECT_EQ(values.at("click to report, median (µs)"), "0");
+  EXPECT_THAT(values.at("clicks and keys"), HasSubstr("No X server"));
+  EXPECT_THAT(values.at("windows and applications"), HasSubstr("with DISPLAY set"));
+}
+
+TEST_F(NorraCollectTest, StartsNoServiceToShowItsStatistics) {
+  RunningProgram view("norra-collect", {"--stats"});
+  EXPECT_EQ(view.nextLine(), std::nullopt);
+  EXPECT_EQ(view.waitForEnd(), 1);
+  EXPECT_THAT(view.errors(), HasSubstr("The service is not running"));
   EXPECT_FALSE(isServiceRunning());
 }
 

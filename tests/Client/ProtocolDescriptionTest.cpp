@@ -16,11 +16,12 @@ namespace {
 
 using testing::HasSubstr;
 
-/// The methods and arguments that an introspection text names, one a line, whatever the order of its attributes.
+/// The methods, properties and arguments that an introspection text names, one a line, whatever the order of its
+/// attributes.
 std::string signatureOf(const std::string& introspection, const std::string& interface) {
   const auto begin = introspection.find("<interface name=\"" + interface + "\"");
   const auto text = introspection.substr(begin, introspection.find("</interface>", begin) - begin);
-  const std::regex element("<(method|arg) ([^>]*?)/?>");
+  const std::regex element("<(method|property|arg) ([^>]*?)/?>");
   const std::regex attribute("(\\w+)=\"([^\"]*)\"");
   std::string signature;
   for (std::sregex_iterator found(text.begin(), text.end(), element), end; found != end; ++found) {
@@ -29,7 +30,8 @@ std::string signatureOf(const std::string& introspection, const std::string& int
     for (std::sregex_iterator each(attributes.begin(), attributes.end(), attribute); each != end; ++each) {
       values[(*each)[1]] = (*each)[2];
     }
-    signature += (*found)[1].str() + " " + values["name"] + " " + values["type"] + " " + values["direction"] + "\n";
+    signature += (*found)[1].str() + " " + values["name"] + " " + values["type"] + " " + values["direction"] +
+                 values["access"] + "\n";
   }
   return signature;
 }
@@ -53,12 +55,16 @@ std::string introspect(const char* name, const char* path) {
   return description;
 }
 
-TEST(ProtocolDescription, TheServiceIsWhatItsDescriptionSays) {
+TEST(ProtocolDescription, TheServiceIsWhatItsDescriptionsSay) {
   const linux_desktop::PrivateBus bus(NORRA_SERVICES_FOLDER);
-  const auto described =
-      signatureOf(readFile(NORRA_PROTOCOLS "/com.norra.ServiceProtocol.xml"), "com.norra.ServiceProtocol");
-  EXPECT_EQ(signatureOf(introspect(busNames::service, busNames::servicePath), "com.norra.ServiceProtocol"), described);
-  EXPECT_THAT(described, HasSubstr("method startCollectorWith  \narg reply s out\n"));
+  const auto introspection = introspect(busNames::service, busNames::servicePath);
+  for (const auto& [interface, detail] :
+       {std::pair("com.norra.ServiceProtocol", "method startCollectorWith  \narg reply s out\n"),
+        std::pair("com.norra.ServiceStatistics", "property reportsSent t read\n")}) {
+    const auto described = signatureOf(readFile(std::string(NORRA_PROTOCOLS "/") + interface + ".xml"), interface);
+    EXPECT_EQ(signatureOf(introspection, interface), described);
+    EXPECT_THAT(described, HasSubstr(detail));
+  }
 }
 
 }  // namespace

@@ -202,8 +202,10 @@ TEST_F(BusListenerTest, ReportsToAClientThatDoesNotReadAreLostBeyondALimitAndCom
   client.stopReading();
   for (std::size_t report = 0; report < most + 3; ++report) object->client->addEvent("early", {}, false);
   EXPECT_THAT(object->errors, AllOf(SizeIs(3), testing::Each(HasSubstr("does not read"))));
+  EXPECT_EQ(listener->counts().lost, 3U);
   client.readAgain(loop.event());
   ASSERT_TRUE(runUntil([&] { return client.events().size() == most; }));
+  EXPECT_EQ(listener->counts().sent, most);
   ASSERT_TRUE(runUntil([&] {
     object->errors.clear();
     object->client->addEvent("late", {}, false);
@@ -231,6 +233,7 @@ TEST_F(BusListenerTest, AReportToAVanishedClientGivesWhatTheBusSays) {
   object->client->addEvent("lost", {}, false);
   ASSERT_TRUE(runUntil([&] { return !object->errors.empty(); }));
   EXPECT_THAT(object->errors, ElementsAre(HasSubstr("ServiceUnknown")));
+  EXPECT_EQ(listener->counts().lost, 1U);
 }
 
 class ServiceProcessTest : public BusListenerTest {

@@ -64,6 +64,23 @@ TEST_F(SerialExecutorThreadTest, IsCurrentInItsOwnJobsOnly) {
   });
 }
 
+TEST_F(SerialExecutorThreadTest, DropsAndCountsInACrowdWhatMayBeDropped) {
+  const auto executor = executors->createSerialExecutor();
+  std::size_t jobs = 0;
+  std::promise<void> begin;
+  std::promise<void> hasBegun;
+  executor->post([&] {
+    hasBegun.set_value();
+    begin.get_future().wait();
+  });
+  hasBegun.get_future().wait();
+  for (std::size_t i = 0; i < SerialExecutorThreads::mostWaiting + 3; ++i) executor->postUnlessCrowded([&] { ++jobs; });
+  begin.set_value();
+  runOn(*executor, [] {});
+  EXPECT_EQ(jobs, SerialExecutorThreads::mostWaiting) << "what may not be dropped is not";
+  EXPECT_EQ(executors->droppedJobs(), 3U);
+}
+
 TEST_F(SerialExecutorThreadTest, DropsWaitingJobsWhenItIsLetGo) {
   auto executor = executors->createSerialExecutor();
   std::promise<void> begun;
