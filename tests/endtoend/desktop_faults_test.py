@@ -10,7 +10,7 @@ import hands
 from collection import Collection
 from desktop import PROGRAMS, Service, main
 from expected import change, change_application, collector
-from faults import DBUS, REGISTRY, FaultTest, desktop_process, owner_on_accessibility_bus, wanted_events
+from faults import DBUS, REGISTRY, FaultTest, desktop_process, is_focus_wanted, owner_on_accessibility_bus
 from waiting import wait_until
 
 
@@ -33,15 +33,16 @@ class PartsThatComeBack(FaultTest):
         running = self.open_own("gtk3_app.py")
         self.end_on_accessibility_bus(REGISTRY)
         self.expect_click(running, "Drop anchor")
-        self.expect_all_of(self.open_own("qt_app.py"))  # its start starts the registry
-        self.assertTrue(owner_on_accessibility_bus(REGISTRY))
+        started = self.open_own("qt_app.py")  # and the registry with it
+        wait_until(is_focus_wanted, "the service to tell the new registry what it wants")
+        self.expect_all_of(started)
         self.expect_all_of(running.activate())
 
     def test_the_accessibility_bus(self):
         running = self.open_own("gtk3_app.py")
         self.expect_click(running, "Drop anchor")
         self.end_on_accessibility_bus(DBUS)
-        wait_until(wanted_events, "the service on the new bus")
+        wait_until(is_focus_wanted, "the service on the new bus")
         self.expect_all_of(self.open_own("gtk3_app.py"))
         running.activate()
         self.expect_among(change_application(running.pid, running.executable(), "", "Harbour ledger"))

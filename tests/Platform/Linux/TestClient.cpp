@@ -5,6 +5,9 @@
 namespace norra::linux_desktop {
 namespace {
 
+/// Longer than a test waits: an answer that does not come is not to look like one.
+constexpr std::uint64_t answerLimitMicroseconds = 120'000'000;
+
 const sd_bus_vtable objectWithoutAddEvent[] = {SD_BUS_VTABLE_START(0), SD_BUS_VTABLE_END};
 
 }  // namespace
@@ -17,6 +20,7 @@ const sd_bus_vtable TestClient::usableObject[] = {
 
 TestClient::TestClient(sd_event* event, Object object)
     : answers_(object != Object::neverAnswering), bus_(openSessionBus(event, "test client").bus) {
+  sd_bus_set_method_call_timeout(bus_.get(), answerLimitMicroseconds);
   if (object == Object::none) return;
   const auto* const methods = object == Object::withoutAddEvent ? objectWithoutAddEvent : usableObject;
   sd_bus_add_object_vtable(bus_.get(), nullptr, busNames::clientPath, busNames::clientInterface, methods, this);
