@@ -1,6 +1,7 @@
 #include "Platform/Linux/X11EventSource.h"
 
 #include <poll.h>
+#include <sys/eventfd.h>
 
 #include <utility>
 
@@ -14,8 +15,17 @@ X11EventSource::X11EventSource(sd_event* event, X11Connection& connection, Event
           "sd_event_add_io");
   input_.reset(source);
   require(sd_event_source_set_prepare(source, onPrepare), "sd_event_source_set_prepare");
-  require(sd_event_add_defer(event, &source, onQueued, this), "sd_event_add_defer");
+  addQueuedSource(event);
+}
+
+// A deferred source would do, but the loop prefers such a one to all others of its priority.
+void X11EventSource::addQueuedSource(sd_event* event) {
+  const int alwaysReadable = require(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK), "eventfd");
+  sd_event_source* source = nullptr;
+  require(sd_event_add_io(event, &source, alwaysReadable, POLLIN, onInput, this), "sd_event_add_io");
   queued_.reset(source);
+  require(sd_event_source_set_io_fd_own(source, 1), "sd_event_source_set_io_fd_own");
+  require(sd_event_source_set_enabled(source, SD_EVENT_OFF), "sd_event_source_set_enabled");
 }
 
 int X11EventSource::onInput(sd_event_source*, int, std::uint32_t, void* self) noexcept {
@@ -28,11 +38,6 @@ int X11EventSource::onPrepare(sd_event_source*, void* self) noexcept {
   auto& source = *static_cast<X11EventSource*>(self);
   if (!source.next_) source.next_.reset(xcb_poll_for_queued_event(source.connection_.get()));
   if (source.next_) sd_event_source_set_enabled(source.queued_.get(), SD_EVENT_ONESHOT);
-  return 0;
-}
-
-int X11EventSource::onQueued(sd_event_source*, void* self) noexcept {
-  static_cast<X11EventSource*>(self)->dispatch();
   return 0;
 }
 

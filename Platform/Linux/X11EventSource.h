@@ -24,7 +24,7 @@ class X11EventSource {
  private:
   static int onInput(sd_event_source* source, int descriptor, std::uint32_t events, void* self) noexcept;
   static int onPrepare(sd_event_source* source, void* self) noexcept;
-  static int onQueued(sd_event_source* source, void* self) noexcept;
+  void addQueuedSource(sd_event* event);
   void dispatch();
   void endIfLost();
 
@@ -33,7 +33,7 @@ class X11EventSource {
   std::function<void()> didLoseConnection_;
   std::unique_ptr<xcb_generic_event_t, Free> next_;
   EventSourcePtr input_;
-  EventSourcePtr queued_;
+  EventSourcePtr queued_;  // enabled while next_ waits
 };
 
 }  // namespace norra::linux_desktop
