@@ -203,6 +203,20 @@ Samples clickWithBareCalls(Hands& hands, int clicks, const Target& target, const
   return samples;
 }
 
+Samples clickWithOneCall(Hands& hands, int clicks, const Target& target) {
+  const auto bus = AtspiBus().connect();
+  Samples samples;
+  for (int i = 0; i < clicks; ++i) {
+    const auto released = hands.click();
+    Wave wave(bus.get());
+    wave.method(target.window, accessible, "GetRole");
+    wave.await();
+    samples["total"].push_back(microsecondsSince(released));
+    std::this_thread::sleep_for(pauseBetweenClicks);
+  }
+  return samples;
+}
+
 Samples callOverBusAndSocket(const Target& target, int calls) {
   const auto bus = AtspiBus().connect();
   const auto& element = target.chain.front();

@@ -13,6 +13,10 @@ namespace norra::benchmarks {
 /// counts.
 Samples clickWithBareCalls(Hands& hands, int clicks, const Target& target, const WayToAsk& way);
 
+/// "total": from the release of the button to the answer to a single call: how long the application, busy with the
+/// click itself, keeps everybody waiting.
+Samples clickWithOneCall(Hands& hands, int clicks, const Target& target);
+
 /// One call after the other to the element that is hit: "bus" over the accessibility bus, and "socket" over the socket
 /// of its application where it offers one.
 Samples callOverBusAndSocket(const Target& target, int calls);

@@ -13,6 +13,7 @@ constexpr std::chrono::milliseconds press{40};
 }  // namespace
 
 Hands::TimePoint Hands::click() {
+  if (!connection_) return std::chrono::steady_clock::now();
   fake(XCB_BUTTON_PRESS, leftButton);
   std::this_thread::sleep_for(press);
   const auto now = std::chrono::steady_clock::now();

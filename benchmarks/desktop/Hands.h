@@ -14,6 +14,7 @@ class Hands {
  public:
   using TimePoint = std::chrono::steady_clock::time_point;
 
+  /// Null: hands that do nothing, for what is read of an application at rest.
   explicit Hands(std::unique_ptr<linux_desktop::X11Connection> connection) : connection_(std::move(connection)) {}
 
   /// Presses the left button, keeps it for as long as a person does, and lets go. When it was let go: just before.

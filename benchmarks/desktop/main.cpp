@@ -1,5 +1,5 @@
 // norra-desktop-benchmark WHAT COUNT [X Y WAY]: measures on the desktop that it runs in, and prints the samples as
-// JSON. benchmarks/desktop.py uses it.
+// JSON. With "-at-rest" at the end of WHAT it reads without a click. measure.py, beside this, uses it.
 #include <cstdio>
 #include <exception>
 #include <nlohmann/json.hpp>
@@ -12,13 +12,18 @@ namespace {
 
 using namespace norra::benchmarks;
 
-Samples measureAt(const std::string& what, int count, Place place, const std::string& way) {
-  Hands hands(norra::linux_desktop::X11Connection::open());
+constexpr std::string_view atRest = "-at-rest";
+
+Samples measureAt(std::string what, int count, Place place, const std::string& way) {
+  const bool isAtRest = what.ends_with(atRest);
+  if (isAtRest) what.resize(what.size() - atRest.size());
+  Hands hands(isAtRest ? nullptr : norra::linux_desktop::X11Connection::open());
   if (what == "service") return clickWithService(hands, count);
   if (what == "input") return clickWithInputOnly(hands, count);
   const auto asked = WayToAsk::named(way);
   const auto target = findTarget(place, asked);
   if (what == "floor") return clickWithBareCalls(hands, count, target, asked);
+  if (what == "one-call") return clickWithOneCall(hands, count, target);
   if (what == "library") return clickWithLibrary(hands, count, target, asked);
   if (what == "library-all") return clickWithLibraryAskingAll(hands, count, target, asked);
   if (what == "socket") return callOverBusAndSocket(target, count);

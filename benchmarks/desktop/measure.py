@@ -19,16 +19,18 @@ from watching import Watch, accessibility_bus_address, benchmark, bus_names_of, 
 
 import hands
 from applications import ControlledApplication
-from waiting import wait_until
 
 ROUNDS = int(os.environ.get("ROUNDS", "3"))
 CLICKS = int(os.environ.get("CLICKS", "100"))
+
+# After so many seconds a changed text has been told.
+LEFT_ALONE = 3
 
 # What is clicked: a name, the application, the widget, how it is asked.
 TARGETS = (("GTK 3 button", "gtk3", "Weigh anchor", "gtk3"), ("GTK 4 button", "gtk4", "Weigh anchor", "gtk4"),
            ("Qt 5 button", "qt", "Weigh anchor", "qt"), ("Chromium button", "chromium", "Drop anchor", "chromium-button"),
            ("Chromium link", "chromium", "link", "chromium-link"))
-KINDS = ("service", "input", "floor", "library", "library-all")
+KINDS = ("service", "input", "one-call", "floor", "library", "library-all")
 
 
 def clicks_of(application, widget, way):
@@ -59,14 +61,37 @@ def click_figures():
         medians = {kind: statistics.median(values) for kind, values in totals.items() if values}
         ours = medians["service"]
         rows.append([title, *(median_and_tail(totals[kind]) for kind in ("service", "floor", "library", "library-all")),
-                     f"{ours / medians['floor']:.2f}", f"{medians['library'] / ours:.1f}", f"{medians['library-all'] / ours:.1f}"])
+                     f"{ours / medians['floor']:.2f}",
+                     *(f"{medians[kind] / ours:.1f}" for kind in ("library", "library-all"))])
         x, delivery = (statistics.median(samples[key]) for key in (("input", "input"), ("service", "delivery")))
         rest = ours - x - delivery
-        parts.append([title, milliseconds(x), milliseconds(rest), milliseconds(delivery), f"{rest / medians['floor']:.2f}"])
+        parts.append([title, milliseconds(x), milliseconds(rest), milliseconds(delivery), milliseconds(medians["one-call"])])
     table("From the click to the client", ["what", "service", "floor", "libatspi, the same facts", "libatspi, six levels",
                                            "times the floor", "times faster", "than six levels"], rows,
           f"Medians of {ROUNDS * CLICKS} clicks, the 99th percentile in brackets.")
-    table("Where the time goes", ["what", "X server to service", "reading and deciding", "delivery", "reading to floor"], parts)
+    table("Where the time goes", ["what", "X server to service", "reading and deciding", "delivery",
+                                   "a single call, for comparison"], parts,
+          "Medians. The single call is sent at the release too: it waits until the application has handled the click.")
+
+
+def reading_figures():
+    """The same facts without a click, from applications that have nothing else to do."""
+    rows = []
+    for title, application, widget, way in TARGETS:
+        with Watch() as watch:
+            app = watch.follow(open_application(application))
+            app.click(widget)
+            settle()
+            watch.collection.process.send_signal(signal.SIGUSR1)
+            settle()
+            place = app.place(widget)
+            floor, library, everything = (benchmark(kind + "-at-rest", CLICKS, place, way)["total"]
+                                          for kind in ("floor", "library", "library-all"))
+            rows.append([title, *map(median_and_tail, (floor, library, everything)),
+                         f"{statistics.median(library) / statistics.median(floor):.1f}"])
+            app.close()
+    table("Reading without a click", ["what", "floor", "libatspi, the same facts", "libatspi, six levels",
+                                      "libatspi to floor"], rows)
 
 
 def calls_on_bus(app, act):
@@ -197,7 +222,7 @@ def burst_figures():
             settle()
             time_of_service = machine.ProcessorTime(watch.service.process.pid)
             begin, used = time.monotonic(), time_of_service.seconds()
-            counts = watch.round_trips(lambda: type_and_wait(watch, "abcdefghij" * 100))
+            counts = watch.round_trips(lambda: type_and_leave(app, "Telegram", "abcdefghij" * 100))
             seconds, used = time.monotonic() - begin, time_of_service.seconds() - used
             rows.append([counts[2], f"{used:.2f} s", f"{100 * used / seconds:.0f} %", *per(1000, counts[:2])])
             app.close()
@@ -205,11 +230,13 @@ def burst_figures():
           ["reports", "service's processor time", "share of a core", "calls a key", "waves a key"], rows)
 
 
-def type_and_wait(watch, text):
-    """A changed text is told when it was left alone."""
-    reports = len(watch.collection.lines)
+def type_and_leave(app, field, text):
+    """An emptied field has nothing to tell."""
     hands.type_text(text, 200)
-    wait_until(lambda: len(watch.collection.lines) > reports, "the report of the text")
+    app.ask("idle", None)
+    if not app.value(field):
+        hands.type_text("k")
+    time.sleep(LEFT_ALONE)
 
 
 def socket_figures():

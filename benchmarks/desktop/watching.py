@@ -62,7 +62,9 @@ def accessibility_bus_address():
 def bus_names_of(pid):
     """On the accessibility bus."""
     bus = dbus.bus.BusConnection(accessibility_bus_address())
-    return [name for name in bus.list_names() if name.startswith(":") and bus.get_unix_process_id(name) == pid]
+    driver = dbus.Interface(bus.get_object("org.freedesktop.DBus", "/org/freedesktop/DBus"), "org.freedesktop.DBus")
+    return [name for name in bus.list_names()
+            if name.startswith(":") and driver.GetConnectionUnixProcessID(name) == pid]
 
 
 def settle():
