@@ -20,7 +20,7 @@ constexpr std::array elementNotifications{"AXValueChanged"sv, "AXSelectedRowsCha
 // An application tells of nothing until it has learnt that somebody listens; what it did not tell is looked at, twice
 // as late each time.
 constexpr std::uint64_t firstFocusCheckMicroseconds = 100'000;
-constexpr std::uint64_t lastFocusCheckMicroseconds = 2'000'000;
+constexpr std::uint64_t lastFocusCheckMicroseconds = 5'000'000;
 
 bool isElementNotification(std::string_view notification) {
   return std::ranges::find(elementNotifications, notification) != elementNotifications.end();
@@ -65,6 +65,7 @@ AXError AtspiObserver::removeNotification(const AXUIElement& element, std::strin
 AXError AtspiObserver::addFocus(std::string_view notification) {
   if (notification != focusChanged) return axError::notificationUnsupported;
   if (focusEvents_) return axError::notificationAlreadyRegistered;
+  timeOuts_ = services_.context.shared.statistics.timeOuts;
   focused_ = focusedElementOf(services_.context, process_);
   focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
   checkFocusLater(firstFocusCheckMicroseconds);
@@ -89,9 +90,22 @@ void AtspiObserver::checkFocusLater(std::uint64_t microseconds) {
 }
 
 void AtspiObserver::checkFocus() {
+  if (!focusEvents_) return;
   tellFocus();
   const bool isTold = !focused_.isNull() && !services_.context.focus.found(focused_.busName);
-  if (focusEvents_ && !isTold && nextFocusCheck_ < lastFocusCheckMicroseconds) checkFocusLater(nextFocusCheck_);
+  const bool isMissed = tellFocusThatWasMissed();
+  if ((!isTold || isMissed) && nextFocusCheck_ < lastFocusCheckMicroseconds) checkFocusLater(nextFocusCheck_);
+}
+
+// An application that starts may be too busy to say what has the focus. Whether answers were missed since it was asked.
+bool AtspiObserver::tellFocusThatWasMissed() {
+  auto& shared = services_.context.shared;
+  const auto timeOuts = shared.statistics.timeOuts.load();
+  if (timeOuts == timeOuts_) return false;
+  if (shared.resting.isResting(focused_.busName, std::chrono::steady_clock::now())) return true;
+  timeOuts_ = timeOuts;
+  tell(services_.context.application(process_), focusChanged);
+  return true;
 }
 
 void AtspiObserver::tellFocus() {

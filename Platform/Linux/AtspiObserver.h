@@ -37,6 +37,7 @@ class AtspiObserver final : public AXObserver {
   void focusArrived(const AtspiReference& element);
   void checkFocusLater(std::uint64_t microseconds);
   void checkFocus();
+  bool tellFocusThatWasMissed();
   void tellFocus();
   void tell(const AXUIElement& element, std::string_view notification);
   void tellOf(const AtspiReference& element, std::string_view notification);
@@ -55,6 +56,7 @@ class AtspiObserver final : public AXObserver {
   DeferredRun focusChange_;
   DeferredRun lateFocusCheck_;
   std::uint64_t nextFocusCheck_ = 0;
+  std::uint64_t timeOuts_ = 0;  // of all reads, when the focus was told last
   DeferredRun cleanUp_;
   std::unique_ptr<Registration> focusEvents_;
   std::unique_ptr<Registration> input_;
