@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-30}
 shift || true
 fuzzers=("$@")
-[ ${#fuzzers[@]} -gt 0 ] || fuzzers=(Address Report Scenario Text)
+[ ${#fuzzers[@]} -gt 0 ] || fuzzers=(Address Reply Report Scenario Text)
 
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz --target fuzzers
