@@ -167,9 +167,7 @@ void X11EventTaps::handleInput(const xcb_generic_event_t& event) {
 }
 
 void X11EventTaps::handleButtonPress(std::uint32_t button) {
-  if (!listeners_.pressed) return;
-  const bool isRight = clickTypeOf(logicalButton(button)) == CGEventType::rightMouseUp;
-  listeners_.pressed(isRight ? placeOfPointer() : std::nullopt);
+  if (listeners_.pressed && clickTypeOf(logicalButton(button))) listeners_.pressed(placeOfPointer());
 }
 
 void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t time) {

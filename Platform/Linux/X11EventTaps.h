@@ -16,8 +16,8 @@
 
 namespace norra::linux_desktop {
 
-/// Told of every press of a button: where, if it is the right one, which opens menus before it is released.
-using PressHandler = std::function<void(std::optional<CGPoint> rightPress)>;
+/// Told of every press of a button that clicks: where the pointer is, if it is known.
+using PressHandler = std::function<void(std::optional<CGPoint> place)>;
 
 /// Whom the taps ask and tell beside their callbacks; each may be absent.
 struct InputListeners {

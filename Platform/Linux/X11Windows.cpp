@@ -20,22 +20,22 @@ std::optional<WindowOnScreen> X11Windows::topLevelWindowAt(CGPoint point) {
   const auto topLevel = tree_.topLevelAt(point);
   if (topLevel.client == XCB_NONE) return std::nullopt;
   auto window = facts_.describe(topLevel);
-  if (window && window->overrideRedirect && isPressedAt(point)) return facts_.describe(rightPress_->topLevel);
+  if (window && window->overrideRedirect && isPressedAt(point)) return facts_.describe(press_->topLevel);
   return window;
 }
 
-void X11Windows::noteRightPress(std::optional<CGPoint> place) {
+void X11Windows::notePress(std::optional<CGPoint> place) {
   const std::lock_guard lock(mutex_);
-  rightPress_.reset();
+  press_.reset();
   if (!place) return;
   const auto topLevel = tree_.topLevelAt(*place);
-  if (topLevel.client != XCB_NONE) rightPress_ = {*place, topLevel};
+  if (topLevel.client != XCB_NONE) press_ = {*place, topLevel};
 }
 
 // With the lock held.
 bool X11Windows::isPressedAt(CGPoint point) const {
-  if (!rightPress_) return false;
-  const auto [x, y] = rightPress_->place;
+  if (!press_) return false;
+  const auto [x, y] = press_->place;
   return std::abs(point.x - x) <= steadyHandPixels && std::abs(point.y - y) <= steadyHandPixels;
 }
 

@@ -16,9 +16,9 @@ class X11Windows final : public WindowsOnScreen {
   /// The client's window where a window manager has put it into a frame of its own. Menus and other pop-ups are
   /// found like any other; windows that let the pointer through are not.
   std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) override;
-  /// A press of the right button may open a menu under the pointer, which gets the release. Until the next press, what
-  /// is found under the pressed place is what lay there then, and not a menu. Nothing: another button was pressed.
-  void noteRightPress(std::optional<CGPoint> place);
+  /// A press may open a menu or a list under the pointer, which then gets the release. Until the next press, what is
+  /// found under the pressed place is what lay there then. Nothing: it is not known where the pointer is.
+  void notePress(std::optional<CGPoint> place);
 
   /// As the window manager says; without a window manager, the one that has the input focus.
   std::optional<WindowOnScreen> activeWindow() override;
@@ -45,7 +45,7 @@ class X11Windows final : public WindowsOnScreen {
   const std::unique_ptr<X11Connection> connection_;
   X11WindowTree tree_;
   X11WindowFacts facts_;
-  std::optional<Press> rightPress_;
+  std::optional<Press> press_;
 };
 
 }  // namespace norra::linux_desktop

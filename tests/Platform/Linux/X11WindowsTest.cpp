@@ -32,13 +32,13 @@ TEST_F(X11WindowsTest, FindTheTopmostWindowUnderAPoint) {
   EXPECT_EQ(windowAt(-5, 1e9), 0);
 }
 
-TEST_F(X11WindowsTest, FindWhatLayUnderTheMenuThatARightPressOpened) {
+TEST_F(X11WindowsTest, FindWhatLayUnderTheMenuThatAPressOpened) {
   const TestWindow below(*client, {.x = 10, .y = 10, .width = 100, .height = 100});
-  windows.noteRightPress(CGPoint{20, 20});
+  windows.notePress(CGPoint{20, 20});
   const TestWindow menu(*client, {.x = 15, .y = 15, .width = 50, .height = 80, .overrideRedirect = true});
   EXPECT_EQ(windowAt(21, 19), below.get());
   EXPECT_EQ(windowAt(20, 60), menu.get()) << "the pointer went on into the menu";
-  windows.noteRightPress(std::nullopt);
+  windows.notePress(std::nullopt);
   EXPECT_EQ(windowAt(21, 19), menu.get());
 }
 
