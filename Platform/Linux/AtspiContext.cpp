@@ -54,6 +54,7 @@ void AtspiContext::forgetAll() {
   applications.clear();
   processes.clear();
   focus.clear();
+  selectedItems.clear();
   highlightedItems.clear();
   topLevels.clear();
   shared.resting.clear();

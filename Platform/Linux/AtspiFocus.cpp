@@ -20,13 +20,6 @@ constexpr Asks keptOfItem{Ask::extents, Ask::localizedRoleName};
 
 constexpr std::array items{AtspiRole::listItem, AtspiRole::tableCell, AtspiRole::tableRow,
                            AtspiRole::treeItem, AtspiRole::icon,      AtspiRole::tableRowHeader};
-constexpr std::array containers{AtspiRole::list, AtspiRole::listBox,   AtspiRole::table,
-                                AtspiRole::tree, AtspiRole::treeTable, AtspiRole::layeredPane};
-
-template <typename Table>
-bool contains(const Table& table, AtspiRole role) {
-  return std::ranges::find(table, role) != table.end();
-}
 
 bool isFocused(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::focused); }
 
@@ -142,11 +135,11 @@ AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root)
 
 AtspiReference followedElement(const ElementView& focused) {
   if (focused.role() == AtspiRole::toggleButton) return withoutOwnButton(focused);
-  if (!contains(items, focused.role())) return focused.reference();
+  if (!isOneOf(items, focused.role())) return focused.reference();
   auto above = focused.need(Ask::parent).parent;
   for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
     const auto container = focused.other(above);
-    if (contains(containers, container.role())) {
+    if (isItemContainer(container.role())) {
       focused.context().selectedItems.note(above, focused.reference());
       return above;
     }

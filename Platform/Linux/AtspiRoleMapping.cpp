@@ -73,6 +73,8 @@ constexpr std::array mereContainers{AtspiRole::filler,     AtspiRole::frame,    
                                     AtspiRole::scrollPane, AtspiRole::splitPane,   AtspiRole::toolBar,
                                     AtspiRole::viewport,   AtspiRole::window};
 constexpr std::array tables{AtspiRole::table, AtspiRole::tree, AtspiRole::treeTable};
+constexpr std::array itemContainers{AtspiRole::list, AtspiRole::listBox,   AtspiRole::table,
+                                    AtspiRole::tree, AtspiRole::treeTable, AtspiRole::layeredPane};
 constexpr std::array menuParts{AtspiRole::checkMenuItem, AtspiRole::menu, AtspiRole::menuItem, AtspiRole::radioMenuItem,
                                AtspiRole::tearoffMenuItem};
 constexpr std::array rolesThatNeedAttributes{AtspiRole::entry, AtspiRole::filler, AtspiRole::grouping,
@@ -210,6 +212,7 @@ bool isTextField(AtspiRole role) { return contains(fields, role); }
 bool isCheckable(AtspiRole role) { return contains(checkables, role); }
 bool isMereContainer(AtspiRole role) { return contains(mereContainers, role); }
 bool isTableLike(AtspiRole role) { return contains(tables, role); }
+bool isItemContainer(AtspiRole role) { return contains(itemContainers, role); }
 bool endsSearch(std::string_view role) { return contains(searchEnds, role); }
 
 }  // namespace norra::linux_desktop

@@ -46,6 +46,8 @@ bool isCheckable(AtspiRole role);
 bool isMereContainer(AtspiRole role);
 /// Whether it shows its children as rows of cells.
 bool isTableLike(AtspiRole role);
+/// Whether it is a list, a table, a tree or the like, whose items are selected in it.
+bool isItemContainer(AtspiRole role);
 /// Whether nothing above an element of this role matters for what happened in it.
 bool endsSearch(std::string_view role);
 

@@ -1,6 +1,5 @@
 #include "Platform/Linux/ElementView.h"
 
-#include <algorithm>
 #include <array>
 
 #include "Platform/Linux/AtspiText.h"
@@ -17,10 +16,6 @@ constexpr std::array partsOfControls{AtspiRole::icon, AtspiRole::image, AtspiRol
 constexpr std::array controls{AtspiRole::checkBox, AtspiRole::link,         AtspiRole::listItem,
                               AtspiRole::menuItem, AtspiRole::pushButton,   AtspiRole::radioButton,
                               AtspiRole::pageTab,  AtspiRole::toggleButton, AtspiRole::treeItem};
-
-bool isOneOf(const auto& roles, std::uint32_t role) {
-  return std::ranges::find(roles, static_cast<AtspiRole>(role)) != roles.end();
-}
 
 bool endsSearchAt(const AtspiFacts& facts) { return facts.asked.has(Ask::role) && endsSearch(mapRole(facts, {}).role); }
 
@@ -66,11 +61,11 @@ Asks ElementView::detailAsks(const AtspiFacts& facts) const {
 // time, are asked for ahead.
 void ElementView::expectAncestors() const {
   if (!reader_.isOnPath(reference_) || endsSearchAt(reader_.known(reference_))) return;
-  bool isControlSought = isOneOf(partsOfControls, reader_.known(reference_).role);
+  bool isControlSought = isOneOf(partsOfControls, static_cast<AtspiRole>(reader_.known(reference_).role));
   auto ancestor = reader_.likelyParent(reference_);
   for (int i = 0; i < mostExpectedAncestors && !ancestor.isNull(); ++i) {
     const auto& known = reader_.known(ancestor);
-    const bool isControl = isControlSought && isOneOf(controls, known.role);
+    const bool isControl = isControlSought && isOneOf(controls, static_cast<AtspiRole>(known.role));
     const bool isPage = static_cast<AtspiRole>(known.role) == AtspiRole::documentWeb;
     if (isControl || isPage) {
       reader_.expect(ancestor, generalAsks() | asksOnPath(known));

@@ -24,6 +24,11 @@ void SelectedItems::forget(std::string_view busName) {
   std::erase_if(containers_, [&](const auto& items) { return items.container.busName == busName; });
 }
 
+void SelectedItems::clear() {
+  const std::lock_guard lock(mutex_);
+  containers_.clear();
+}
+
 // With the lock held.
 SelectedItems::Items& SelectedItems::itemsOf(const AtspiReference& container) {
   const auto found = std::ranges::find(containers_, container, &Items::container);

@@ -21,6 +21,7 @@ class SelectedItems {
   /// All that were noted and not pushed out by newer ones. Whether they still are selected has to be asked.
   std::vector<AtspiReference> notedIn(const AtspiReference& container) const;
   void forget(std::string_view busName);
+  void clear();
 
  private:
   struct Items {

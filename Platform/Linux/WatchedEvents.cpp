@@ -1,6 +1,5 @@
 #include "Platform/Linux/WatchedEvents.h"
 
-#include <algorithm>
 #include <array>
 #include <functional>
 
@@ -10,13 +9,6 @@ namespace norra::linux_desktop {
 namespace {
 
 constexpr std::array numbers{AtspiRole::slider, AtspiRole::spinButton, AtspiRole::scrollBar, AtspiRole::dial};
-constexpr std::array itemContainers{AtspiRole::list, AtspiRole::listBox,   AtspiRole::table,
-                                    AtspiRole::tree, AtspiRole::treeTable, AtspiRole::layeredPane};
-
-template <typename Table>
-bool contains(const Table& table, AtspiRole role) {
-  return std::ranges::find(table, role) != table.end();
-}
 
 AtspiEventKind textChanged(const AtspiReference& source) { return {"object:text-changed", "TextChanged", "", source}; }
 
@@ -51,7 +43,7 @@ std::vector<AtspiEventKind> valueEvents(const ElementView& view) {
   const auto& source = view.reference();
   if (isTextField(role)) return textEvents(view);
   if (role == AtspiRole::spinButton) return {numberChanged(source), textChanged(source)};
-  if (contains(numbers, role)) return {numberChanged(source)};
+  if (isOneOf(numbers, role)) return {numberChanged(source)};
   if (role == AtspiRole::toggleButton) return {stateChanged("checked", source), stateChanged("pressed", source)};
   if (isCheckable(role)) return {stateChanged("checked", source)};
   return {};
@@ -59,11 +51,11 @@ std::vector<AtspiEventKind> valueEvents(const ElementView& view) {
 
 bool changesSilently(const ElementView& view) {
   if (isTextField(view.role())) return mayHideText(view) && !isNativeTextArea(view);
-  return view.toolkit() == Toolkit::gtk4 && contains(numbers, view.role());
+  return view.toolkit() == Toolkit::gtk4 && isOneOf(numbers, view.role());
 }
 
 std::vector<AtspiEventKind> selectionEvents(const ElementView& view) {
-  if (!contains(itemContainers, view.role())) return {};
+  if (!isItemContainer(view.role())) return {};
   // Qt's views are silent, only their items tell.
   if (view.toolkit() == Toolkit::qt) return {stateChanged("selected", {view.reference().busName, ""})};
   return {{"object:selection-changed", "SelectionChanged", "", view.reference()}};
