@@ -147,7 +147,7 @@ std::string labelledElementName(const SearchData& searchData, const std::string&
   const auto& popUpLabel = searchData.popupButtonTitleElementName;
   const bool isPopUpLabelled = popUpLabel && !popUpLabel->empty();
   const auto& label = isPopUpLabelled ? popUpLabel : searchData.interactiveTitleElementName;
-  if (!label || label->empty() || *label == name) return name;
+  if (!label || *label == name) return name;
   auto labelled = label->ends_with(':') ? *label : *label + ":";
   return name.empty() ? labelled : labelled + " " + name;
 }
