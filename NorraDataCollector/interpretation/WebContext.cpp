@@ -35,9 +35,15 @@ std::optional<AXUIElement> parentForClimb(const AXUIElement& element) {
   return std::nullopt;
 }
 
+/// The URL up to the end of its host and port. What follows may hold characters that a strict reader refuses.
+std::string_view withoutPath(std::string_view url) {
+  const auto authority = url.find("//");
+  return authority == std::string_view::npos ? url : url.substr(0, url.find_first_of("/?#", authority + 2));
+}
+
 std::string hostOf(const NSURL& url) {
   UriUriA uri;
-  const auto& text = url.absoluteString;
+  const auto text = withoutPath(url.absoluteString);
   const char* errorPosition = nullptr;
   if (uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), &errorPosition) != URI_SUCCESS) return {};
   std::string host;
