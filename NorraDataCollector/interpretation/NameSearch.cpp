@@ -31,7 +31,7 @@ class NameSearch {
   Result search(const AXUIElement& element, Visit visit) const;
 
  private:
-  Result searchElement(const AXUIElement& element, const std::optional<std::string>& role) const;
+  Result searchElement(const AXUIElement& element, const std::string& role) const;
   Result searchChildren(const AXUIElement& element, const std::optional<std::string>& role, Visit& visit) const;
   Result searchParent(const AXUIElement& element, const std::string& role, const Visit& visit) const;
 
@@ -66,24 +66,27 @@ bool isControlResult(const NameSearchResult& result, const std::optional<std::st
 }
 
 Result NameSearch::search(const AXUIElement& element, Visit visit) const {
+  auto titled = namedByTitleElement(element, std::string(role::unknown));
   const auto role = ax::role(element);
-  if (auto result = searchElement(element, role)) return result;
+  if (titled) {
+    if (role) titled->role = *role;
+    return titled;
+  }
+  if (auto result = role ? searchElement(element, *role) : std::nullopt) return result;
   if (auto result = searchChildren(element, role, visit)) return result;
   if (visit.directions == SearchDirections::both && role) return searchParent(element, *role, visit);
   return std::nullopt;
 }
 
-Result NameSearch::searchElement(const AXUIElement& element, const std::optional<std::string>& role) const {
-  if (auto result = namedByTitleElement(element, role.value_or(std::string(role::unknown)))) return result;
-  if (!role) return std::nullopt;
-  if (isControl(element, *role)) {
-    if (auto result = namedByTitleElementOrItself(element, *role)) return result;
+Result NameSearch::searchElement(const AXUIElement& element, const std::string& role) const {
+  if (isControl(element, role)) {
+    if (auto result = namedByTitleElementOrItself(element, role)) return result;
   }
-  if (isText(*role) || (imagesCount_ && role == role::image)) {
-    if (auto result = named(element, *role)) return result;
+  if (isText(role) || (imagesCount_ && role == role::image)) {
+    if (auto result = named(element, role)) return result;
   }
   if (role == role::cell || role == role::row) {
-    return namedByTitleElementOrItself(element, *role, rowAndCellIgnoredAttributes);
+    return namedByTitleElementOrItself(element, role, rowAndCellIgnoredAttributes);
   }
   return std::nullopt;
 }
