@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
+#include "Client/ServiceCheck.h"
 #include "Platform/Linux/AtspiBus.h"
 #include "Platform/Linux/SessionBus.h"
 #include "Platform/Linux/X11EventTaps.h"
@@ -16,61 +16,35 @@ namespace norra {
 namespace {
 
 using linux_desktop::AtspiBus;
+using linux_desktop::EventLoop;
 using linux_desktop::openSessionBus;
 using linux_desktop::X11Connection;
 using linux_desktop::X11EventTaps;
 using linux_desktop::X11Windows;
 
-DesktopFinding missing(std::string advice) { return {{}, Readiness::missing, std::move(advice)}; }
-DesktopFinding limited(std::string advice) { return {{}, Readiness::limited, std::move(advice)}; }
-
-bool isOwnedOrActivatable(sd_bus* bus, std::string_view name) {
-  char** owned = nullptr;
-  char** activatable = nullptr;
-  sd_bus_list_names(bus, &owned, &activatable);
-  bool isFound = false;
-  for (char** names : {owned, activatable}) {
-    for (char** each = names; each != nullptr && *each != nullptr; ++each) {
-      isFound = isFound || name == *each;
-      free(*each);
-    }
-    free(names);
-  }
-  return isFound;
-}
-
-DesktopFinding sessionBus(sd_event* event) {
-  const auto opened = openSessionBus(event, "check");
+DesktopFinding sessionBus(EventLoop& loop) {
+  const auto opened = openSessionBus(loop.event(), "check");
   return opened.bus ? DesktopFinding{} : missing(opened.problem);
 }
 
-DesktopFinding service(sd_event* event) {
-  const auto opened = openSessionBus(event, "check");
-  if (opened.bus && isOwnedOrActivatable(opened.bus.get(), busNames::service)) return {};
-  return missing(
-      "The session bus cannot start it. Install the package, or start norra-collector-service in this session.");
-}
-
-DesktopFinding display(sd_event*) {
-  const auto* type = std::getenv("XDG_SESSION_TYPE");
-  const bool isWayland =
-      std::getenv("WAYLAND_DISPLAY") != nullptr || (type != nullptr && type == std::string_view("wayland"));
-  if (!X11Connection::open())
+DesktopFinding display(EventLoop&) {
+  if (!X11Connection::open()) {
     return missing("No X server is reached. Run this inside an X11 session, with DISPLAY set.");
-  if (isWayland) {
+  }
+  if (isWaylandSession()) {
     return limited("This is a Wayland session: only windows of X11 applications are seen. Log in to an X11 session.");
   }
   return {};
 }
 
-DesktopFinding input(sd_event* event) {
+DesktopFinding input(EventLoop& loop) {
   auto connection = X11Connection::open();
   if (!connection) return missing("Clicks and keys cannot be observed without an X server.");
-  if (X11EventTaps::open(event, std::move(connection))) return {};
+  if (X11EventTaps::open(loop.event(), std::move(connection))) return {};
   return missing("The X server has no XInput 2.2. Use a newer one.");
 }
 
-DesktopFinding activeWindow(sd_event*) {
+DesktopFinding activeWindow(EventLoop&) {
   auto connection = X11Connection::open();
   if (!connection) return missing("The application in front cannot be known without an X server.");
   X11Windows windows(std::move(connection));
@@ -81,18 +55,18 @@ DesktopFinding activeWindow(sd_event*) {
   return {};
 }
 
-DesktopFinding accessibilityBus(sd_event*) {
+DesktopFinding accessibilityBus(EventLoop& loop) {
   if (AtspiBus().connect()) return {};
+  if (!openSessionBus(loop.event(), "check").bus) return missing(needsSessionBus);
   return missing("Applications cannot be read. Install at-spi2-core and start a new session.");
 }
 
-DesktopFinding toolkits(sd_event* event) {
-  const auto opened = openSessionBus(event, "check");
+DesktopFinding toolkits(EventLoop& loop) {
+  const auto opened = openSessionBus(loop.event(), "check");
+  if (!opened.bus) return missing(needsSessionBus);
   int isEnabled = 0;
-  const int result = !opened.bus
-                         ? -ENOTCONN
-                         : sd_bus_get_property_trivial(opened.bus.get(), "org.a11y.Bus", "/org/a11y/bus",
-                                                       "org.a11y.Status", "IsEnabled", nullptr, 'b', &isEnabled);
+  const int result = sd_bus_get_property_trivial(opened.bus.get(), "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Status",
+                                                 "IsEnabled", nullptr, 'b', &isEnabled);
   if (result < 0) return missing("Whether applications can be read is not known: no accessibility bus answers.");
   if (isEnabled != 0) return {};
   return limited(
@@ -103,12 +77,13 @@ DesktopFinding toolkits(sd_event* event) {
 
 struct Check {
   std::string_view what;
-  DesktopFinding (*look)(sd_event*);
+  DesktopFinding (*look)(EventLoop&);
 };
 
 constexpr std::array checks{Check{"session bus", sessionBus},
-                            Check{"service", service},
+                            Check{"service", checkService},
                             Check{"display", display},
+                            Check{"service's display", checkDisplayOfService},
                             Check{"clicks and keys", input},
                             Check{"window in front", activeWindow},
                             Check{"accessibility bus", accessibilityBus},
@@ -127,9 +102,10 @@ std::string padded(std::string_view text, std::size_t width) {
 }  // namespace
 
 std::vector<DesktopFinding> checkDesktop(linux_desktop::EventLoop& loop) {
+  const auto kept = X11Connection::open();  // a server that the last client leaves resets, and serves nobody meanwhile
   std::vector<DesktopFinding> findings;
   for (const auto& check : checks) {
-    findings.push_back(check.look(loop.event()));
+    findings.push_back(check.look(loop));
     findings.back().what = check.what;
   }
   return findings;

@@ -4,23 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "Client/DesktopFinding.h"
 #include "Platform/Linux/EventLoop.h"
 
 namespace norra {
-
-enum class Readiness {
-  ready,
-  limited,  // works in part
-  missing,
-};
-
-/// One thing that collection needs.
-struct DesktopFinding {
-  std::string what;
-  Readiness readiness = Readiness::ready;
-  /// What is wrong and what to do about it; empty where it is ready.
-  std::string advice;
-};
 
 /// Looks at everything that collection needs, without collecting. Takes a bounded time. Main thread.
 std::vector<DesktopFinding> checkDesktop(linux_desktop::EventLoop& loop);
