@@ -29,8 +29,9 @@ function(document_package package component)
 endfunction()
 document_package(${main_package} collector)
 document_package(${main_package}-dev development)
-install(FILES ${PROJECT_SOURCE_DIR}/README.md DESTINATION ${documents}/${main_package})
-install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents}/${main_package})
+install(FILES ${PROJECT_SOURCE_DIR}/README.md debian/README.Debian DESTINATION ${documents}/${main_package})
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents}/${main_package}
+  USE_SOURCE_PERMISSIONS)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${main_package})

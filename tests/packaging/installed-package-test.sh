@@ -39,8 +39,12 @@ check_files() {
   local file
   for file in bin/norra-collect bin/norra-collector-service bin/norra-report bin/norra-scenario \
     share/dbus-1/services/$service.service share/systemd/user/norra-collector-service.service \
-    share/dbus-1/interfaces/com.norra.ServiceProtocol.xml share/man/man1/norra-collect.1.gz; do
+    share/dbus-1/interfaces/com.norra.ServiceProtocol.xml share/man/man1/norra-collect.1.gz \
+    share/doc/$package/README.Debian; do
     [ -f /usr/$file ] || fail "/usr/$file is not there"
+  done
+  for file in examples/python/collect.py examples/shell/watch.sh examples/mqtt/stream-desktop.sh docs/examples/client.py; do
+    [ -x /usr/share/doc/$package/$file ] || fail "$file cannot be run where it is"
   done
   ! grep -r "$build" $(dpkg --listfiles $package | grep -E '^/usr/share/(dbus-1|systemd)/.*\.service$') || fail "a path of the build"
   XDG_RUNTIME_DIR=$folder systemd-analyze verify --user /usr/share/systemd/user/norra-collector-service.service || fail "the systemd unit"
@@ -61,7 +65,7 @@ in_session() {
 }
 
 check_collecting() {
-  in_session "$source/tests/examples/check-client.sh" /usr/bin/python3 /usr/share/doc/$package/examples/python/collect.py || fail "the client"
+  in_session "$source/tests/examples/check-client.sh" /usr/share/doc/$package/examples/python/collect.py || fail "the client"
   in_session sh -c "norra-collect --output $folder/session.jsonl --duration 1 &&
     busctl --user --activatable list | grep -q '^$service '" || fail "norra-collect"
   [ "$(wc -l <"$folder/session.jsonl")" -eq 2 ] || fail "a session of other than two reports"
