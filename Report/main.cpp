@@ -1,4 +1,6 @@
 // norra-report: makes a page to look at from a recorded session.
+#include <sys/stat.h>
+
 #include <CLI/CLI.hpp>
 #include <cerrno>
 #include <cstring>
@@ -14,6 +16,7 @@ namespace report = norra::report;
 
 constexpr int unreadableLinesFound = 1;
 constexpr int usageError = 2;
+constexpr std::size_t mostLinesNamed = 20;
 
 struct Arguments {
   std::string session;
@@ -41,10 +44,14 @@ Reading readFrom(std::istream& lines, const Arguments& arguments) {
   Reading reading;
   const auto name = arguments.session == "-" ? "standard input" : arguments.session;
   reading.reports = report::readSession(lines, [&](const report::LineFault& fault) {
-    complain(name + ", line " + std::to_string(fault.line) + ": " + fault.problem);
-    ++reading.faults;
+    if (++reading.faults <= mostLinesNamed) {
+      complain(name + ", line " + std::to_string(fault.line) + ": " + fault.problem);
+    }
     return arguments.isStrict ? report::AfterFault::end : report::AfterFault::goOn;
   });
+  if (reading.faults > mostLinesNamed) {
+    complain(name + ": lines that cannot be read besides: " + std::to_string(reading.faults - mostLinesNamed));
+  }
   return reading;
 }
 
@@ -92,6 +99,7 @@ int run(const Arguments& arguments) {
 
 int main(int argc, char** argv) {
   std::ios::sync_with_stdio(false);
+  umask(S_IRWXG | S_IRWXO);  // a page tells as much of a person as the session
   Arguments arguments;
   CLI::App app(
       "Makes one HTML page from a session that norra-collect recorded. The page needs no network. Lines that cannot be "

@@ -49,6 +49,16 @@ class Program(unittest.TestCase):
         self.assertIn('"unreadableLines":2', self.page.read_text())
         self.assertIn('"Save"', self.page.read_text())
 
+    def test_a_file_that_is_no_session_is_not_repeated_line_by_line(self):
+        self.session.write_text("no report\n" * 25)
+        result = run(self.session, "-o", self.page)
+        self.check(result, 1, "line 20: ", "lines that cannot be read besides: 5")
+        self.assertNotIn("line 21", result.stderr)
+
+    def test_a_page_is_its_owners_as_the_session_is(self):
+        self.check(run(self.session, "-o", self.page), 0)
+        self.assertEqual(self.page.stat().st_mode & 0o777, 0o600)
+
     def test_strict_ends_at_the_first_unreadable_line_without_a_page(self):
         self.damage()
         result = run("--strict", self.session, "-o", self.page)
