@@ -12,8 +12,22 @@ constexpr const char* description =
     "The key p, or SIGUSR1 and SIGUSR2, pauses and resumes.";
 constexpr const char* footer =
     "Exit status: 0 after the service's last report, 1 when the service cannot be reached, --check finds something "
-    "missing or --stats finds no service, 2 for a wrong use, 3 when the collection ended before it was stopped.";
+    "missing or --stats finds no service, 2 for a wrong use, 3 when the collection ended before it was stopped or "
+    "reports could not be "
+    "written.";
 constexpr int wrongUse = 2;
+
+/// Refuses, in a person's words, what is not such a number; CLI11's own refusal prints the limits of its type.
+template <typename Number>
+CLI::Validator numberBetween(Number least, Number most, const std::string& what) {
+  const auto refusal = [=](const std::string& given) {
+    Number number{};
+    const bool isNumber =
+        !given.starts_with('-') && CLI::detail::lexical_cast(given, number) && number >= least && number <= most;
+    return isNumber ? std::string() : given + " is not " + what;
+  };
+  return {refusal, ""};
+}
 
 std::vector<std::string> kindNames() {
   std::vector<std::string> names;
@@ -39,22 +53,26 @@ void declare(CLI::App& app, Given& given) {
       ->option_text(CLI::detail::join(formatNames(), "|"));
   app.add_option("-o,--output", options.outputFile, "Append to this file instead of printing")->option_text("FILE");
   app.add_option("--duration", given.seconds, "Stop after this many seconds")
-      ->check(CLI::Range(0.0, 1e9))
+      ->check(numberBetween(0.0, 1e9, "a number of seconds"))
       ->option_text("SECONDS");
   app.add_option("--count", options.count, "Stop after this many reports")
-      ->check(CLI::PositiveNumber)
+      ->check(numberBetween<std::uint64_t>(1, UINT64_MAX, "a whole number above 0"))
       ->option_text("NUMBER");
-  app.add_option("--application", options.wanted.applications,
-                 "Print reports of this application only, by its name or identifier; may be repeated")
+  app.add_option(
+         "--application", options.wanted.applications,
+         "Print reports of this application only, from the first switch to it on, by its name or identifier; may be "
+         "repeated")
       ->option_text("NAME");
   app.add_option("--kind", given.kinds,
                  "Print reports of this kind only; may be repeated; one of " + CLI::detail::join(kindNames(), ", "))
-      ->check(CLI::IsMember(kindNames()))
+      ->transform(CLI::IsMember(kindNames(), CLI::ignore_case))
       ->option_text("KIND");
-  app.add_flag("--check", options.checks, "Say whether this desktop is ready, and what to do where it is not");
+  app.add_flag("--check", options.checks, "Say whether this desktop is ready, and what to do where it is not")
+      ->option_text(" ");
   app.add_flag("--stats", options.showsStatistics,
                "Print what the running service says of its own work; a service that does not run is not started")
-      ->excludes("--check");
+      ->excludes("--check")
+      ->option_text(" ");
 }
 
 CollectOptions optionsFrom(const Given& given) {

@@ -34,6 +34,7 @@ void Collection::started(const std::string& problem) {
   if (!problem.empty()) return end(Outcome::unreachable, problem);
   state_ = State::collecting;
   if (isStopRequested_) return stop();
+  output_.started();
   if (isPaused_) askForPause();
   if (duration_) loop_.postAfter(*duration_, [this] { stop(); });
 }

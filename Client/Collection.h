@@ -33,6 +33,8 @@ class Collection {
     std::function<Reception(const Report&)> report;
     /// For the person who runs the program.
     std::function<void(const std::string& text)> message;
+    /// The service collects.
+    std::function<void()> started;
   };
 
   /// `loop` outlives this.

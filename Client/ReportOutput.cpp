@@ -33,7 +33,13 @@ Reception ReportOutput::received(int error) {
   return ++printed_ == options_.count ? Reception::enough : Reception::goOn;
 }
 
+bool ReportOutput::end() {
+  if (lost_ > 0) message_("Reports lost at the end: " + std::to_string(lost_) + ".");
+  return !hasLost_;
+}
+
 void ReportOutput::noteLoss(int error) {
+  hasLost_ = true;
   if (++lost_ > 1) return;
   message_(options_.name + " cannot be written (" + std::strerror(error) +
            "). Collection goes on; reports are lost until it can.");

@@ -32,6 +32,9 @@ class ReportOutput {
 
   Reception print(const Report& report);
 
+  /// Tells of reports that were lost last. Whether none was lost since the beginning.
+  bool end();
+
  private:
   Reception received(int error);
   void noteLoss(int error);
@@ -43,6 +46,7 @@ class ReportOutput {
   ReportFormatter format_;
   std::uint64_t printed_ = 0;
   std::uint64_t lost_ = 0;  // since the last one that was printed
+  bool hasLost_ = false;
 };
 
 }  // namespace norra

@@ -85,6 +85,17 @@ std::variant<ServiceStatistics, NoStatistics> readStatistics(linux_desktop::Even
   return statistics;
 }
 
+std::vector<std::string> shortcomingsIn(const ServiceStatistics& statistics) {
+  std::vector<std::string> shortcomings;
+  for (const auto& text : statisticsTexts) {
+    const auto& problem = statistics.*text.value;
+    if (!problem.empty() && std::ranges::find(shortcomings, problem) == shortcomings.end()) {
+      shortcomings.push_back(problem);
+    }
+  }
+  return shortcomings;
+}
+
 std::string textOf(const ServiceStatistics& statistics) {
   std::string text;
   for (const auto& [name, words, value] : statisticsNumbers) text += line(words, std::to_string(statistics.*value));

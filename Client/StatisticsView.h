@@ -3,6 +3,7 @@
 
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "Platform/Linux/EventLoop.h"
@@ -16,6 +17,9 @@ struct NoStatistics {
 
 /// Asks the service, for a bounded time; one that does not run is not started. Main thread.
 std::variant<ServiceStatistics, NoStatistics> readStatistics(linux_desktop::EventLoop& loop);
+
+/// What of the desktop the service cannot see, and what to do; empty: it sees everything.
+std::vector<std::string> shortcomingsIn(const ServiceStatistics& statistics);
 
 /// One property a line, for a person.
 std::string textOf(const ServiceStatistics& statistics);

@@ -33,6 +33,21 @@ int showStatistics() {
   return 0;
 }
 
+/// A collection that sees nothing looks like a person who does nothing, so what is missing is said at once.
+void tellShortcomings(norra::linux_desktop::EventLoop& loop) {
+  const auto found = norra::readStatistics(loop);
+  const auto* statistics = std::get_if<norra::ServiceStatistics>(&found);
+  if (statistics == nullptr) return;
+  const auto shortcomings = norra::shortcomingsIn(*statistics);
+  for (const auto& shortcoming : shortcomings) tell(shortcoming + ".");
+  if (!shortcomings.empty()) tell("What is missing, and what to do: norra-collect --check");
+}
+
+/// Whoever looks at a terminal sees no reports there when they go into a file.
+void tellOfFile(const std::string& file) {
+  if (!file.empty() && isatty(STDERR_FILENO) != 0) tell("Collecting into " + file + ". Ctrl-C ends.");
+}
+
 norra::OutputOptions outputOptions(const norra::CollectOptions& options, int descriptor) {
   const bool isTerminal = isatty(descriptor) != 0;
   return {.format = !options.format.empty() ? options.format
@@ -47,13 +62,20 @@ norra::OutputOptions outputOptions(const norra::CollectOptions& options, int des
 int collectInto(int descriptor, const norra::CollectOptions& options) {
   norra::linux_desktop::EventLoop loop;
   norra::ReportOutput output(descriptor, outputOptions(options, descriptor), tell);
-  norra::Collection collection(
-      loop, {.report = [&](const norra::Report& report) { return output.print(report); }, .message = tell});
+  const auto started = [&] {
+    tellOfFile(options.outputFile);
+    tellShortcomings(loop);
+  };
+  norra::Collection collection(loop, {.report = [&](const norra::Report& report) { return output.print(report); },
+                                      .message = tell,
+                                      .started = started});
   const norra::ReaderWatch watch(loop, descriptor, [&] { collection.outputClosed(); });
   const norra::PauseControl control(loop, {.toggle = [&] { collection.setPaused(!collection.isPaused()); },
                                            .pause = [&] { collection.setPaused(true); },
                                            .resume = [&] { collection.setPaused(false); }});
-  return static_cast<int>(collection.run(options.duration));
+  const auto outcome = collection.run(options.duration);
+  const bool isWritten = output.end();
+  return static_cast<int>(outcome == norra::Outcome::complete && !isWritten ? norra::Outcome::endedEarly : outcome);
 }
 
 int collect(const norra::CollectOptions& options) {

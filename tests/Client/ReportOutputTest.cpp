@@ -68,6 +68,22 @@ TEST_F(ReportOutputTest, SaysOnceThatADiskIsFullAndGoesOn) {
   close(full);
 }
 
+TEST_F(ReportOutputTest, TellsAtItsEndWhatWasLostLast) {
+  const OutputOptions options{.format = "jsonl", .formatting = {}, .name = "FILE", .wanted = {}, .count = {}};
+  const auto endsWell = [&](const char* path) {
+    const int file = open(path, O_WRONLY | O_CLOEXEC);
+    ReportOutput output(file, options, [this](const std::string& text) { messages.push_back(text); });
+    output.print(report);
+    output.print(report);
+    close(file);
+    return output.end();
+  };
+  EXPECT_TRUE(endsWell("/dev/null"));
+  EXPECT_THAT(messages, IsEmpty());
+  EXPECT_FALSE(endsWell("/dev/full"));
+  EXPECT_THAT(messages, ElementsAre(HasSubstr("FILE cannot be written"), "Reports lost at the end: 2."));
+}
+
 TEST_F(ReportOutputTest, NoticesThatNobodyReads) {
   std::signal(SIGPIPE, SIG_IGN);
   std::array<int, 2> ends{};
