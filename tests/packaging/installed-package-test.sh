@@ -78,13 +78,26 @@ check_collecting() {
     const char* name = norra::busNames::service;' || fail "the headers"
 }
 
+# A collection that is under way ends, and its client is told.
+remove_while_collecting() {
+  local session=$folder/last.jsonl status=0
+  in_session norra-collect --output "$session" 2>/dev/null &
+  until [ -s "$session" ]; do
+    kill -0 $! || fail "no collection"
+    sleep 0.05
+  done
+  apt purge -y $package $package-dev || fail "the packages cannot be removed"
+  wait $! || status=$?
+  [ $status -eq 3 ] || fail "a collection of a removed package, status $status"
+}
+
 pack
 traces >"$folder/before"
 apt install -y "$folder"/packages/*.deb || fail "the packages cannot be installed"
 check_files
 check_pages
 check_collecting
-apt purge -y $package $package-dev || fail "the packages cannot be removed"
+remove_while_collecting
 traces | diff "$folder/before" - || fail "it leaves traces"
 ! pgrep -f '^/usr/bin/norra-' || fail "something still runs"
 echo "installed, used and removed"
