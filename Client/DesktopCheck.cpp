@@ -28,13 +28,14 @@ DesktopFinding sessionBus(EventLoop& loop) {
 }
 
 DesktopFinding display(EventLoop&) {
-  if (!X11Connection::open()) {
-    return missing("No X server is reached. Run this inside an X11 session, with DISPLAY set.");
-  }
+  const std::string logIn = "Log in to an X11 session.";
+  const bool isReached = X11Connection::open() != nullptr;
   if (isWaylandSession()) {
-    return limited("This is a Wayland session: only windows of X11 applications are seen. Log in to an X11 session.");
+    return isReached ? limited("This is a Wayland session: only windows of X11 applications are seen. " + logIn)
+                     : missing("This is a Wayland session without an X server: no windows are seen. " + logIn);
   }
-  return {};
+  return isReached ? DesktopFinding{}
+                   : missing("No X server is reached. Run this inside an X11 session, with DISPLAY set.");
 }
 
 DesktopFinding input(EventLoop& loop) {

@@ -81,6 +81,14 @@ TEST_F(DesktopCheckTest, ChecksWhichDisplayTheServiceWouldGet) {
   }
 }
 
+TEST_F(DesktopCheckTest, SendsWhoeverHasOnlyWaylandToAnotherSession) {
+  setenv("WAYLAND_DISPLAY", "wayland-0", 1);
+  RunningProgram check("norra-collect", {"--check"});
+  for (int before = 0; before < 2; ++before) check.nextLine();
+  EXPECT_THAT(check.nextLine().value_or(""), MatchesRegex("missing  display .*Wayland session.*Log in to an X11.*"));
+  EXPECT_EQ(check.waitForEnd(), 1);
+}
+
 TEST(DesktopCheck, GivesNoAdviceThatTheMissingBusMakesWrong) {
   setenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent", 1);
   RunningProgram check("norra-collect", {"--check"});
