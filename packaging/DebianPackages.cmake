@@ -32,6 +32,8 @@ document_package(${main_package}-dev development)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md debian/README.Debian DESTINATION ${documents}/${main_package})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents}/${main_package}
   USE_SOURCE_PERMISSIONS)
+set(scenario ${PROJECT_SOURCE_DIR}/tests/scenarios/click-on-a-button)  # docs/scenarios.md shows it
+install(FILES ${scenario}.json ${scenario}.expected DESTINATION ${documents}/${main_package}/tests/scenarios)
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME ${main_package})

@@ -69,6 +69,8 @@ check_collecting() {
   in_session sh -c "norra-collect --output $folder/session.jsonl --duration 1 &&
     busctl --user --activatable list | grep -q '^$service '" || fail "norra-collect"
   [ "$(wc -l <"$folder/session.jsonl")" -eq 2 ] || fail "a session of other than two reports"
+  local scenario=/usr/share/doc/$package/tests/scenarios/click-on-a-button
+  norra-scenario $scenario.json | diff $scenario.expected - || fail "the scenario of the documents"
   norra-scenario --decode "$folder/session.jsonl" >/dev/null || fail "norra-scenario"
   norra-report "$folder/session.jsonl" -o "$folder/session.html" && [ -s "$folder/session.html" ] || fail "norra-report"
   c++ -std=c++20 -fsyntax-only $(pkg-config --cflags $package) -x c++ - <<<'
