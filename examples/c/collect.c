@@ -7,7 +7,7 @@
 #include <systemd/sd-bus.h>
 
 static volatile sig_atomic_t interrupted = 0;
-static int ended = 0;
+static int ended = 0; /* negative: the service did it */
 
 static void interrupt(int number) { interrupted = number; }
 
@@ -29,6 +29,13 @@ static int replied(sd_bus_message *reply, void *context, sd_bus_error *error) {
   return *problem == '\0' ? 1 : -EIO;
 }
 
+/* Another client's stop ends the service too. */
+static int service_ended(sd_bus_message *signal, void *context, sd_bus_error *error) {
+  ended = interrupted ? 1 : -1;
+  if (ended < 0) fprintf(stderr, "the service has ended\n");
+  return 0;
+}
+
 static const sd_bus_vtable client[] = {
     SD_BUS_VTABLE_START(0),
     SD_BUS_METHOD("addEvent", "stb", "", add_event, SD_BUS_VTABLE_UNPRIVILEGED),
@@ -47,6 +54,11 @@ int main(void) {
   if (result >= 0)
     result = sd_bus_add_object_vtable(bus, NULL, "/com/norra/UserInteractionsCollectorClient",
                                       "com.norra.ClientProtocol", client, NULL);
+  if (result >= 0)
+    result = sd_bus_add_match(bus, NULL,
+                              "type='signal',sender='org.freedesktop.DBus',member='NameOwnerChanged',"
+                              "arg0='com.norra.UserInteractionsCollectorService',arg2=''",
+                              service_ended, NULL);
   if (result >= 0) result = call(bus, "startCollectorWith"); /* the bus starts the service */
   sigaction(SIGINT, &(struct sigaction){.sa_handler = interrupt}, NULL);
   for (int stopping = 0; result >= 0 && !ended;) {
@@ -57,5 +69,5 @@ int main(void) {
   }
   if (result < 0) fprintf(stderr, "%s\n", strerror(-result));
   sd_bus_flush_close_unref(bus);
-  return result < 0;
+  return result < 0 || ended < 0;
 }

@@ -29,6 +29,12 @@ def check(problem):
         loop.quit()
 
 
+def service_ended(*_):  # another client's stop ends it too
+    if not stopping:
+        problems.append("the service has ended")
+    loop.quit()
+
+
 def stop():
     stopping.append(True)
     call("stopCollectorWith")
@@ -40,6 +46,8 @@ loop = GLib.MainLoop()
 GLib.unix_signal_add(GLib.PRIORITY_HIGH, signal.SIGINT, stop)
 bus = dbus.SessionBus()
 client = Client(bus, "/com/norra/UserInteractionsCollectorClient")
+bus.add_signal_receiver(service_ended, "NameOwnerChanged", "org.freedesktop.DBus", "org.freedesktop.DBus",
+                        arg0="com.norra.UserInteractionsCollectorService", arg2="")
 service = bus.get_object("com.norra.UserInteractionsCollectorService",  # the bus starts it
                          "/com/norra/UserInteractionsCollectorService", introspect=False)
 call("startCollectorWith")
