@@ -25,7 +25,11 @@ bool ReportFilter::wants(const Report& report) {
 }
 
 bool ReportFilter::wantsApplicationOf(const Action& action) {
-  if (wanted_.applications.empty() || std::holds_alternative<CollectorData>(action)) return true;
+  if (wanted_.applications.empty()) return true;
+  if (std::holds_alternative<CollectorData>(action)) {
+    isInWantedApplication_ = false;  // after a pause another application may be in front, without a switch
+    return true;
+  }
   if (const auto* change = std::get_if<ChangeApplicationData>(&action)) isInWantedApplication_ = isWanted(*change);
   return isInWantedApplication_;
 }

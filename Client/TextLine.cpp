@@ -78,6 +78,7 @@ class TextFormatter {
       application_ = withoutControls(change->fileDescription);
       return line + styled(words, style(bold));
     }
+    if (std::holds_alternative<CollectorData>(action)) application_.clear();  // which is in front next is not said
     return line + (application_.empty() ? "" : inColumn(application_) + "  ") + words;
   }
 

@@ -44,6 +44,17 @@ TEST(ReportFilter, WantsWhatIsDoneInAnApplication) {
               ElementsAre("Collector", "ChangeApplication", "OpenMenu", "ChangeApplication", "External", "Collector"));
 }
 
+TEST(ReportFilter, KnowsNoApplicationAfterAPause) {
+  ReportFilter filter({.applications = {"mail"}, .kinds = {}});
+  const auto wants = [&](const Action& action) { return filter.wants({encode(action), {}, false}); };
+  EXPECT_TRUE(wants(
+      ChangeApplicationData{.processID = 2, .applicationName = "mail", .fileDescription = "Mail", .windowTitle = ""}));
+  EXPECT_TRUE(wants(OpenMenuData{}));
+  EXPECT_TRUE(wants(CollectorData{.operation = CollectorOperation::stop}));
+  EXPECT_TRUE(wants(CollectorData{.operation = CollectorOperation::start}));
+  EXPECT_FALSE(wants(OpenMenuData{}));
+}
+
 TEST(ReportFilter, WantsKinds) {
   EXPECT_THAT(printed({.applications = {}, .kinds = {CodingKeys::click, CodingKeys::external}}),
               ElementsAre("Click", "External"));

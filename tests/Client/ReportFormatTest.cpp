@@ -54,6 +54,9 @@ TEST_F(TextFormat, NamesTheApplicationInFrontFromItsSwitchOn) {
   EXPECT_EQ(line(toEditor), R"(22:13:20.000  Switched to "Editor" · Notes)");
   EXPECT_EQ(line(OpenMenuData{.elementName = "File", .automationID = ""}),
             R"(22:13:20.000  Editor            Opened menu "File")");
+  EXPECT_EQ(line(CollectorData{.operation = CollectorOperation::stop}), "22:13:20.000  Collection stopped");
+  EXPECT_EQ(line(CollectorData{}), "22:13:20.000  Collection started");
+  EXPECT_EQ(line(OpenMenuData{.elementName = "File", .automationID = ""}), R"(22:13:20.000  Opened menu "File")");
 }
 
 TEST_F(TextFormat, LetsNoControlCharacterReachTheTerminal) {
