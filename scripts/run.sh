@@ -21,7 +21,6 @@ build() {
 }
 
 is_owned() { busctl --user status "$name" >/dev/null 2>&1; }
-is_activatable() { busctl --user --activatable --no-legend --no-pager list 2>/dev/null | grep --quiet "^$name "; }
 
 # Starts the service of the build tree; it ends with the collection, or here.
 start_service() {
@@ -35,7 +34,7 @@ start_service() {
 }
 
 collect_from_this_desktop() {
-  is_activatable || is_owned || start_service
+  is_owned || start_service  # rather than one that may be installed, of another version
   echo "Collecting from this desktop. Ctrl-C ends." >&2
   local status=0
   trap : INT  # norra-collect hears it too, stops the service and prints the last report
