@@ -89,8 +89,9 @@ void Collection::outputClosed() {
 
 void Collection::serviceEnded() {
   if (state_ == State::starting) return;  // the answer to the start tells more
-  if (state_ == State::collecting)
+  if (state_ == State::collecting) {
     return end(Outcome::endedEarly, "The service ended while it was collecting. Another client may have stopped it.");
+  }
   end(canWrite_ ? Outcome::complete : Outcome::endedEarly);
 }
 
