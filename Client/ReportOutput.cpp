@@ -12,13 +12,21 @@ ReportOutput::ReportOutput(int descriptor, OutputOptions options, Message messag
       writer_(descriptor),
       filter_(options_.wanted),
       format_(newFormatter(options_.format, options_.formatting)) {
-  const auto head = headOf(options_.format);
-  if (!head.empty() && writer_.isAtBeginning()) writer_.write(head);
+  if (writer_.isAtBeginning()) head_ = headOf(options_.format);
+  writeHead();
+}
+
+int ReportOutput::writeHead() {
+  const bool isDue = !head_.empty() && writer_.isAtBeginning();
+  const int error = isDue ? writer_.write(head_) : 0;
+  if (error == 0) head_.clear();
+  return error;
 }
 
 Reception ReportOutput::print(const Report& report) {
   if (!filter_.wants(report)) return Reception::goOn;
-  return received(writer_.write(format_(report)));
+  const int error = writeHead();
+  return received(error != 0 ? error : writer_.write(format_(report)));
 }
 
 Reception ReportOutput::received(int error) {

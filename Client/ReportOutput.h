@@ -36,6 +36,7 @@ class ReportOutput {
   bool end();
 
  private:
+  int writeHead();
   Reception received(int error);
   void noteLoss(int error);
 
@@ -44,6 +45,7 @@ class ReportOutput {
   LineWriter writer_;
   ReportFilter filter_;
   ReportFormatter format_;
+  std::string head_;  // empty: is written, or there is none
   std::uint64_t printed_ = 0;
   std::uint64_t lost_ = 0;  // since the last one that was printed
   bool hasLost_ = false;

@@ -1,15 +1,14 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
-#include <csignal>
 #include <fstream>
 #include <sstream>
 
 #include "Client/LineWriter.h"
+#include "tests/Client/FileSizeLimit.h"
 #include "tests/Platform/Linux/PrivateBus.h"
 
 namespace norra {
@@ -35,26 +34,6 @@ class LineWriterTest : public testing::Test {
   linux_desktop::TemporaryFolder folder_;
   const std::string path_ = (folder_.path() / "lines").string();
   int descriptor_ = -1;
-};
-
-/// Lets no file of this process grow beyond a size, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t size) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    set(size);
-  }
-  ~FileSizeLimit() { set(before_.rlim_cur); }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-  void set(rlim_t size) const {
-    const rlimit limit{size, before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-
- private:
-  rlimit before_{};
 };
 
 TEST_F(LineWriterTest, AppendsWholeLinesAndEndsAnUnfinishedOne) {

@@ -7,6 +7,7 @@
 
 #include "Client/ReportOutput.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
+#include "tests/Client/FileSizeLimit.h"
 #include "tests/Platform/Linux/PrivateBus.h"
 
 namespace norra {
@@ -58,6 +59,25 @@ TEST_F(ReportOutputTest, HasOneHeadInAFileThatIsWrittenTwice) {
   EXPECT_EQ(lines[1], lines[2]);
   EXPECT_THAT(lines[1], StartsWith(R"(1970-01-01T00:00:00.000000Z,OpenMenu,,,,,,"a ""b"", c",)"));
   EXPECT_EQ(std::ranges::count(lines[0], ','), std::ranges::count(lines[1], ',') - 1) << "one is inside a name";
+}
+
+TEST_F(ReportOutputTest, WritesItsHeadOnceThereIsRoom) {
+  const auto path = folder.path() / "reports";
+  const int file = LineWriter::open(path.string()).descriptor;
+  const FileSizeLimit limit(0);
+  const auto note = [this](const std::string& text) { messages.push_back(text); };
+  ReportOutput output(file, {.format = "csv", .formatting = {}, .name = {}, .wanted = {}, .count = {}}, note);
+  output.print(report);
+  limit.set(10'000);
+  output.print(report);
+  output.print(report);
+  close(file);
+  std::ifstream in(path);
+  std::string head;
+  std::getline(in, head);
+  EXPECT_THAT(head, StartsWith("date,action,"));
+  EXPECT_EQ(std::count(std::istreambuf_iterator<char>(in), {}, '\n'), 2);
+  EXPECT_EQ(messages.size(), 2U) << "lost, and found again";
 }
 
 TEST_F(ReportOutputTest, SaysOnceThatADiskIsFullAndGoesOn) {
