@@ -1,19 +1,18 @@
 #!/usr/bin/python3
-"""A Qt window with one of each widget; control.py says how a test asks where they are."""
+"""A Qt window with one of each widget; control.py says how a test asks where they are. The argument: PyQt5 (default) or PyQt6."""
+import importlib
 import sys
 
-from PyQt5.QtCore import QObject, QRect, Qt, QTimer, pyqtSignal
-from PyQt5.QtWidgets import (QApplication, QCheckBox, QComboBox, QGridLayout, QGroupBox, QHBoxLayout, QLabel, QLineEdit,
-                             QListWidget, QMainWindow, QPlainTextEdit, QPushButton, QRadioButton, QSlider, QSpinBox,
-                             QTableWidget, QTableWidgetItem, QTabWidget, QTreeWidget, QTreeWidgetItem, QVBoxLayout, QWidget)
-
 from control import Control
+
+BINDING = sys.argv[1] if len(sys.argv) > 1 else "PyQt5"
+QtCore, QtWidgets = (importlib.import_module(f"{BINDING}.{module}") for module in ("QtCore", "QtWidgets"))
 
 HARBOURS = [("Lisbon", "12 m"), ("Bergen", "30 m"), ("Genoa", "15 m"), ("Cork", "9 m")]
 FLEETS = [("Northern", ["Gull", "Tern"]), ("Southern", ["Petrel"])]
 
 
-class Window(QMainWindow):
+class Window(QtWidgets.QMainWindow):
     def __init__(self):
         super().__init__()
         self.setWindowTitle("Quay ledger")
@@ -25,11 +24,11 @@ class Window(QMainWindow):
             self.widgets[text] = (menu, menu.addAction(text))
         self.widgets["Voyage"] = (self.menuBar(), voyage.menuAction())
         self.widgets["Past"] = (voyage, past.menuAction())
-        centre = QWidget()
+        centre = QtWidgets.QWidget()
         self.setCentralWidget(centre)
-        columns = QHBoxLayout(centre)
+        columns = QtWidgets.QHBoxLayout(centre)
         for build in (self.controls, self.texts, self.views):
-            column = QVBoxLayout()
+            column = QtWidgets.QVBoxLayout()
             columns.addLayout(column)
             build(column)
             column.addStretch()
@@ -39,58 +38,59 @@ class Window(QMainWindow):
         return widget
 
     def labelled(self, text, widget):
-        label = QLabel(text)
+        label = QtWidgets.QLabel(text)
         label.setBuddy(self.named(text, widget))
-        box = QHBoxLayout()
+        box = QtWidgets.QHBoxLayout()
         box.addWidget(label)
         box.addWidget(widget)
         return box
 
     def controls(self, column):
         for text in ("Weigh anchor", "Drop anchor"):
-            column.addWidget(self.named(text, QPushButton(text)))
-        column.addWidget(self.named("Lanterns", QCheckBox("Lanterns")))
-        course, box = QGroupBox("Course"), QHBoxLayout()
+            column.addWidget(self.named(text, QtWidgets.QPushButton(text)))
+        column.addWidget(self.named("Lanterns", QtWidgets.QCheckBox("Lanterns")))
+        course, box = QtWidgets.QGroupBox("Course"), QtWidgets.QHBoxLayout()
         course.setLayout(box)
         for text in ("North", "South", "East"):
-            box.addWidget(self.named(text, QRadioButton(text)))
+            box.addWidget(self.named(text, QtWidgets.QRadioButton(text)))
         self.widgets["North"].setChecked(True)
         column.addWidget(course)
-        column.addLayout(self.labelled("Speed", QSlider(Qt.Horizontal)))
-        column.addLayout(self.labelled("Crew", QSpinBox()))
-        cargo = QComboBox()
+        column.addLayout(self.labelled("Speed", QtWidgets.QSlider(QtCore.Qt.Orientation.Horizontal)))
+        column.addLayout(self.labelled("Crew", QtWidgets.QSpinBox()))
+        cargo = QtWidgets.QComboBox()
         cargo.addItems(["Tea", "Salt", "Rope"])
         column.addLayout(self.labelled("Cargo", cargo))
 
     def texts(self, column):
-        column.addLayout(self.labelled("Ship", QLineEdit()))
-        column.addLayout(self.labelled("Captain", QLineEdit()))
-        column.addLayout(self.labelled("Passphrase", QLineEdit(echoMode=QLineEdit.Password)))
-        book = self.named("Log book", QPlainTextEdit())
+        column.addLayout(self.labelled("Ship", QtWidgets.QLineEdit()))
+        column.addLayout(self.labelled("Captain", QtWidgets.QLineEdit()))
+        hidden = QtWidgets.QLineEdit.EchoMode.Password
+        column.addLayout(self.labelled("Passphrase", QtWidgets.QLineEdit(echoMode=hidden)))
+        book = self.named("Log book", QtWidgets.QPlainTextEdit())
         book.setAccessibleName("Log book")
         book.setMaximumHeight(60)
         column.addWidget(book)
-        pages = self.named("Pages", QTabWidget())
+        pages = self.named("Pages", QtWidgets.QTabWidget())
         for tab, text in (("Charts", "Unroll"), ("Stores", "Count")):
-            page = QWidget()
-            QGridLayout(page).addWidget(self.named(text, QPushButton(text)))
+            page = QtWidgets.QWidget()
+            QtWidgets.QGridLayout(page).addWidget(self.named(text, QtWidgets.QPushButton(text)))
             pages.addTab(page, tab)
         column.addWidget(pages)
 
     def views(self, column):
-        duties = self.named("Duties", QListWidget())
+        duties = self.named("Duties", QtWidgets.QListWidget())
         duties.addItems(["Helm", "Lookout", "Galley"])
-        harbours = self.named("Harbours", QTableWidget(len(HARBOURS), 2))
+        harbours = self.named("Harbours", QtWidgets.QTableWidget(len(HARBOURS), 2))
         harbours.setHorizontalHeaderLabels(["Harbour", "Depth"])
         for row, texts in enumerate(HARBOURS):
             for index, text in enumerate(texts):
-                harbours.setItem(row, index, QTableWidgetItem(text))
-        fleets = self.named("Fleets", QTreeWidget())
+                harbours.setItem(row, index, QtWidgets.QTableWidgetItem(text))
+        fleets = self.named("Fleets", QtWidgets.QTreeWidget())
         fleets.setHeaderLabel("Fleet")
         for fleet, ships in FLEETS:
-            item = QTreeWidgetItem(fleets, [fleet])
+            item = QtWidgets.QTreeWidgetItem(fleets, [fleet])
             for ship in ships:
-                QTreeWidgetItem(item, [ship])
+                QtWidgets.QTreeWidgetItem(item, [ship])
         fleets.expandAll()
         for name in ("Duties", "Harbours", "Fleets"):
             self.widgets[name].setAccessibleName(name)
@@ -112,9 +112,9 @@ class Places:
             found = self.widgets[name.rstrip(":")]
         if isinstance(found, tuple):
             return self.place_in(found[0], found[0].actionGeometry(found[1]))
-        if isinstance(found, QTabWidget):
+        if isinstance(found, QtWidgets.QTabWidget):
             return self.place_in(found.tabBar(), found.tabBar().tabRect(int(part[0])))
-        if isinstance(found, QComboBox) and part:
+        if isinstance(found, QtWidgets.QComboBox) and part:
             return self.place_of_item(found.view(), part + ["0"])
         return self.place_of_item(found, part) if part else self.place_in(found, found.rect())
 
@@ -135,17 +135,17 @@ class Places:
     def value(self, name):
         widget = self.widgets[name]
         for answer in ("isChecked", "currentText", "value", "text"):
-            if isinstance(widget, QPushButton) and answer == "isChecked":
+            if isinstance(widget, QtWidgets.QPushButton) and answer == "isChecked":
                 continue
             if hasattr(widget, answer):
                 return getattr(widget, answer)()
         return None
 
 
-class Invoker(QObject):
+class Invoker(QtCore.QObject):
     """Runs functions of other threads on the thread of the window."""
 
-    invoked = pyqtSignal(object)
+    invoked = QtCore.pyqtSignal(object)
 
     def __init__(self):
         super().__init__()
@@ -153,7 +153,7 @@ class Invoker(QObject):
 
 
 def main():
-    application = QApplication(sys.argv)
+    application = QtWidgets.QApplication(sys.argv)
     window = Window()
     places = Places(window)
     invoker = Invoker()
@@ -161,7 +161,7 @@ def main():
                 "focus": lambda name: window.widgets[name].setFocus()}
     window.show()
     control = Control(commands, invoker.invoked.emit)
-    QTimer.singleShot(0, control.begin)
+    QtCore.QTimer.singleShot(0, control.begin)
     sys.exit(application.exec())
 
 

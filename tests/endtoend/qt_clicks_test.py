@@ -1,15 +1,17 @@
 #!/usr/bin/python3
-"""Clicks in a Qt application."""
+"""Clicks in an application of Qt 5 and in one of Qt 6."""
 import hands
 from desktop import EndToEndTest, main
 from expected import change, click, click_list_item, click_radio_button
 
 
-class QtClicks(EndToEndTest):
+class QtClicks:
+    """Mixed into an EndToEndTest."""
+
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.application = cls.open_own("qt_app.py")
+        cls.application = cls.open_own("qt_app.py", cls.binding)
 
     def test_every_mouse_button_is_told(self):
         for button, told in (("left", "left"), ("right", "right"), ("middle", "other")):
@@ -72,6 +74,14 @@ class QtClicks(EndToEndTest):
         self.collection.next(1)
         self.application.click("Cargo: 1")
         self.expect(click("Salt", "list item"))
+
+
+class Qt5(QtClicks, EndToEndTest):
+    binding = "PyQt5"
+
+
+class Qt6(QtClicks, EndToEndTest):
+    binding = "PyQt6"
 
 
 if __name__ == "__main__":
