@@ -20,6 +20,7 @@ constexpr std::array elementNotifications{"AXValueChanged"sv, "AXSelectedRowsCha
 // An application tells of nothing until it has learnt that somebody listens; what it did not tell is looked at, twice
 // as late each time.
 constexpr std::uint64_t firstFocusCheckMicroseconds = 100'000;
+constexpr std::uint64_t firstCheckOfMuteMicroseconds = 20'000;
 constexpr std::uint64_t lastFocusCheckMicroseconds = 5'000'000;
 
 bool isElementNotification(std::string_view notification) {
@@ -67,6 +68,7 @@ AXError AtspiObserver::addFocus(std::string_view notification) {
   if (focusEvents_) return axError::notificationAlreadyRegistered;
   timeOuts_ = services_.context.shared.statistics.timeOuts;
   focused_ = focusedElementOf(services_.context, process_);
+  isMute_ = !answers(focused_);
   focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
   checkFocusLater(firstFocusCheckMicroseconds);
   return axError::success;
@@ -92,9 +94,22 @@ void AtspiObserver::checkFocusLater(std::uint64_t microseconds) {
 void AtspiObserver::checkFocus() {
   if (!focusEvents_) return;
   tellFocus();
+  tellFocusThatWasMute();
   const bool isTold = !focused_.isNull() && !services_.context.focus.found(focused_.busName);
   const bool isMissed = tellFocusThatWasMissed();
-  if ((!isTold || isMissed) && nextFocusCheck_ < lastFocusCheckMicroseconds) checkFocusLater(nextFocusCheck_);
+  const bool isSure = isTold && !isMissed && !isMute_;
+  if (!isSure && nextFocusCheck_ < lastFocusCheckMicroseconds) checkFocusLater(nextFocusCheck_);
+}
+
+bool AtspiObserver::answers(const AtspiReference& element) const {
+  return element.isNull() || services_.context.reader().read(element, Ask::role).answered(Ask::role);
+}
+
+// GTK 4 tells of elements before they can be asked.
+void AtspiObserver::tellFocusThatWasMute() {
+  if (!isMute_ || !answers(focused_)) return;
+  isMute_ = false;
+  tell(services_.context.application(process_), focusChanged);
 }
 
 // An application that starts may be too busy to say what has the focus. Whether answers were missed since it was asked.
@@ -113,6 +128,8 @@ void AtspiObserver::tellFocus() {
   const auto focused = focusedElementOf(services_.context, process_);
   if (focused_ == focused) return;
   focused_ = focused;
+  isMute_ = !answers(focused_);
+  if (isMute_) checkFocusLater(firstCheckOfMuteMicroseconds);
   tell(services_.context.application(process_), focusChanged);
 }
 

@@ -37,6 +37,8 @@ class AtspiObserver final : public AXObserver {
   void focusArrived(const AtspiReference& element);
   void checkFocusLater(std::uint64_t microseconds);
   void checkFocus();
+  bool answers(const AtspiReference& element) const;
+  void tellFocusThatWasMute();
   bool tellFocusThatWasMissed();
   void tellFocus();
   void tell(const AXUIElement& element, std::string_view notification);
@@ -51,6 +53,7 @@ class AtspiObserver final : public AXObserver {
   const AXObserverCallback callback_;
   bool isOnLoop_ = false;
   AtspiReference focused_;  // the last that was told, at first that of the registration; null: none
+  bool isMute_ = false;     // it could not be asked when it was told
   std::vector<std::unique_ptr<ElementWatch>> watches_;
   std::vector<std::unique_ptr<ElementWatch>> ended_;  // they may be running
   DeferredRun focusChange_;
