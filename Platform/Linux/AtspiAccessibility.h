@@ -8,6 +8,7 @@
 #include "Platform/EventTap.h"
 #include "Platform/Linux/AccessibilitySwitch.h"
 #include "Platform/Linux/AtspiContext.h"
+#include "Platform/Linux/AtspiHitTest.h"
 #include "Platform/Linux/AtspiObserver.h"
 #include "Platform/Linux/ReadingEpoch.h"
 
@@ -26,6 +27,9 @@ class AtspiAccessibility final : public Accessibility {
 
   /// Whether the element with the keyboard focus is known to be a field with a hidden text. Reads nothing. Main thread.
   bool isSecretFocused();
+
+  /// See linux_desktop::notePress. Main thread.
+  void notePress(std::optional<CGPoint> place) { linux_desktop::notePress(context_, place); }
 
   /// What reading has cost so far, and whether it is possible. Any thread.
   void describe(ServiceStatistics& statistics);

@@ -35,11 +35,11 @@ struct AtspiApplication {
   bool wasPassword(const std::string& path) const;
   void notePassword(const std::string& path);
 
-  /// Whether its accessibles are, or may be, those of web pages.
   /// Whether a role is called the same on every element, so that its name can be remembered.
   bool hasOneNameForEachRole() const {
     return toolkit == Toolkit::gtk3 || toolkit == Toolkit::chromium || toolkit == Toolkit::gecko;
   }
+  /// Whether its accessibles are, or may be, those of web pages.
   bool showsWebPages() const { return toolkit == Toolkit::chromium || toolkit == Toolkit::gecko; }
 
  private:

@@ -14,6 +14,7 @@
 #include "Platform/Linux/FocusMemory.h"
 #include "Platform/Linux/HighlightedItems.h"
 #include "Platform/Linux/KnownTopLevels.h"
+#include "Platform/Linux/PressedElement.h"
 #include "Platform/Linux/SelectedItems.h"
 #include "Platform/Linux/WindowsOnScreen.h"
 
@@ -56,6 +57,7 @@ class AtspiContext {
   FocusMemory focus;
   HighlightedItems highlightedItems;
   KnownTopLevels topLevels;
+  PressedElement pressed;
   SelectedItems selectedItems;
   WindowsOnScreen& windows;
 

@@ -8,6 +8,7 @@
 #include "Platform/Linux/AtspiContext.h"
 #include "Platform/Linux/AtspiStructure.h"
 #include "Platform/Linux/ElementView.h"
+#include "Platform/Linux/Waking.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -157,6 +158,8 @@ AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
       rememberHighlight(view);
     } else {
       context.focus.follow(followedElement(view));
+      // A page that has just been loaded or turned to.
+      if (view.role() == AtspiRole::documentWeb) wake(context, context.processes.processOf(busName, context.reader()));
     }
   }
   return context.focus.followed(busName).value_or(AtspiReference{});

@@ -18,6 +18,15 @@ double distance(const AtspiRectangle& place, const ScreenRectangle& window, Coor
   return size + std::abs(place.x - window.x) + std::abs(place.y - window.y);
 }
 
+// A menu or another pop-up may have no accessible of its own, and must not be taken for what lies below it. Windows of
+// GTK 4 that pop up belong to those that opened them.
+constexpr double mostDistanceOfPopUp = 100;
+
+bool mayBe(const WindowOnScreen& window, double distance, Toolkit toolkit) {
+  if (!window.overrideRedirect || distance <= mostDistanceOfPopUp) return true;
+  return toolkit == Toolkit::gtk4;
+}
+
 // The top-level accessible that looks most like the window.
 AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window) {
   const auto coordinates = root.toolkit() == Toolkit::gtk4 ? Coordinates::ofWindow : Coordinates::ofScreen;
@@ -33,15 +42,23 @@ AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window)
       bestDistance = difference;
     }
   }
-  return best ? best->reference : AtspiReference{};
+  return best && mayBe(window, bestDistance, root.toolkit()) ? best->reference : AtspiReference{};
+}
+
+// While a list is open, Gecko finds nothing in the window below it.
+AtspiReference hitTestGecko(const ElementView& topLevel, CGPoint point) {
+  const auto found = hitTestWeb(topLevel, point);
+  if (found != topLevel.reference()) return found;
+  const auto pressed = topLevel.context().pressed.at(point);
+  return pressed.isNull() ? found : pressed;
 }
 
 AtspiReference hitTest(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window) {
   switch (topLevel.toolkit()) {
     case Toolkit::gtk3: return hitTestGtk3(topLevel, point);
     case Toolkit::gtk4: return hitTestGtk4(topLevel, point, window);
-    case Toolkit::chromium:
-    case Toolkit::gecko: return hitTestWeb(topLevel, point);
+    case Toolkit::chromium: return hitTestWeb(topLevel, point);
+    case Toolkit::gecko: return hitTestGecko(topLevel, point);
     case Toolkit::qt:
     case Toolkit::other: return hitTestQt(topLevel, point);
   }
@@ -75,6 +92,22 @@ AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window)
   return topLevel;
 }
 
+// The list of a select in a page has no accessible of its own, and nothing in it is highlighted below the pointer.
+AtspiReference optionAt(AtspiContext& context, std::string_view busName, CGPoint point) {
+  const auto highlighted = context.highlightedItems.highlightedIn(busName);
+  if (highlighted.isNull()) return {};
+  const ElementView item(context, context.reader(), highlighted);
+  const auto option = childAtHeight(item.other(item.need(Ask::parent).parent), point);
+  if (option.isNull() || !item.other(option).hasState(AtspiState::showing)) return {};
+  return option;
+}
+
+// An application that has just opened a menu may still tell which item of it is highlighted.
+AtspiReference elementInUnknownPopUp(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
+  const auto pressed = context.pressed.at(point);
+  return pressed.isNull() ? context.processes.rootOf(window.process, context.reader()) : pressed;
+}
+
 AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
   const auto known = context.topLevels.find(window);
   if (!known.isNull()) {
@@ -84,11 +117,29 @@ AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CG
   }
   const auto topLevel = findTopLevel(context, window);
   if (!topLevel.isNull()) return hitTestBelow(context, topLevel, point, window);
+  if (window.overrideRedirect) return elementInUnknownPopUp(context, window, point);
   if (context.processes.busNamesOf(window.process, context.reader()).empty()) context.noteMissing(window);
   return {};
 }
 
+AtspiReference pressedElement(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
+  const auto root = context.processes.rootOf(window.process, context.reader());
+  if (root.isNull()) return {};
+  switch (ElementView(context, context.reader(), root).toolkit()) {
+    case Toolkit::gecko:
+      return window.overrideRedirect ? optionAt(context, root.busName, point) : elementIn(context, window, point);
+    case Toolkit::chromium: return window.overrideRedirect ? optionAt(context, root.busName, point) : AtspiReference{};
+    default: return {};
+  }
+}
+
 }  // namespace
+
+void notePress(AtspiContext& context, std::optional<CGPoint> place) {
+  context.pressed.forget();
+  const auto window = place ? context.windows.topLevelWindowAt(*place) : std::nullopt;
+  if (window && window->process != 0) context.pressed.note(*place, pressedElement(context, *window, *place));
+}
 
 AtspiReference elementAt(AtspiContext& context, CGPoint point) {
   auto found = context.highlightedItems.clicked(point, std::chrono::steady_clock::now());

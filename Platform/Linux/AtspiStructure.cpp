@@ -35,7 +35,8 @@ std::vector<AtspiReference> childrenByIndex(const ElementView& view, std::size_t
 }
 
 void noteRadioGroup(const ElementView& child, const AtspiReference& parent) {
-  const bool holdsThem = child.role() == AtspiRole::filler && child.reader().isRadioGroup(child.reference());
+  const bool mayBeBetween = child.role() == AtspiRole::filler || child.role() == AtspiRole::label;
+  const bool holdsThem = mayBeBetween && child.reader().isRadioGroup(child.reference());
   if (child.role() == AtspiRole::radioButton || holdsThem) child.reader().noteRadioGroup(parent);
 }
 
@@ -64,6 +65,12 @@ AttributeResult parentOf(const ElementView& view) {
   const auto visible = withoutPageTab(view, parent);
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(visible);
   return visible.isNull() ? noValue() : valueOf(elementOrApplication(view, visible));
+}
+
+AtspiReference childAt(const ElementView& view, std::size_t index) {
+  const auto call = childCall(view.reference(), index);
+  const auto replies = view.reader().exchange({&call, 1});
+  return readReference(replies.front().message.get()).value_or(AtspiReference{});
 }
 
 std::vector<AtspiReference> fewChildren(const ElementView& view) {

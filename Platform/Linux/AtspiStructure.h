@@ -19,5 +19,7 @@ AttributeResult urlOf(const ElementView& view);
 std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t limit);
 /// The same of an element that has few for sure, such as a window: with one wave less.
 std::vector<AtspiReference> fewChildren(const ElementView& view);
+/// Null: it has none there, or does not answer.
+AtspiReference childAt(const ElementView& view, std::size_t index);
 
 }  // namespace norra::linux_desktop

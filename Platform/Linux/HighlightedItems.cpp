@@ -50,6 +50,13 @@ bool HighlightedItems::isOpen(const AtspiReference& comboBox, TimePoint now) con
       items_, [&](const auto& item) { return item.owner == comboBox && !item.until && !item.isOpening(now); });
 }
 
+AtspiReference HighlightedItems::highlightedIn(std::string_view busName) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = std::ranges::find_if(
+      items_, [busName](const auto& item) { return item.reference.busName == busName && !item.owner.isNull(); });
+  return found != items_.end() ? found->reference : AtspiReference{};
+}
+
 AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
   const std::lock_guard lock(mutex_);
   const auto found =

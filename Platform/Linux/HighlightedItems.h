@@ -35,6 +35,8 @@ class HighlightedItems {
   /// The item that a click at a point of the screen chose: one that is highlighted, or was a moment ago; null: none.
   /// While the list of a combo box has only just opened, the combo box.
   AtspiReference clicked(CGPoint point, TimePoint now);
+  /// The last item that was highlighted in the list of a combo box of the application, open or not; null: none was.
+  AtspiReference highlightedIn(std::string_view busName) const;
   /// Whether the list of the combo box is open, and for longer than that click.
   bool isOpen(const AtspiReference& comboBox, TimePoint now) const;
 

@@ -71,6 +71,7 @@ LinuxDesktop::OfferedTaps LinuxDesktop::offerEventTaps(EventLoop& loop) {
   listeners.isSecureInput = [this] { return accessibility_ && accessibility_->isSecretFocused(); };
   listeners.pressed = [this](std::optional<CGPoint> place) {
     if (windows_) windows_->notePress(place);
+    if (accessibility_) accessibility_->notePress(place);
   };
   listeners.clickTimes = &loop.clickTimes();
   auto taps = X11EventTaps::open(loop.event(), std::move(connection), std::move(listeners));

@@ -38,6 +38,11 @@ std::vector<PlacedElement> placed(const ElementView& view, const std::vector<Ats
   return children;
 }
 
+std::optional<AtspiRectangle> placeOf(const ElementView& view, const AtspiReference& element) {
+  if (element.isNull()) return std::nullopt;
+  return placeIn(view.reader().read(element, Ask::extents), Coordinates::ofScreen);
+}
+
 bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinates coordinates) {
   return !view.reader().known(child.reference).answered(askFor(coordinates));
 }
@@ -72,6 +77,24 @@ std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates c
 
 std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates) {
   return placed(view, fewChildren(view), coordinates);
+}
+
+AtspiReference childAtHeight(const ElementView& list, CGPoint point) {
+  std::size_t first = 0;
+  auto end = static_cast<std::size_t>(std::max<std::int64_t>(0, list.needOnly(Ask::childCount).childCount));
+  while (first < end) {
+    const auto middle = first + (end - first) / 2;
+    const auto child = childAt(list, middle);
+    const auto place = placeOf(list, child);
+    if (!place) return {};
+    if (contains(*place, point)) return child;
+    if (point.y < place->y) {
+      end = middle;
+    } else {
+      first = middle + 1;
+    }
+  }
+  return {};
 }
 
 AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates) {

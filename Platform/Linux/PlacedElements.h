@@ -28,6 +28,10 @@ std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates c
 /// The same of an element that has few for sure.
 std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates);
 
+/// The child at a point where the children lie one below the other, found in a number of waves that grows with the
+/// logarithm of their number; null: none.
+AtspiReference childAtHeight(const ElementView& list, CGPoint point);
+
 /// The deepest element at a point, `view` itself if none of its children is there. Later children lie above earlier
 /// ones. A child that does not say where it is, is looked into.
 AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates);

@@ -8,7 +8,7 @@ namespace norra::linux_desktop {
 class AtspiContext;
 
 /// Asks the windows of an application what makes it show its contents. To be repeated when the application is followed
-/// again, since it may have stopped.
+/// again, since it may have stopped, and when it shows another page.
 void wake(AtspiContext& context, ProcessIdentifier process);
 
 }  // namespace norra::linux_desktop

@@ -1,42 +1,32 @@
 #include "Platform/Linux/X11Windows.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
+#include "Platform/Linux/PressedElement.h"
+
 namespace norra::linux_desktop {
-namespace {
-
-/// How far the pointer moves while a button is clicked.
-constexpr double steadyHandPixels = 4;
-
-}  // namespace
 
 X11Windows::X11Windows(std::unique_ptr<X11Connection> connection)
     : connection_(std::move(connection)), tree_(*connection_), facts_(*connection_) {}
 
 std::optional<WindowOnScreen> X11Windows::topLevelWindowAt(CGPoint point) {
   const std::lock_guard lock(mutex_);
+  if (press_ && isSamePlace(press_->place, point)) return press_->window;
+  return describeAt(point);
+}
+
+// With the lock held.
+std::optional<WindowOnScreen> X11Windows::describeAt(CGPoint point) {
   const auto topLevel = tree_.topLevelAt(point);
-  if (topLevel.client == XCB_NONE) return std::nullopt;
-  auto window = facts_.describe(topLevel);
-  if (window && window->overrideRedirect && isPressedAt(point)) return facts_.describe(press_->topLevel);
-  return window;
+  return topLevel.client != XCB_NONE ? facts_.describe(topLevel) : std::nullopt;
 }
 
 void X11Windows::notePress(std::optional<CGPoint> place) {
   const std::lock_guard lock(mutex_);
   press_.reset();
   if (!place) return;
-  const auto topLevel = tree_.topLevelAt(*place);
-  if (topLevel.client != XCB_NONE) press_ = {*place, topLevel};
-}
-
-// With the lock held.
-bool X11Windows::isPressedAt(CGPoint point) const {
-  if (!press_) return false;
-  const auto [x, y] = press_->place;
-  return std::abs(point.x - x) <= steadyHandPixels && std::abs(point.y - y) <= steadyHandPixels;
+  if (auto window = describeAt(*place)) press_ = {*place, std::move(*window)};
 }
 
 std::optional<WindowOnScreen> X11Windows::activeWindow() {

@@ -16,8 +16,9 @@ class X11Windows final : public WindowsOnScreen {
   /// The client's window where a window manager has put it into a frame of its own. Menus and other pop-ups are
   /// found like any other; windows that let the pointer through are not.
   std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) override;
-  /// A press may open a menu or a list under the pointer, which then gets the release. Until the next press, what is
-  /// found under the pressed place is what lay there then. Nothing: it is not known where the pointer is.
+  /// A press may open a menu or a list under the pointer, and a release may close what was pressed. Until the next
+  /// press, what is found under the pressed place is what lay there then. Nothing: it is not known where the pointer
+  /// is.
   void notePress(std::optional<CGPoint> place);
 
   /// As the window manager says; without a window manager, the one that has the input focus.
@@ -32,12 +33,12 @@ class X11Windows final : public WindowsOnScreen {
   bool hasWindowManager();
 
  private:
+  std::optional<WindowOnScreen> describeAt(CGPoint point);
+
   struct Press {
     CGPoint place;
-    X11TopLevel topLevel;
+    WindowOnScreen window;
   };
-
-  bool isPressedAt(CGPoint point) const;
 
   std::mutex mutex_;
 

@@ -42,6 +42,19 @@ TEST_F(X11WindowsTest, FindWhatLayUnderTheMenuThatAPressOpened) {
   EXPECT_EQ(windowAt(21, 19), menu.get());
 }
 
+TEST_F(X11WindowsTest, FindTheMenuThatTheReleaseClosed) {
+  const TestWindow below(*client, {.x = 10, .y = 10, .width = 100, .height = 100});
+  std::uint32_t closed = 0;
+  {
+    const TestWindow menu(*client, {.x = 15, .y = 15, .width = 50, .height = 80, .overrideRedirect = true});
+    windows.notePress(CGPoint{20, 20});
+    closed = menu.get();
+  }
+  settle(*client);
+  EXPECT_EQ(windowAt(21, 19), closed);
+  EXPECT_EQ(windowAt(80, 80), below.get());
+}
+
 TEST_F(X11WindowsTest, TellWhatIsKnownOfAWindow) {
   TestWindow window(*client, {.x = 30, .y = 40, .width = 300, .height = 200, .title = "Fallback"});
   window.set(X11Atom::gtkFrameExtents, {1, 2, 3, 4});
