@@ -3,73 +3,12 @@
 import hands
 from browser import Chromium
 from desktop import EndToEndTest, main
-from expected import change, click, click_link, click_list_item, click_radio_button, special_key
-from text_tests import SelectionTests, TextTests
-from waiting import wait_until
+from expected import change, special_key
+from page_tests import PageTests
 
 
-class ChromiumPage(TextTests, SelectionTests, EndToEndTest):
-    text = "entry"
-    password = "password text"
-    selections = [("Duties", "list box", "SelectedChildren", '["Helm"]', '["Lookout"]')]
-
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.application = cls.open(Chromium())
-
-    def test_every_mouse_button_is_told_and_the_text_in_a_button_is_the_button(self):
-        self.focus("Weigh anchor", "push button")
-        for button, told in (("left", "left"), ("middle", "other")):
-            with self.subTest(button):
-                self.application.click("Weigh anchor", button)
-                self.expect(click("Weigh anchor", "push button", button=told))
-
-    def test_a_right_click_is_told(self):
-        self.focus("Weigh anchor", "push button")
-        hands.point_to(self.application.place("Weigh anchor"))
-        button = hands.pointer()
-        hands.press("right")
-        wait_until(lambda: hands.pointer() != button, "the menu to open under the pointer")
-        hands.release("right")
-        self.expect(click("Weigh anchor", "push button", button="right"))
-        hands.key("Escape")
-
-    def test_a_link_is_told_with_its_address(self):
-        self.application.click("link")
-        self.expect(click_link("Depths of the bay", self.application.address + "#depths"))
-
-    def test_a_check_box_is_told_with_its_new_state(self):
-        self.focus("Lanterns", "check box")
-        for state in (1, 0):
-            self.application.click("Lanterns")
-            self.expect(click("Lanterns", "check box", state=state), change("Toggle", "Lanterns", "check box", str(state)))
-
-    def test_a_radio_button_is_told_with_its_group(self):
-        self.focus("South", "radio button")
-        self.application.click("South")
-        self.expect(click_radio_button("South", "radio button", "Course"), change("Text", "South", "radio button", "1"))
-
-    def test_a_select_is_told(self):
-        self.focus("Cargo", "combo box")
-        self.application.click("Cargo")
-        self.expect(click("Cargo", "combo box"))
-        hands.key("Escape")
-
-    def test_an_item_of_a_list_is_told_by_its_text(self):
-        self.application.click("Red buoy", across=0.05)
-        self.expect(click("Red buoy", "list item"))
-
-    def test_a_cell_that_can_be_clicked_is_told_with_row_and_column(self):
-        self.application.click("depth of Bergen")
-        self.application.click("depth of Lisbon")
-        self.expect(click_list_item("Lisbon", "row", column="Depth", cell="12 m"))
-
-    def test_a_heading_is_told_when_it_can_be_clicked(self):
-        self.application.click("heading")
-        self.focus("clickable heading", "heading", "Lights of the bay")
-        self.application.click("clickable heading", across=0.05)
-        self.expect(click("Lights of the bay", "heading"))
+class ChromiumPage(PageTests, EndToEndTest):
+    browser = Chromium
 
 
 class SearchPage(EndToEndTest):

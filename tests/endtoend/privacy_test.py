@@ -60,7 +60,9 @@ class Privacy(EndToEndTest):
         self.check(ControlledApplication("gtk4_app.py"), ["Passphrase", "Cipher"])
 
     def test_qt(self):
-        self.check(ControlledApplication("qt_app.py"), ["Passphrase"])
+        for binding in ("PyQt5", "PyQt6"):
+            with self.subTest(binding):
+                self.check(ControlledApplication("qt_app.py", binding), ["Passphrase"])
 
     def test_chromium(self):
         self.check(Chromium(), ["Passphrase"])
