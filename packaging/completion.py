@@ -61,13 +61,13 @@ def bash(program):
         if option.choices():
             reply = f'COMPREPLY=($(compgen -W "{" ".join(option.choices())}" -- "$word"))'
         elif option.takes_file():
-            reply = 'COMPREPLY=($(compgen -f -- "$word"))'
+            reply = 'mapfile -t COMPREPLY < <(compgen -f -- "$word")'
         else:
             reply = "COMPREPLY=()"
         if option.value:
             cases.append(f"    {'|'.join(option.names)}) {reply}; return ;;")
     words = " ".join(name for option in program.options for name in option.names)
-    files = '  else\n    COMPREPLY=($(compgen -f -- "$word"))\n' if program.takes_files else ""
+    files = '  else\n    mapfile -t COMPREPLY < <(compgen -f -- "$word")\n' if program.takes_files else ""
     return "\n".join([
         f"# bash completion for {program.name}", f"{function}() {{",
         '  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}', "  case $previous in", *cases,

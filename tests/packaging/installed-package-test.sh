@@ -55,6 +55,9 @@ check_pages() {
   [ ! -s "$folder/man.log" ] || { cat "$folder/man.log"; fail "the manual page has warnings"; }
   bash -c 'source /usr/share/bash-completion/completions/norra-collect
     COMP_WORDS=(norra-collect --format j) COMP_CWORD=2; _norra_collect; [ "${COMPREPLY[*]}" = jsonl ]' || fail "bash completion"
+  mkdir -p "$folder/names" && touch "$folder/names/a session"
+  (cd "$folder/names" && bash -c 'source /usr/share/bash-completion/completions/norra-report
+    COMP_WORDS=(norra-report a) COMP_CWORD=1; _norra_report; [ "${COMPREPLY[0]}" = "a session" ]') || fail "bash completion of files"
   zsh -n /usr/share/zsh/vendor-completions/_norra-collect || fail "zsh completion"
 }
 
