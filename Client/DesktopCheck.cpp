@@ -56,12 +56,6 @@ DesktopFinding activeWindow(EventLoop&) {
   return {};
 }
 
-DesktopFinding accessibilityBus(EventLoop& loop) {
-  if (AtspiBus().connect()) return {};
-  if (!openSessionBus(loop.event(), "check").bus) return missing(needsSessionBus);
-  return missing("Applications cannot be read. Install at-spi2-core and start a new session.");
-}
-
 DesktopFinding toolkits(EventLoop& loop) {
   const auto opened = openSessionBus(loop.event(), "check");
   if (!opened.bus) return missing(needsSessionBus);
@@ -87,7 +81,7 @@ constexpr std::array checks{Check{"session bus", sessionBus},
                             Check{"service's display", checkDisplayOfService},
                             Check{"clicks and keys", input},
                             Check{"window in front", activeWindow},
-                            Check{"accessibility bus", accessibilityBus},
+                            Check{"accessibility bus", checkAccessibilityBus},
                             Check{"applications speak", toolkits}};
 
 std::string_view wordFor(Readiness readiness) {
@@ -101,6 +95,12 @@ std::string padded(std::string_view text, std::size_t width) {
 }
 
 }  // namespace
+
+DesktopFinding checkAccessibilityBus(EventLoop& loop) {
+  if (AtspiBus().connect()) return {};
+  if (!openSessionBus(loop.event(), "check").bus) return missing(needsSessionBus);
+  return missing("Applications cannot be read. Install at-spi2-core and start a new session.");
+}
 
 std::vector<DesktopFinding> checkDesktop(linux_desktop::EventLoop& loop) {
   const auto kept = X11Connection::open();  // a server that the last client leaves resets, and serves nobody meanwhile

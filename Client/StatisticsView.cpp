@@ -88,9 +88,9 @@ std::variant<ServiceStatistics, NoStatistics> readStatistics(linux_desktop::Even
 std::vector<std::string> shortcomingsIn(const ServiceStatistics& statistics) {
   std::vector<std::string> shortcomings;
   for (const auto& text : statisticsTexts) {
-    const auto& problem = statistics.*text.value;
-    if (!problem.empty() && std::ranges::find(shortcomings, problem) == shortcomings.end()) {
-      shortcomings.push_back(problem);
+    const auto sentence = statistics.*text.value + ".";
+    if (sentence != "." && std::ranges::find(shortcomings, sentence) == shortcomings.end()) {
+      shortcomings.push_back(sentence);
     }
   }
   return shortcomings;

@@ -18,7 +18,7 @@ struct NoStatistics {
 /// Asks the service, for a bounded time; one that does not run is not started. Main thread.
 std::variant<ServiceStatistics, NoStatistics> readStatistics(linux_desktop::EventLoop& loop);
 
-/// What of the desktop the service cannot see, and what to do; empty: it sees everything.
+/// What of the desktop the service cannot see, and what to do, in sentences; empty: it sees everything.
 std::vector<std::string> shortcomingsIn(const ServiceStatistics& statistics);
 
 /// One property a line, for a person.

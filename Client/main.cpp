@@ -38,8 +38,12 @@ void tellShortcomings(norra::linux_desktop::EventLoop& loop) {
   const auto found = norra::readStatistics(loop);
   const auto* statistics = std::get_if<norra::ServiceStatistics>(&found);
   if (statistics == nullptr) return;
-  const auto shortcomings = norra::shortcomingsIn(*statistics);
-  for (const auto& shortcoming : shortcomings) tell(shortcoming + ".");
+  auto shortcomings = norra::shortcomingsIn(*statistics);
+  if (statistics->accessibility.empty()) {  // perhaps only since it has not been needed yet
+    const auto advice = norra::checkAccessibilityBus(loop).advice;
+    if (!advice.empty()) shortcomings.push_back(advice);
+  }
+  for (const auto& shortcoming : shortcomings) tell(shortcoming);
   if (!shortcomings.empty()) tell("What is missing, and what to do: norra-collect --check");
 }
 

@@ -121,6 +121,7 @@ TEST_F(NorraCollectTest, SaysAtItsStartWhatTheServiceCannotSee) {
   EXPECT_EQ(collect.waitForEnd(), 0);
   const auto errors = collect.errors();
   EXPECT_THAT(errors, HasSubstr("No X server: clicks and keys are not seen."));
+  EXPECT_THAT(errors, HasSubstr("Install at-spi2-core"));
   EXPECT_THAT(errors, HasSubstr("norra-collect --check"));
 }
 
