@@ -27,8 +27,8 @@ leave() {
 }
 trap leave EXIT
 
-# What this product has on the machine.
-traces() { find /etc /opt /run /usr /var -xdev -iname '*norra*' 2>/dev/null | sort; }
+# What this product has on the machine. Pages that man has shown it may keep for a while, of whatever package.
+traces() { find /etc /opt /run /usr /var -xdev -path /var/cache/man -prune -o -iname '*norra*' -print 2>/dev/null | sort; }
 
 pack() {
   (cd "$build" && cpack -G DEB -B "$folder/packages" >"$folder/cpack.log") || { cat "$folder/cpack.log"; fail "cpack"; }
