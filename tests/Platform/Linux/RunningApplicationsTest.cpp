@@ -36,9 +36,9 @@ class RunningApplicationsTest : public testing::Test {
 
 TEST_F(RunningApplicationsTest, HaveTheIdentifiersThatTheCoreKnowsBrowsersBy) {
   const std::vector<std::pair<std::string, std::string>> identifiers{
-      {"google-chrome", "com.google.Chrome"},      {"microsoft-edge", "com.microsoft.edgemac"},
-      {"brave-browser", "com.brave.Browser"},      {"vivaldi-stable", "com.vivaldi.Vivaldi"},
-      {"opera", "com.operasoftware.Opera"},        {"chromium", "chromium"},
+      {"chromium", "com.google.Chrome"},           {"google-chrome", "com.google.Chrome"},
+      {"microsoft-edge", "com.microsoft.edgemac"}, {"brave-browser", "com.brave.Browser"},
+      {"vivaldi-stable", "com.vivaldi.Vivaldi"},   {"opera", "com.operasoftware.Opera"},
       {"google-chrome-beta", "google-chrome-beta"}};
   for (const auto& [file, identifier] : identifiers) {
     install(file, "Browser");
