@@ -101,6 +101,7 @@ enum class AtspiInterface : std::uint16_t {
 struct AtspiFacts {
   Asks asked;
   std::array<AXError, askCount> errors{};  // of what was asked
+  bool isFormer = false;                   // from before, since the element does not answer now
 
   std::uint32_t role = 0;
   std::uint64_t states = 0;

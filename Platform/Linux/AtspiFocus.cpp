@@ -117,7 +117,7 @@ AtspiReference comboBoxOf(const ElementView& item) {
   for (int level = 0; level < mostLevelsOfMenus && !current.isNull(); ++level) {
     const auto view = item.other(current);
     const auto parent = view.need(item.generalAsks() | (level == 0 ? keptOfItem : Asks{})).parent;
-    view.reader().keep(current);
+    view.reader().keep(current, AtspiReader::KeptFor::silenceAndEnd);
     if (view.role() == AtspiRole::comboBox) return current;
     const bool mayGoOn = isPartOfMenu(view.role()) || view.role() == AtspiRole::list || level == 0;
     if (!mayGoOn) break;

@@ -45,12 +45,20 @@ AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window)
   return best && mayBe(window, bestDistance, root.toolkit()) ? best->reference : AtspiReference{};
 }
 
-// While a list is open, Gecko finds nothing in the window below it.
+bool isAt(const ElementView& view, CGPoint point) {
+  return !view.reference().isNull() && contains(view.needOnly(Ask::extents).extents, point);
+}
+
+// While a list is open, Gecko finds nothing in the window below it. The element that opened it was pressed, and has the
+// keyboard focus.
 AtspiReference hitTestGecko(const ElementView& topLevel, CGPoint point) {
   const auto found = hitTestWeb(topLevel, point);
   if (found != topLevel.reference()) return found;
-  const auto pressed = topLevel.context().pressed.at(point);
-  return pressed.isNull() ? found : pressed;
+  auto& context = topLevel.context();
+  const auto pressed = context.pressed.at(point);
+  if (!pressed.isNull()) return pressed;
+  const auto focused = settleFocus(context, found.busName);
+  return isAt(topLevel.other(focused), point) ? focused : found;
 }
 
 AtspiReference hitTest(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window) {
@@ -92,13 +100,15 @@ AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window)
   return topLevel;
 }
 
-// The list of a select in a page has no accessible of its own, and nothing in it is highlighted below the pointer.
+// The list of a select in a page has no accessible of its own, and nothing in it is highlighted below the pointer. What
+// the option says now is what it is called when it has gone.
 AtspiReference optionAt(AtspiContext& context, std::string_view busName, CGPoint point) {
   const auto highlighted = context.highlightedItems.highlightedIn(busName);
   if (highlighted.isNull()) return {};
   const ElementView item(context, context.reader(), highlighted);
   const auto option = childAtHeight(item.other(item.need(Ask::parent).parent), point);
   if (option.isNull() || !item.other(option).hasState(AtspiState::showing)) return {};
+  comboBoxOf(item.other(option));
   return option;
 }
 
@@ -138,7 +148,9 @@ AtspiReference pressedElement(AtspiContext& context, const WindowOnScreen& windo
 void notePress(AtspiContext& context, std::optional<CGPoint> place) {
   context.pressed.forget();
   const auto window = place ? context.windows.topLevelWindowAt(*place) : std::nullopt;
-  if (window && window->process != 0) context.pressed.note(*place, pressedElement(context, *window, *place));
+  if (!window || window->process == 0) return;
+  const auto pressed = pressedElement(context, *window, *place);
+  if (context.topLevels.find(*window) != pressed) context.pressed.note(*place, pressed);
 }
 
 AtspiReference elementAt(AtspiContext& context, CGPoint point) {

@@ -159,4 +159,13 @@ AttributeResult titleElementOf(const ElementView& view) {
   return valueOf(view.context().element(label));
 }
 
+void keepNames(const ElementView& view) {
+  const auto asks = view.generalAsks() | Ask::localizedRoleName;
+  if (!view.need(asks).answered(Ask::role)) return;
+  view.reader().keep(view.reference(), AtspiReader::KeptFor::silence);
+  const auto label = firstLabel(view);
+  if (label.isNull() || !view.other(label).need(asks).answered(Ask::role)) return;
+  view.reader().keep(label, AtspiReader::KeptFor::silence);
+}
+
 }  // namespace norra::linux_desktop

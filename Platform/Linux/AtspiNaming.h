@@ -22,6 +22,9 @@ AttributeResult domIdentifierOf(const ElementView& view);
 AttributeResult roleDescriptionOf(const ElementView& view);
 AttributeResult titleElementOf(const ElementView& view);
 
+/// What names the element now, and its label, names it while its application does not answer.
+void keepNames(const ElementView& view);
+
 /// A name without what the toolkit puts into it or says instead of one; empty: none.
 std::string properName(std::string_view name, AtspiRole role, Toolkit toolkit);
 /// A description, if it says more than the name and the value do; else empty.

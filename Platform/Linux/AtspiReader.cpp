@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "Platform/Linux/AtspiRole.h"
+
 namespace norra::linux_desktop {
 namespace {
 
@@ -18,6 +20,15 @@ constexpr std::size_t mostFormerParents = 4096;
 Toolkit toolkitOfPath(std::string_view path) {
   const bool isAtspiPath = path.starts_with("/org/a11y/");
   return !isAtspiPath && path.find("/a11y/") != std::string_view::npos ? Toolkit::gtk4 : Toolkit::other;
+}
+
+bool isSilent(const AtspiFacts& facts) {
+  return facts.asked.has(Ask::role) && facts.error(Ask::role) == axError::cannotComplete;
+}
+
+bool hasGone(const AtspiFacts& facts) {
+  if (facts.answered(Ask::states) && hasState(facts.states, AtspiState::defunct)) return true;
+  return facts.asked.has(Ask::role) && !facts.answered(Ask::role);
 }
 
 }  // namespace
@@ -73,21 +84,23 @@ std::vector<AtspiReply> AtspiReader::read(std::span<const AtspiQuestion> questio
   for (const auto& asking : askings) calls.push_back(callFor(asking.ask, asking.element));
   auto replies = exchange(calls);
   for (std::size_t i = 0; i < askings.size(); ++i) take(askings[i], replies[otherCalls + i]);
-  for (const auto& asking : askings) restoreIfGone(asking.element);
+  for (const auto& asking : askings) restoreIfSilent(asking.element);
   replies.resize(otherCalls);
   return replies;
 }
 
-void AtspiReader::keep(const AtspiReference& element) {
+void AtspiReader::keep(const AtspiReference& element, KeptFor purpose) {
   if (kept_.size() >= mostKept) kept_.clear();
-  kept_.insert_or_assign(element, facts_[element]);
+  kept_.insert_or_assign(element, Kept{facts_[element], purpose});
+  kept_[element].facts.isFormer = true;
 }
 
-void AtspiReader::restoreIfGone(const AtspiReference& element) {
+void AtspiReader::restoreIfSilent(const AtspiReference& element) {
   auto& facts = facts_[element];
-  if (!facts.asked.has(Ask::role) || facts.answered(Ask::role)) return;
+  if (!isSilent(facts) && !hasGone(facts)) return;
   const auto kept = kept_.find(element);
-  if (kept != kept_.end()) facts = kept->second;
+  if (kept == kept_.end()) return;
+  if (isSilent(facts) || kept->second.purpose == KeptFor::silenceAndEnd) facts = kept->second.facts;
 }
 
 void AtspiReader::take(const Asking& asking, const AtspiReply& reply) {

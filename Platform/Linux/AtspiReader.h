@@ -48,8 +48,10 @@ class AtspiReader {
   /// States the parent of an element, as learnt on the way down to it.
   void noteParent(const AtspiReference& element, const AtspiReference& parent);
 
-  /// What is known of an element now is what is read of it when it has gone.
-  void keep(const AtspiReference& element);
+  /// For when the element does not answer; or also when it has gone.
+  enum class KeptFor : std::uint8_t { silence, silenceAndEnd };
+  /// What is known of an element now is what is read of it then.
+  void keep(const AtspiReference& element, KeptFor purpose);
 
   /// Elements whose ancestors are sure to be asked for soon: the one under the pointer and those above it.
   void notePath(const AtspiReference& element) { path_.insert(element); }
@@ -70,6 +72,10 @@ class AtspiReader {
 
  private:
   TimePoint deadline();
+  struct Kept {
+    AtspiFacts facts;
+    KeptFor purpose = KeptFor::silence;
+  };
   struct Asking {
     AtspiReference element;
     Ask ask;
@@ -77,7 +83,7 @@ class AtspiReader {
   Asks missing(const AtspiQuestion& question);
   std::vector<Asking> open(std::span<const AtspiQuestion> questions);
   void take(const Asking& asking, const AtspiReply& reply);
-  void restoreIfGone(const AtspiReference& element);
+  void restoreIfSilent(const AtspiReference& element);
   void rememberParent(const AtspiReference& element, const AtspiReference& parent);
 
   AtspiConnection connection_;
@@ -93,7 +99,7 @@ class AtspiReader {
   std::unordered_set<AtspiReference, AtspiReferenceHash> radioGroups_;
 
   // Of all epochs: of elements that may go, and a mere hint of what to ask for.
-  std::unordered_map<AtspiReference, AtspiFacts, AtspiReferenceHash> kept_;
+  std::unordered_map<AtspiReference, Kept, AtspiReferenceHash> kept_;
   std::unordered_map<AtspiReference, AtspiReference, AtspiReferenceHash> formerParents_;
 };
 

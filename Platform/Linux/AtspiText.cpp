@@ -71,6 +71,8 @@ bool hidesText(const ElementView& view) {
 
 AttributeResult textValue(const ElementView& view) {
   if (!view.has(AtspiInterface::text)) return noValue();
+  // It may hide its text by now.
+  if (view.need(Ask::role).isFormer) return {axError::cannotComplete, {}};
   if (hidesText(view)) return valueOf(bulletsFor(view.need(Ask::characterCount).characterCount));
   auto text = withoutEmbedded(textOf(view));
   if (!isTextField(view.role()) || !isAllBullets(text)) return valueOf(std::move(text));

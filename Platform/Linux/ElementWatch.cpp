@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "Platform/Linux/AtspiNaming.h"
 #include "Platform/Linux/AtspiText.h"
 #include "Platform/Linux/WatchedEvents.h"
 
@@ -45,6 +46,7 @@ void ElementWatch::unwant(std::string_view notification) {
 
 void ElementWatch::listenToValue() {
   const ElementView view(context_, context_.reader(), element_);
+  keepNames(view);
   isSilent_ = changesSilently(view);
   wasHidden_ = hidesText(view);
   if (isSilent_) fingerprint_ = valueFingerprint(view);
