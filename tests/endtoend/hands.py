@@ -14,9 +14,12 @@ def point_to(place, across=0.5, down=0.5):
     xdotool("mousemove", round(x + width * across), round(y + height * down))
 
 
-def pointer():
-    """Where the pointer is, and over which window."""
-    return xdotool("getmouselocation")
+def move(right, down):
+    xdotool("mousemove_relative", "--", right, down)
+
+
+def window_below_pointer():
+    return xdotool("getmouselocation", "--shell").partition("WINDOW=")[2]
 
 
 def press(button="left"):

@@ -28,13 +28,16 @@ class PageTests(TextTests, SelectionTests):
     def test_a_right_click_is_told(self):
         self.focus("Weigh anchor", "push button")
         hands.point_to(self.application.place("Weigh anchor"))
-        page = hands.pointer()
+        page = hands.window_below_pointer()
         hands.press("right")
         if self.menu_opens_under_pointer:
-            wait_until(lambda: hands.pointer() != page, "the menu to open")
+            wait_until(lambda: hands.window_below_pointer() != page, "the menu to open")
         hands.release("right")
         self.expect(click("Weigh anchor", "push button", button="right"))
+        hands.move(30, 30)
+        wait_until(lambda: hands.window_below_pointer() != page, "the menu to open")
         hands.key("Escape")
+        wait_until(lambda: hands.window_below_pointer() == page, "the menu to close")
 
     def test_a_link_is_told_with_its_address(self):
         self.application.click("link")
@@ -61,7 +64,9 @@ class PageTests(TextTests, SelectionTests):
         self.focus("Cargo", "combo box")
         self.application.click("Cargo")
         self.expect(click("Cargo", "combo box"))
+        page = hands.window_below_pointer()
         hands.point_to(self.application.place("Cargo"), down=2.4)
+        wait_until(lambda: hands.window_below_pointer() != page, "the list to open")
         hands.press()
         hands.release()
         self.expect(click("Cargo: Salt", "menu item"))
