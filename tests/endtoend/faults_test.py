@@ -42,8 +42,10 @@ class StoppedApplication(FaultTest):
         self.expect_to_be_read_again(self.stuck, "Drop anchor")
 
     def test_stopped_while_it_has_the_focus(self):
+        """What was named before goes on to be."""
         self.stop()
-        hands.key("ctrl+b", "ctrl+c", "F9")
+        hands.key("ctrl+b", "ctrl+c", self.IDLE_KEY)
+        self.expect_among(self.idle_key("Ship", "text"))
         self.expect_the_other_to_be_reported()
         self.expect_the_stopped_one_to_come_back()
 
