@@ -1,9 +1,12 @@
 #!/bin/bash
-# Looks for inputs that break what reads them: fuzz.sh [SECONDS [FUZZER...]], each fuzzer for so long (30 s by default).
+# fuzz.sh [SECONDS [FUZZER...]]: looks for inputs that break what reads them, with each fuzzer for so long (30 s by default).
 # What it finds is kept in build/fuzz/findings, what it learnt in build/fuzz/corpus.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+case "${1:-}" in
+  -h | --help) sed -n '2,3s/^# //p' "$0"; exit 0 ;;
+esac
 seconds=${1:-30}
 shift || true
 fuzzers=("$@")

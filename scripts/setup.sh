@@ -1,7 +1,11 @@
 #!/usr/bin/env bash
-# Installs the Debian packages of scripts/packages.txt that are missing, and nothing else.
+# setup.sh: installs the Debian packages of scripts/packages.txt that are missing, and nothing else.
 set -euo pipefail
 cd "$(dirname "$0")/.."
+
+case "${1:-}" in
+  -h | --help) sed -n '2s/^# //p' "$0"; exit 0 ;;
+esac
 
 wanted() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' scripts/packages.txt; }
 
