@@ -21,6 +21,10 @@ measure_desktop() {
     PYTHONDONTWRITEBYTECODE=1 scripts/headless-desktop.sh /usr/bin/python3 benchmarks/desktop/measure.py "$@"
 }
 
+case "${1:-}" in
+  -h | --help) sed -n '3,5s/^# //p' "$0"; exit 0 ;;
+esac
+scripts/setup.sh
 cmake --preset release >/dev/null
 case ${1:-all} in
   core) measure_core "${@:2}" ;;

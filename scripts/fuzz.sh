@@ -12,6 +12,7 @@ shift || true
 fuzzers=("$@")
 [ ${#fuzzers[@]} -gt 0 ] || fuzzers=(Address Reply Report Scenario Text)
 
+scripts/setup.sh
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz --target fuzzers
 mkdir -p build/fuzz/findings
