@@ -12,6 +12,7 @@ measure_core() {
   build/release/bin/norra-benchmarks --benchmark_filter="${2:-.}" --benchmark_min_time=0.05 \
     --benchmark_repetitions="${1:-9}" --benchmark_enable_random_interleaving=true \
     --benchmark_out="$results" --benchmark_out_format=json >/dev/null
+  [ -s "$results" ] || { echo "run.sh: no benchmark has ${2:-anything} in its name" >&2; exit 1; }
   python3 benchmarks/tables.py "$results"
 }
 
