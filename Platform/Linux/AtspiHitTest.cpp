@@ -135,12 +135,8 @@ AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CG
 AtspiReference pressedElement(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
   const auto root = context.processes.rootOf(window.process, context.reader());
   if (root.isNull()) return {};
-  switch (ElementView(context, context.reader(), root).toolkit()) {
-    case Toolkit::gecko:
-      return window.overrideRedirect ? optionAt(context, root.busName, point) : elementIn(context, window, point);
-    case Toolkit::chromium: return window.overrideRedirect ? optionAt(context, root.busName, point) : AtspiReference{};
-    default: return {};
-  }
+  if (!ElementView(context, context.reader(), root).application().showsWebPages()) return {};
+  return window.overrideRedirect ? optionAt(context, root.busName, point) : elementIn(context, window, point);
 }
 
 }  // namespace

@@ -146,7 +146,8 @@ AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point) {
 
 // A closed select answers with an option that is not on the screen.
 AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point) {
-  toolkitsAnswer(topLevel, point);
+  const bool wasAskedAtPress = !topLevel.context().pressed.at(point).isNull();
+  if (!wasAskedAtPress) toolkitsAnswer(topLevel, point);
   auto answer = toolkitsAnswer(topLevel, point);
   if (answer.isNull()) return topLevel.reference();
   topLevel.reader().notePath(answer);

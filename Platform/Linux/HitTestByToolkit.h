@@ -15,7 +15,7 @@ AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point);
 AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window);
 /// The deepest element comes at once.
 AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point);
-/// The same, but the first answer may be old.
+/// The same, but the first answer may be of the place that was asked for before.
 AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point);
 
 }  // namespace norra::linux_desktop
