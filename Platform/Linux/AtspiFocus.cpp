@@ -17,7 +17,6 @@ constexpr std::size_t mostElementsSearched = 1200;
 constexpr std::size_t mostChildrenSearched = 40;
 constexpr int mostLevelsOfItems = 4;
 constexpr int mostLevelsOfMenus = 8;
-constexpr Asks keptOfItem{Ask::extents, Ask::localizedRoleName};
 
 constexpr std::array items{AtspiRole::listItem, AtspiRole::tableCell, AtspiRole::tableRow,
                            AtspiRole::treeItem, AtspiRole::icon,      AtspiRole::tableRowHeader};
@@ -79,6 +78,13 @@ AtspiReference rememberedFocus(AtspiContext& context, ProcessIdentifier process,
   return {};
 }
 
+bool saysPlaceOnScreen(const ElementView& view) { return view.toolkit() != Toolkit::gtk4; }
+
+Asks keptOf(const ElementView& item) {
+  const Asks kept{Ask::localizedRoleName};
+  return saysPlaceOnScreen(item) ? kept | Ask::extents : kept;
+}
+
 bool isPartOfMenu(AtspiRole role) { return roleDependsOnParent(role) || role == AtspiRole::popupMenu; }
 
 // The combo box whose list of options this is; null: it is none.
@@ -116,7 +122,7 @@ AtspiReference comboBoxOf(const ElementView& item) {
   auto current = item.reference();
   for (int level = 0; level < mostLevelsOfMenus && !current.isNull(); ++level) {
     const auto view = item.other(current);
-    const auto parent = view.need(item.generalAsks() | (level == 0 ? keptOfItem : Asks{})).parent;
+    const auto parent = view.need(item.generalAsks() | (level == 0 ? keptOf(item) : Asks{})).parent;
     view.reader().keep(current, AtspiReader::KeptFor::silenceAndEnd);
     if (view.role() == AtspiRole::comboBox) return current;
     const bool mayGoOn = isPartOfMenu(view.role()) || view.role() == AtspiRole::list || level == 0;
@@ -155,7 +161,7 @@ AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
     if (const auto comboBox = comboBoxOfList(view); !comboBox.isNull()) {
       context.highlightedItems.wentToList(*arrived, comboBox, std::chrono::steady_clock::now());
     } else if (isItemOfMenu(view)) {
-      rememberHighlight(view);
+      if (saysPlaceOnScreen(view)) rememberHighlight(view);
     } else {
       context.focus.follow(followedElement(view));
       // A page that has just been loaded or turned to.

@@ -18,13 +18,13 @@ double distance(const AtspiRectangle& place, const ScreenRectangle& window, Coor
   return size + std::abs(place.x - window.x) + std::abs(place.y - window.y);
 }
 
-// A menu or another pop-up may have no accessible of its own, and must not be taken for what lies below it. Windows of
-// GTK 4 that pop up belong to those that opened them.
+// A menu or another pop-up may have no accessible of its own, and must not be taken for what lies below it.
 constexpr double mostDistanceOfPopUp = 100;
+constexpr double mostDistanceOfPopover = 80;
+constexpr int mostLevelsOfPopover = 16;
 
-bool mayBe(const WindowOnScreen& window, double distance, Toolkit toolkit) {
-  if (!window.overrideRedirect || distance <= mostDistanceOfPopUp) return true;
-  return toolkit == Toolkit::gtk4;
+bool mayBe(const WindowOnScreen& window, double distance) {
+  return !window.overrideRedirect || distance <= mostDistanceOfPopUp;
 }
 
 // The top-level accessible that looks most like the window.
@@ -42,7 +42,7 @@ AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window)
       bestDistance = difference;
     }
   }
-  return best && mayBe(window, bestDistance, root.toolkit()) ? best->reference : AtspiReference{};
+  return best && mayBe(window, bestDistance) ? best->reference : AtspiReference{};
 }
 
 bool isAt(const ElementView& view, CGPoint point) {
@@ -52,10 +52,10 @@ bool isAt(const ElementView& view, CGPoint point) {
 // While a list is open, Gecko finds nothing in the window below it. The element that opened it was pressed, and has the
 // keyboard focus.
 AtspiReference hitTestGecko(const ElementView& topLevel, CGPoint point) {
-  const auto found = hitTestWeb(topLevel, point);
+  auto found = hitTestWeb(topLevel, point);
   if (found != topLevel.reference()) return found;
   auto& context = topLevel.context();
-  const auto pressed = context.pressed.at(point);
+  auto pressed = context.pressed.at(point);
   if (!pressed.isNull()) return pressed;
   const auto focused = settleFocus(context, found.busName);
   return isAt(topLevel.other(focused), point) ? focused : found;
@@ -91,11 +91,35 @@ AtspiReference hitTestBelow(AtspiContext& context, const AtspiReference& topLeve
   return comboBoxThatOpens(context, hit);
 }
 
+// A popover of GTK 4 is a window of its own, while its accessible lies below that of the widget that opened it. The
+// keyboard focus went into it.
+AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
+  AtspiReference best;
+  double bestDistance = mostDistanceOfPopover;
+  auto current = root.context().focus.lastArrival(root.reference().busName);
+  for (int level = 0; level < mostLevelsOfPopover && !current.isNull(); ++level) {
+    const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
+    if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
+    const auto difference = distance(facts.windowExtents, window.client, Coordinates::ofWindow);
+    if (facts.answered(Ask::windowExtents) && difference < bestDistance) {
+      best = current;
+      bestDistance = difference;
+    }
+    current = facts.parent;
+  }
+  return best;
+}
+
+AtspiReference windowOrPopover(const ElementView& root, const WindowOnScreen& window) {
+  const bool isPopover = window.overrideRedirect && root.toolkit() == Toolkit::gtk4;
+  return isPopover ? popoverOf(root, window) : topLevelOf(root, window);
+}
+
 AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window) {
   auto& reader = context.reader();
   const auto root = context.processes.rootOf(window.process, reader);
   if (root.isNull()) return {};
-  const auto topLevel = topLevelOf(ElementView(context, reader, root), window);
+  auto topLevel = windowOrPopover(ElementView(context, reader, root), window);
   if (!topLevel.isNull()) context.topLevels.note(window, topLevel);
   return topLevel;
 }
@@ -106,28 +130,25 @@ AtspiReference optionAt(AtspiContext& context, std::string_view busName, CGPoint
   const auto highlighted = context.highlightedItems.highlightedIn(busName);
   if (highlighted.isNull()) return {};
   const ElementView item(context, context.reader(), highlighted);
-  const auto option = childAtHeight(item.other(item.need(Ask::parent).parent), point);
+  auto option = childAtHeight(item.other(item.need(Ask::parent).parent), point);
   if (option.isNull() || !item.other(option).hasState(AtspiState::showing)) return {};
   comboBoxOf(item.other(option));
   return option;
 }
 
-// An application that has just opened a menu may still tell which item of it is highlighted.
-AtspiReference elementInUnknownPopUp(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
-  const auto pressed = context.pressed.at(point);
-  return pressed.isNull() ? context.processes.rootOf(window.process, context.reader()) : pressed;
-}
-
 AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
+  auto pressed = window.overrideRedirect ? context.pressed.at(point) : AtspiReference{};
+  if (!pressed.isNull()) return pressed;
   const auto known = context.topLevels.find(window);
   if (!known.isNull()) {
-    const auto hit = hitTestBelow(context, known, point, window);
+    auto hit = hitTestBelow(context, known, point, window);
     if (context.reader().read(known, Ask::role).answered(Ask::role)) return hit;
     context.topLevels.forget(window);
   }
   const auto topLevel = findTopLevel(context, window);
   if (!topLevel.isNull()) return hitTestBelow(context, topLevel, point, window);
-  if (window.overrideRedirect) return elementInUnknownPopUp(context, window, point);
+  // An application that has just opened a menu may still tell which item of it is highlighted.
+  if (window.overrideRedirect) return context.processes.rootOf(window.process, context.reader());
   if (context.processes.busNamesOf(window.process, context.reader()).empty()) context.noteMissing(window);
   return {};
 }
@@ -135,8 +156,11 @@ AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CG
 AtspiReference pressedElement(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
   const auto root = context.processes.rootOf(window.process, context.reader());
   if (root.isNull()) return {};
-  if (!ElementView(context, context.reader(), root).application().showsWebPages()) return {};
-  return window.overrideRedirect ? optionAt(context, root.busName, point) : elementIn(context, window, point);
+  const ElementView application(context, context.reader(), root);
+  const bool showsWebPages = application.application().showsWebPages();
+  if (showsWebPages && window.overrideRedirect) return optionAt(context, root.busName, point);
+  const bool isPopover = window.overrideRedirect && application.toolkit() == Toolkit::gtk4;
+  return showsWebPages || isPopover ? elementIn(context, window, point) : AtspiReference{};
 }
 
 }  // namespace

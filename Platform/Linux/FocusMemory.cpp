@@ -6,7 +6,13 @@ namespace norra::linux_desktop {
 
 void FocusMemory::noteArrival(const AtspiReference& element) {
   const std::lock_guard lock(mutex_);
-  applications_[element.busName].arrived = element.path;
+  auto& paths = applications_[element.busName];
+  paths.arrived = element.path;
+  paths.lastArrived = element.path;
+}
+
+AtspiReference FocusMemory::lastArrival(std::string_view busName) const {
+  return find(busName, &Paths::lastArrived).value_or(AtspiReference{});
 }
 
 std::optional<AtspiReference> FocusMemory::takeArrival(std::string_view busName) {

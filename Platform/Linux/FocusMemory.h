@@ -16,7 +16,9 @@ class FocusMemory {
  public:
   /// An event told of this one. What it is has not been looked at.
   void noteArrival(const AtspiReference& element);
-  /// The last one that was told of; once.
+  /// The last one that was told of. Null: none was.
+  AtspiReference lastArrival(std::string_view busName) const;
+  /// The same; once.
   std::optional<AtspiReference> takeArrival(std::string_view busName);
 
   /// The one that is followed. Nothing: the application told of none yet.
@@ -35,6 +37,7 @@ class FocusMemory {
  private:
   struct Paths {
     std::optional<std::string> arrived;
+    std::optional<std::string> lastArrived;
     std::optional<std::string> followed;
     std::optional<std::string> found;
   };

@@ -1,6 +1,7 @@
 #include "Platform/Linux/HitTestByToolkit.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "Platform/Linux/AtspiStructure.h"
 #include "Platform/Linux/PlacedElements.h"
@@ -12,6 +13,9 @@ constexpr int mostLevels = 40;
 // A tab says only where its label is.
 constexpr std::int32_t marginOfTab = 16;
 constexpr std::int64_t mostColumns = 64;
+// What GTK 4 calls buttons that have no name.
+constexpr std::string_view nameOfButtonInDropDown = "GtkToggleButton";
+constexpr int mostLevelsInDropDown = 8;
 
 AtspiCall hitTestCall(const AtspiReference& element, CGPoint point, std::uint32_t coordinates) {
   return {element,
@@ -107,6 +111,31 @@ Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
   return {popover.isNull() ? answer : popover};
 }
 
+bool mayBePartOfDropDown(const ElementView& view) {
+  const auto& name = view.need(Ask::name).name;
+  switch (view.role()) {
+    case AtspiRole::label:
+    case AtspiRole::panel:
+    case AtspiRole::filler: return true;
+    default: return name == nameOfButtonInDropDown;
+  }
+}
+
+// A drop-down of GTK 4 is covered by a button that is part of it, and has no name. What is asked here is what the walk
+// from the element upwards asks anyway.
+AtspiReference withoutDropDownsButton(const ElementView& topLevel, const AtspiReference& found) {
+  auto current = found;
+  for (int level = 0; level < mostLevelsInDropDown && current != topLevel.reference(); ++level) {
+    topLevel.reader().notePath(current);
+    const auto view = topLevel.other(current);
+    if (view.role() == AtspiRole::comboBox) return current;
+    if (!mayBePartOfDropDown(view)) break;
+    current = view.need(Ask::parent).parent;
+    if (current.isNull()) break;
+  }
+  return found;
+}
+
 }  // namespace
 
 AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return ask(view, point, 0, Ask::role); }
@@ -131,12 +160,13 @@ AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const Win
   const auto place = saysShadow ? AtspiRectangle{} : topLevel.needOnly({Ask::windowExtents, Ask::role}).windowExtents;
   const auto left = saysShadow ? window.shadow.left : (window.client.width - place.width) / 2;
   const auto top = saysShadow ? window.shadow.top : (window.client.height - place.height) / 2;
-  const CGPoint inside{point.x - window.client.x - left, point.y - window.client.y - top};
-  const auto answer = ask(topLevel, inside, 1, Ask::role);
+  const CGPoint inside{point.x - window.client.x - left + place.x, point.y - window.client.y - top + place.y};
+  // It finds nothing in popovers.
+  const auto answer = window.overrideRedirect ? AtspiReference{} : ask(topLevel, inside, 1, Ask::role);
   const auto hit = answer.isNull() ? topLevel : topLevel.other(answer);
   topLevel.reader().notePath(hit.reference());
   hit.need(Ask::childCount);
-  return deepestByPlace(hit, inside, Coordinates::ofWindow);
+  return withoutDropDownsButton(topLevel, deepestByPlace(hit, inside, Coordinates::ofWindow));
 }
 
 AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point) {

@@ -11,7 +11,7 @@ AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point);
 
 /// Level by level; pages of notebooks, whose own hit test stops at their tabs, by extents.
 AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point);
-/// In coordinates of the window, since it knows no others.
+/// In coordinates of the window, since it knows no others; a popover has its place in that of the window it belongs to.
 AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window);
 /// The deepest element comes at once.
 AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point);

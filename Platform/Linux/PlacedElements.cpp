@@ -10,9 +10,13 @@ namespace {
 
 constexpr int mostLevels = 40;
 constexpr std::size_t mostChildren = 64;
+constexpr std::int32_t marginOfItem = 8;
 constexpr std::int32_t nowhere = -2147483647;
 
 Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
+
+// Popovers of GTK 4, open or not, say that they lie over the widget that opens them. They have windows of their own.
+bool isPopover(const AtspiFacts& facts) { return facts.name == "GtkPopover" || facts.name == "GtkPopoverMenu"; }
 
 std::optional<AtspiRectangle> placeIn(const AtspiFacts& facts, Coordinates coordinates) {
   const auto ask = askFor(coordinates);
@@ -26,13 +30,15 @@ std::vector<PlacedElement> placed(const ElementView& view, const std::vector<Ats
                                   Coordinates coordinates) {
   std::vector<AtspiQuestion> questions;
   for (const auto& child : references) {
-    questions.push_back({child, Asks{Ask::role, Ask::states, askFor(coordinates)}});
+    const Asks asks{Ask::role, Ask::states, askFor(coordinates)};
+    questions.push_back({child, coordinates == Coordinates::ofWindow ? asks | Ask::name : asks});
   }
   view.reader().read(questions);
   std::vector<PlacedElement> children;
   for (const auto& child : references) {
     const auto& facts = view.reader().known(child);
-    children.push_back({child, static_cast<AtspiRole>(facts.role), facts.states, placeIn(facts, coordinates)});
+    auto place = isPopover(facts) ? std::nullopt : placeIn(facts, coordinates);
+    children.push_back({child, static_cast<AtspiRole>(facts.role), facts.states, place});
     view.reader().noteParent(child, view.reference());
   }
   return children;
@@ -47,11 +53,22 @@ bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinate
   return !view.reader().known(child.reference).answered(askFor(coordinates));
 }
 
+// Items of lists of GTK 4 say where their content is, without what is around it.
+bool isAroundItem(const PlacedElement& child, CGPoint point, Coordinates coordinates) {
+  if (coordinates != Coordinates::ofWindow || child.role != AtspiRole::listItem || !child.place) return false;
+  const auto& [x, y, width, height] = *child.place;
+  const AtspiRectangle around{x - marginOfItem, y - marginOfItem, width + 2 * marginOfItem, height + 2 * marginOfItem};
+  return contains(around, point);
+}
+
 // The child to go on with: the topmost at the point, else one that does not say where it is but has a child there.
 AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coordinates, int levelsOfUnplaced) {
   const auto children = placedChildren(view, coordinates);
   for (const auto& child : children | std::views::reverse) {
     if (child.isAt(point)) return child.reference;
+  }
+  for (const auto& child : children) {
+    if (isAroundItem(child, point, coordinates)) return child.reference;
   }
   if (levelsOfUnplaced == 0) return {};
   for (const auto& child : children | std::views::reverse) {

@@ -7,7 +7,7 @@ import gi
 
 gi.require_version("GdkX11", "4.0")
 gi.require_version("Gtk", "4.0")
-from gi.repository import GdkX11, GLib, Gtk
+from gi.repository import GdkX11, Gio, GLib, Gtk
 
 from control import Control
 
@@ -42,10 +42,27 @@ class Window(Gtk.Window):
 
     def controls(self, column):
         column.append(self.named("Weigh anchor", Gtk.Button(label="Weigh anchor")))
+        column.append(self.named("Voyage", Gtk.MenuButton(label="Voyage", popover=self.popover())))
+        column.append(self.named("Tools", Gtk.MenuButton(label="Tools", menu_model=self.menu())))
+        column.append(self.labelled("Cargo", Gtk.DropDown.new_from_strings(["Tea", "Salt", "Rope"])))
         column.append(self.named("Lanterns", Gtk.CheckButton(label="Lanterns")))
         column.append(self.labelled("Autopilot", Gtk.Switch(halign=Gtk.Align.START)))
         column.append(self.labelled("Speed", Gtk.Scale.new_with_range(Gtk.Orientation.HORIZONTAL, 0, 100, 1)))
         column.append(self.labelled("Crew", Gtk.SpinButton.new_with_range(0, 100, 1)))
+
+    def popover(self):
+        box = Gtk.Box(orientation=Gtk.Orientation.VERTICAL)
+        for text in ("Depart", "Return"):
+            box.append(self.named(text, Gtk.Button(label=text)))
+        return Gtk.Popover(child=box)
+
+    def menu(self):
+        menu, actions = Gio.Menu(), Gio.SimpleActionGroup()
+        self.insert_action_group("tools", actions)
+        for text in ("Chart", "Compass"):
+            actions.add_action(Gio.SimpleAction.new(text, None))
+            menu.append(text, f"tools.{text}")
+        return menu
 
     def texts(self, column):
         column.append(self.labelled("Ship", Gtk.Entry()))
@@ -58,14 +75,19 @@ class Window(Gtk.Window):
 
 
 class Places:
-    """Where a widget is on the screen: its window's place, as the window manager has it, and its own place in it."""
+    """Where a widget is on the screen: its window's place, as the window manager has it, and its own place in it.
+    "Cargo: 1" is an item of what pops up."""
 
     def __init__(self, window):
         self.widgets = window.widgets
 
     def place(self, name):
+        name, _, number = name.partition(": ")
         widget = self.widgets[name]
-        if not widget.get_mapped():
+        if number:
+            items = list(self.items(widget))
+            widget = items[int(number)] if items else None
+        if not widget or not widget.get_mapped():
             return None
         native = widget.get_native()
         x, y = self.origin(native.get_surface())
@@ -73,6 +95,14 @@ class Places:
         known, area = widget.compute_bounds(native)
         numbers = (x + shadow[0] + area.origin.x, y + shadow[1] + area.origin.y, area.size.width, area.size.height)
         return [round(number) for number in numbers] if known else None
+
+    def items(self, widget):
+        if widget.__gtype__.name in ("GtkModelButton", "GtkListItemWidget") and isinstance(widget.get_native(), Gtk.Popover):
+            yield widget
+        child = widget.get_first_child()
+        while child:
+            yield from self.items(child)
+            child = child.get_next_sibling()
 
     @staticmethod
     def origin(surface):

@@ -1,8 +1,10 @@
 #!/usr/bin/python3
 """Clicks, texts and values in a GTK 4 application."""
+import hands
 from desktop import EndToEndTest, main
 from expected import change, click
 from text_tests import TextTests
+from waiting import wait_until
 
 
 class Gtk4(TextTests, EndToEndTest):
@@ -36,6 +38,33 @@ class Gtk4(TextTests, EndToEndTest):
     def test_an_item_of_a_list_is_told_by_its_text(self):
         self.application.click("Lookout")
         self.expect(click("Lookout", "list item"))
+
+    def click_in_what_opened(self, widget):
+        window = hands.window_below_pointer()
+        hands.point_to(self.application.place(widget))
+        wait_until(lambda: hands.window_below_pointer() != window, "the pop-up to open")
+        self.application.click(widget)
+
+    def test_a_button_in_a_popover_is_told(self):
+        self.application.click("Voyage")
+        self.expect(click("Voyage", "button"))
+        self.click_in_what_opened("Return")
+        self.expect(click("Return", "button"))
+        hands.key("Escape")
+        wait_until(lambda: not self.application.ask("place", "Return"), "the popover to close")
+
+    def test_an_item_of_a_menu_is_told(self):
+        self.application.click("Tools")
+        self.expect(click("Tools", "button"))
+        self.click_in_what_opened("Tools: 1")
+        self.expect(click("Compass", "menu item"))
+
+    def test_the_option_of_a_drop_down_is_told(self):
+        self.application.click("Cargo")
+        self.expect(click("Cargo", "combo box"))
+        self.click_in_what_opened("Cargo: 1")
+        chosen = click("Salt", "list item")
+        self.assertIn(chosen, self.collection.until(lambda report: report == chosen))
 
     def test_a_hidden_text_is_told_as_a_password(self):
         self.focus("Cipher", "text box")
