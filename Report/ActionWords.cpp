@@ -6,8 +6,6 @@
 namespace norra::report {
 namespace {
 
-using std::string_literals::operator""s;
-
 /// The parts that are not empty, with the separator between them.
 std::string joined(std::string_view left, std::string_view separator, std::string_view right) {
   std::string text(left);
@@ -100,7 +98,7 @@ ActionWords words(const ToggleData& data) {
 }
 
 ActionWords words(const ChangePasswordData& data) {
-  return {"Changed password in "s + data.controlType.value_or("field"), data.elementName, std::nullopt};
+  return {std::string("Changed password in ") + data.controlType.value_or("field"), data.elementName, std::nullopt};
 }
 
 template <CodingKeys kind>

@@ -1,6 +1,6 @@
 #!/bin/bash
 # fuzz.sh [SECONDS [FUZZER...]]: looks for inputs that break what reads them, with each fuzzer for so long (30 s by default).
-# What it finds is kept in build/fuzz/findings, what it learnt in build/fuzz/corpus.
+# What it finds is kept in build/fuzz/findings, what it learnt in build/fuzz/corpus. NORRA_SEED repeats a run from the same corpus.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -22,7 +22,7 @@ for name in "${fuzzers[@]}"; do
   learnt=build/fuzz/corpus/$name
   known=(tests/fuzz/corpus/"$name")
   [ "$name" = Scenario ] && known+=(tests/scenarios)
-  options=(-max_total_time="$seconds" -print_final_stats=1 -verbosity=0 -timeout=20 -rss_limit_mb=2048
+  options=(-max_total_time="$seconds" -print_final_stats=1 -verbosity=0 -timeout=20 -rss_limit_mb=2048 -seed="${NORRA_SEED:-0}"
            -artifact_prefix=build/fuzz/findings/"$name"-)
   [ -f tests/fuzz/"$name".dict ] && options+=(-dict=tests/fuzz/"$name".dict)
   mkdir -p "$learnt"

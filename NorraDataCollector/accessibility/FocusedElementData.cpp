@@ -33,7 +33,8 @@ std::optional<std::string> FocusedElementData::valueToText(AXAttributeValue valu
 
 std::string FocusedElementData::masked(std::string text) const {
   if (!shouldTrackValue_) return {};
-  return isPassword_ ? std::string(characterCount(text), '*') : text;
+  if (isPassword_) return std::string(characterCount(text), '*');
+  return text;
 }
 
 std::optional<FocusedElementData> focusedElementData(const std::optional<AXUIElement>& element) {

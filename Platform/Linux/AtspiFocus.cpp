@@ -30,7 +30,7 @@ bool isSearched(const AtspiFacts& facts) {
 }
 
 std::vector<AtspiReference> shownChildren(const ElementView& view) {
-  const auto children = firstChildren(view, mostChildrenSearched);
+  auto children = firstChildren(view, mostChildrenSearched);
   std::vector<AtspiQuestion> questions;
   for (const auto& child : children) questions.push_back({child, Asks{Ask::role, Ask::states, Ask::childCount}});
   view.reader().read(questions);
@@ -72,7 +72,7 @@ bool isStillFocused(AtspiContext& context, const std::string& busName) {
 
 AtspiReference rememberedFocus(AtspiContext& context, ProcessIdentifier process, AtspiReader& reader) {
   for (const auto& name : context.processes.busNamesOf(process, reader)) {
-    const auto focused = settleFocus(context, name);
+    auto focused = settleFocus(context, name);
     if (!focused.isNull() && isStillFocused(context, name)) return focused;
   }
   return {};
@@ -173,14 +173,14 @@ AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
 
 AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process) {
   auto& reader = context.reader();
-  if (const auto remembered = rememberedFocus(context, process, reader); !remembered.isNull()) return remembered;
+  if (auto remembered = rememberedFocus(context, process, reader); !remembered.isNull()) return remembered;
   const auto root = context.processes.rootOf(process, reader);
   if (root.isNull()) return {};
   const auto window = activeWindowOf(context, root);
   if (window.isNull()) return {};
   const auto found = searchFocused(ElementView(context, reader, window));
   if (found.isNull()) return {};
-  const auto followed = followedElement(ElementView(context, reader, found));
+  auto followed = followedElement(ElementView(context, reader, found));
   context.focus.followFound(followed, found);
   return followed;
 }

@@ -55,8 +55,8 @@ AtspiReference hitTestGecko(const ElementView& topLevel, CGPoint point) {
   auto found = hitTestWeb(topLevel, point);
   if (found != topLevel.reference()) return found;
   auto& context = topLevel.context();
-  auto pressed = context.pressed.at(point);
-  if (!pressed.isNull()) return pressed;
+  const auto pressed = context.pressed.at(point);
+  if (!pressed.isNull()) return withoutHiddenOption(topLevel, pressed);
   const auto focused = settleFocus(context, found.busName);
   return isAt(topLevel.other(focused), point) ? focused : found;
 }
@@ -153,14 +153,23 @@ AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CG
   return {};
 }
 
+AtspiReference pressedInBrowser(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
+  auto topLevel = context.topLevels.find(window);
+  if (topLevel.isNull()) topLevel = findTopLevel(context, window);
+  return topLevel.isNull() ? AtspiReference{} : toolkitsAnswer({context, context.reader(), topLevel}, point);
+}
+
+// Null without a call for applications that need not be asked.
 AtspiReference pressedElement(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
-  const auto root = context.processes.rootOf(window.process, context.reader());
-  if (root.isNull()) return {};
-  const ElementView application(context, context.reader(), root);
-  const bool showsWebPages = application.application().showsWebPages();
-  if (showsWebPages && window.overrideRedirect) return optionAt(context, root.busName, point);
-  const bool isPopover = window.overrideRedirect && application.toolkit() == Toolkit::gtk4;
-  return showsWebPages || isPopover ? elementIn(context, window, point) : AtspiReference{};
+  for (const auto& name : context.processes.busNamesOf(window.process, context.reader())) {
+    const auto application = context.applications.find(name);
+    if (!application) continue;
+    const bool isPopover = window.overrideRedirect && application->toolkit == Toolkit::gtk4;
+    if (isPopover) return elementIn(context, window, point);
+    if (!application->showsWebPages()) continue;
+    return window.overrideRedirect ? optionAt(context, name, point) : pressedInBrowser(context, window, point);
+  }
+  return {};
 }
 
 }  // namespace

@@ -174,12 +174,15 @@ AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point) {
   return answer.isNull() ? topLevel.reference() : answer;
 }
 
-// A closed select answers with an option that is not on the screen.
 AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point) {
   const bool wasAskedAtPress = !topLevel.context().pressed.at(point).isNull();
   if (!wasAskedAtPress) toolkitsAnswer(topLevel, point);
-  auto answer = toolkitsAnswer(topLevel, point);
-  if (answer.isNull()) return topLevel.reference();
+  const auto answer = toolkitsAnswer(topLevel, point);
+  return answer.isNull() ? topLevel.reference() : withoutHiddenOption(topLevel, answer);
+}
+
+// A closed select answers with an option that is not on the screen.
+AtspiReference withoutHiddenOption(const ElementView& topLevel, AtspiReference answer) {
   topLevel.reader().notePath(answer);
   for (int level = 0; level < 3; ++level) {
     const auto hit = topLevel.other(answer);

@@ -17,5 +17,7 @@ AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const Win
 AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point);
 /// The same, but the first answer may be of the place that was asked for before.
 AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point);
+/// What stands on the screen of an answer for a web page.
+AtspiReference withoutHiddenOption(const ElementView& topLevel, AtspiReference answer);
 
 }  // namespace norra::linux_desktop

@@ -81,7 +81,7 @@ LinuxDesktop::OfferedTaps LinuxDesktop::offerEventTaps(EventLoop& loop) {
 LinuxDesktop::LinuxDesktop(EventLoop& loop)
     : sessionProblem_(waylandProblem()),
       windows_(newWindows()),
-      workspace_(newWorkspace(loop, windows_.get())),
+      workspace_(newWorkspace(loop, windows_.get())),  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): it is owned
       eventTaps_(offerEventTaps(loop)),
       noWindows_(noWindowsBeside(windows_.get())),
       accessibility_(std::make_unique<AtspiAccessibility>(

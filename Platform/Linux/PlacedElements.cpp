@@ -1,7 +1,6 @@
 #include "Platform/Linux/PlacedElements.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "Platform/Linux/AtspiStructure.h"
 
@@ -64,16 +63,16 @@ bool isAroundItem(const PlacedElement& child, CGPoint point, Coordinates coordin
 // The child to go on with: the topmost at the point, else one that does not say where it is but has a child there.
 AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coordinates, int levelsOfUnplaced) {
   const auto children = placedChildren(view, coordinates);
-  for (const auto& child : children | std::views::reverse) {
-    if (child.isAt(point)) return child.reference;
-  }
+  const auto topmost =
+      std::find_if(children.rbegin(), children.rend(), [&](const auto& child) { return child.isAt(point); });
+  if (topmost != children.rend()) return topmost->reference;
   for (const auto& child : children) {
     if (isAroundItem(child, point, coordinates)) return child.reference;
   }
   if (levelsOfUnplaced == 0) return {};
-  for (const auto& child : children | std::views::reverse) {
-    if (!saysNoPlace(view, child, coordinates)) continue;
-    const auto below = nextDown(view.other(child.reference), point, coordinates, levelsOfUnplaced - 1);
+  for (auto child = children.rbegin(); child != children.rend(); ++child) {
+    if (!saysNoPlace(view, *child, coordinates)) continue;
+    auto below = nextDown(view.other(child->reference), point, coordinates, levelsOfUnplaced - 1);
     if (!below.isNull()) return below;
   }
   return {};
@@ -101,7 +100,7 @@ AtspiReference childAtHeight(const ElementView& list, CGPoint point) {
   auto end = static_cast<std::size_t>(std::max<std::int64_t>(0, list.needOnly(Ask::childCount).childCount));
   while (first < end) {
     const auto middle = first + (end - first) / 2;
-    const auto child = childAt(list, middle);
+    auto child = childAt(list, middle);
     const auto place = placeOf(list, child);
     if (!place) return {};
     if (contains(*place, point)) return child;
