@@ -110,9 +110,12 @@ AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) 
   return best;
 }
 
+bool isPopover(const WindowOnScreen& window, Toolkit toolkit) {
+  return window.overrideRedirect && toolkit == Toolkit::gtk4;
+}
+
 AtspiReference windowOrPopover(const ElementView& root, const WindowOnScreen& window) {
-  const bool isPopover = window.overrideRedirect && root.toolkit() == Toolkit::gtk4;
-  return isPopover ? popoverOf(root, window) : topLevelOf(root, window);
+  return isPopover(window, root.toolkit()) ? popoverOf(root, window) : topLevelOf(root, window);
 }
 
 AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window) {
@@ -164,8 +167,7 @@ AtspiReference pressedElement(AtspiContext& context, const WindowOnScreen& windo
   for (const auto& name : context.processes.busNamesOf(window.process, context.reader())) {
     const auto application = context.applications.find(name);
     if (!application) continue;
-    const bool isPopover = window.overrideRedirect && application->toolkit == Toolkit::gtk4;
-    if (isPopover) return elementIn(context, window, point);
+    if (isPopover(window, application->toolkit)) return elementIn(context, window, point);
     if (!application->showsWebPages()) continue;
     return window.overrideRedirect ? optionAt(context, name, point) : pressedInBrowser(context, window, point);
   }

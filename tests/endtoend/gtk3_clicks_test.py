@@ -4,9 +4,10 @@ import hands
 from desktop import EndToEndTest, main
 from expected import (change, click, click_combo_box, click_link, click_list_item, click_radio_button, key_combination,
                       special_key)
+from toggle_tests import ToggleTests
 
 
-class Gtk3Clicks(EndToEndTest):
+class Gtk3Clicks(ToggleTests, EndToEndTest):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
@@ -17,17 +18,6 @@ class Gtk3Clicks(EndToEndTest):
             with self.subTest(button):
                 self.application.click("Drop anchor", button)
                 self.expect(click("Drop anchor", "push button", button=told))
-
-    def test_a_check_box_is_told_with_its_new_state(self):
-        self.focus("Lanterns", "check box")
-        for state in (1, 0):
-            self.application.click("Lanterns")
-            self.expect(click("Lanterns", "check box", state=state), change("Toggle", "Lanterns", "check box", str(state)))
-
-    def test_a_radio_button_is_told_with_its_group(self):
-        self.focus("South", "radio button")
-        self.application.click("South")
-        self.expect(click_radio_button("South", "radio button", "Course"), change("Text", "South", "radio button", "1"))
 
     def test_a_slider_is_told_as_clicked_and_as_changed(self):
         self.focus("Speed", "slider")

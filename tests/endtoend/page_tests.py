@@ -1,11 +1,12 @@
 """Clicks, texts and values in the page that a browser shows; a test file for each browser inherits it."""
 import hands
-from expected import change, click, click_link, click_list_item, click_radio_button
+from expected import click, click_link, click_list_item
 from text_tests import SelectionTests, TextTests
+from toggle_tests import ToggleTests
 from waiting import wait_until
 
 
-class PageTests(TextTests, SelectionTests):
+class PageTests(TextTests, SelectionTests, ToggleTests):
     """Mixed into an EndToEndTest that says which `browser` it opens."""
 
     menu_opens_under_pointer = True
@@ -42,17 +43,6 @@ class PageTests(TextTests, SelectionTests):
     def test_a_link_is_told_with_its_address(self):
         self.application.click("link")
         self.expect(click_link("Depths of the bay", self.application.address + "#depths"))
-
-    def test_a_check_box_is_told_with_its_new_state(self):
-        self.focus("Lanterns", "check box")
-        for state in (1, 0):
-            self.application.click("Lanterns")
-            self.expect(click("Lanterns", "check box", state=state), change("Toggle", "Lanterns", "check box", str(state)))
-
-    def test_a_radio_button_is_told_with_its_group(self):
-        self.focus("South", "radio button")
-        self.application.click("South")
-        self.expect(click_radio_button("South", "radio button", "Course"), change("Text", "South", "radio button", "1"))
 
     def test_a_select_is_told(self):
         self.focus("Cargo", "combo box")
