@@ -83,6 +83,12 @@ class FaultTest(EndToEndTest):
         return self.collection.until(lambda other: other == report, patience=0.5)[-1:] == [report]
 
 
+def hostile_faults():
+    """The names of what a hostile application can do."""
+    answer = subprocess.run([PROGRAMS / "norra-hostile-application"], capture_output=True, text=True, check=True)
+    return answer.stdout.splitlines()
+
+
 class HostileApplication(Application):
     """One window over a button that the accessibility bus calls "Reef"; the program tells its faults."""
 

@@ -5,12 +5,9 @@ import sys
 import hands
 from desktop import main
 from expected import click
-from faults import FaultTest, HostileApplication
+from faults import FaultTest, HostileApplication, hostile_faults
 from waiting import wait_until
 
-FAULTS = ["is silent", "answers half", "answers with wrong types", "has a parent circle", "has endless parents",
-          "has huge texts", "has a million children", "has negative numbers", "points to others", "floods with events",
-          "floods with events and is silent", "floods whoever asks"]
 MEBIBYTE = 1 << 20
 HUGE_TEXT = 64 * MEBIBYTE
 KEPT_MEMORY = 8 * MEBIBYTE
@@ -28,7 +25,7 @@ class Hostile(FaultTest):
             self.expect_among(click("Reef", "some role"))
 
     def test_no_fault_harms_another_application(self):
-        for fault in FAULTS:
+        for fault in hostile_faults():
             with self.subTest(fault), HostileApplication(fault) as hostile:
                 self.follow(hostile)
                 before = self.service.private_memory()

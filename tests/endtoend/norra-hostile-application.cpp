@@ -1,3 +1,4 @@
+// norra-hostile-application: names its faults, one a line.
 // norra-hostile-application FAULT [NUMBER]: one window, over a button that the accessibility bus calls "Reef", and one
 // fault. "none" is none; "ends" and "stops" happen at the call of that number, from the first click on. Says "ready",
 // tells for each line of its input how many calls it has received, and ends with its input.
@@ -44,11 +45,17 @@ std::shared_ptr<void> begin(FakeApplication& application, std::string_view fault
   return nullptr;
 }
 
+int nameFaults() {
+  for (const auto& fault : hostileFaults()) say(fault.name);
+  return 0;
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+  if (argumentCount < 2) return nameFaults();
   const auto connection = X11Connection::open();
-  if (!connection || argumentCount < 2) return 2;
+  if (!connection) return 2;
   FakeApplication application;
   showReef(application);
   auto window = traits;

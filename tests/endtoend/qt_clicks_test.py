@@ -71,7 +71,7 @@ class QtClicks:
         self.application.press("Cargo")
         self.application.place("Cargo: 1")
         hands.release()
-        self.collection.next(1)
+        self.expect(click("Cargo: Tea", "combo box"))
         self.application.click("Cargo: 1")
         self.expect(click("Salt", "list item"))
 
