@@ -8,7 +8,7 @@
 #include <string>
 
 #include "Client/ServiceConnection.h"
-#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
 

@@ -7,10 +7,10 @@
 #include <utility>
 
 #include "Client/ServiceCheck.h"
-#include "Platform/Linux/AtspiBus.h"
-#include "Platform/Linux/SessionBus.h"
-#include "Platform/Linux/X11EventTaps.h"
-#include "Platform/Linux/X11Windows.h"
+#include "Platform/Linux/atspi/AtspiBus.h"
+#include "Platform/Linux/runtime/SessionBus.h"
+#include "Platform/Linux/x11/X11EventTaps.h"
+#include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra {
 namespace {

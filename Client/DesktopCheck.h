@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "Client/DesktopFinding.h"
-#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
 

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
 

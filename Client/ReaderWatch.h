@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
 

@@ -7,7 +7,7 @@
 
 #include "Client/StatisticsView.h"
 #include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra {
 namespace {

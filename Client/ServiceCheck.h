@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Client/DesktopFinding.h"
-#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
 

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "Client/Report.h"
-#include "Platform/Linux/EventLoop.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/runtime/EventLoop.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra {
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra {
 namespace {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
-#include "Platform/Linux/EventLoop.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
 

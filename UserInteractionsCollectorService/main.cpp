@@ -3,8 +3,8 @@
 #include <cstdio>
 
 #include "NorraLogging/NorraOSLoggerFactory.h"
-#include "Platform/Linux/JournalSink.h"
 #include "Platform/Linux/LinuxPlatform.h"
+#include "Platform/Linux/runtime/JournalSink.h"
 #include "UserInteractionsCollectorService/ServiceEntry.h"
 
 namespace {

@@ -4,12 +4,12 @@
 #include <string_view>
 #include <utility>
 
-#include "Platform/Linux/AbsentDesktop.h"
-#include "Platform/Linux/AtspiAccessibility.h"
-#include "Platform/Linux/PlatformLogger.h"
-#include "Platform/Linux/X11EventTaps.h"
-#include "Platform/Linux/X11Windows.h"
-#include "Platform/Linux/X11Workspace.h"
+#include "Platform/Linux/accessibility/AtspiAccessibility.h"
+#include "Platform/Linux/display/AbsentDisplay.h"
+#include "Platform/Linux/runtime/PlatformLogger.h"
+#include "Platform/Linux/x11/X11EventTaps.h"
+#include "Platform/Linux/x11/X11Windows.h"
+#include "Platform/Linux/x11/X11Workspace.h"
 
 namespace norra::linux_desktop {
 namespace {

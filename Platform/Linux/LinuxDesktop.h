@@ -8,8 +8,8 @@
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
-#include "Platform/Linux/EventLoop.h"
-#include "Platform/Linux/WindowsOnScreen.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Workspace.h"
 
 namespace norra::linux_desktop {

@@ -5,13 +5,13 @@
 #include <memory>
 #include <string>
 
-#include "Platform/Linux/BusListener.h"
-#include "Platform/Linux/EventLoop.h"
 #include "Platform/Linux/LinuxDesktop.h"
-#include "Platform/Linux/SerialExecutorThread.h"
-#include "Platform/Linux/ServiceProcess.h"
-#include "Platform/Linux/StatisticsObject.h"
-#include "Platform/Linux/SystemClock.h"
+#include "Platform/Linux/runtime/EventLoop.h"
+#include "Platform/Linux/runtime/SerialExecutorThread.h"
+#include "Platform/Linux/runtime/SystemClock.h"
+#include "Platform/Linux/service/BusListener.h"
+#include "Platform/Linux/service/ServiceProcess.h"
+#include "Platform/Linux/service/StatisticsObject.h"
 #include "Platform/Platform.h"
 
 namespace norra::linux_desktop {

@@ -3,8 +3,8 @@
 #include <stdexcept>
 #include <thread>
 
-#include "Platform/Linux/AtspiBus.h"
-#include "Platform/Linux/AtspiReply.h"
+#include "Platform/Linux/atspi/AtspiBus.h"
+#include "Platform/Linux/atspi/AtspiMessage.h"
 
 namespace norra::benchmarks {
 namespace {

@@ -5,7 +5,7 @@
 #include <memory>
 
 #include "Platform/Accessibility.h"
-#include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/x11/X11Connection.h"
 
 namespace norra::benchmarks {
 

@@ -3,7 +3,7 @@
 #include <thread>
 
 #include "Client/ServiceConnection.h"
-#include "Platform/Linux/X11EventTaps.h"
+#include "Platform/Linux/x11/X11EventTaps.h"
 
 namespace norra::benchmarks {
 namespace {

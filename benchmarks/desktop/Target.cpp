@@ -3,9 +3,9 @@
 #include <map>
 #include <stdexcept>
 
-#include "Platform/Linux/AtspiContext.h"
-#include "Platform/Linux/AtspiHitTest.h"
-#include "Platform/Linux/X11Windows.h"
+#include "Platform/Linux/pointer/PointedElement.h"
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra::benchmarks {
 namespace {

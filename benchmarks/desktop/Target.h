@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Platform/Linux/AtspiReference.h"
+#include "Platform/Linux/atspi/AtspiReference.h"
 
 namespace norra::benchmarks {
 

@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "Platform/Linux/AtspiReply.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/atspi/AtspiMessage.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 #include "tests/fuzz/FuzzInput.h"
 
 namespace norra::linux_desktop {

@@ -12,9 +12,9 @@
 #include <string_view>
 #include <vector>
 
-#include "Platform/Linux/AtspiContext.h"
-#include "Platform/Linux/AtspiElement.h"
-#include "Platform/Linux/X11Windows.h"
+#include "Platform/Linux/accessibility/AtspiElement.h"
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra::linux_desktop {
 namespace {

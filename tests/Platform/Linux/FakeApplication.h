@@ -15,8 +15,8 @@
 #include <utility>
 #include <vector>
 
-#include "Platform/Linux/AtspiReference.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/atspi/AtspiReference.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra::linux_desktop {
 

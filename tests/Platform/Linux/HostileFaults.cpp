@@ -4,7 +4,7 @@
 #include <limits>
 #include <string_view>
 
-#include "Platform/Linux/AtspiRole.h"
+#include "Platform/Linux/atspi/AtspiRole.h"
 
 namespace norra::linux_desktop {
 namespace {

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/x11/X11Connection.h"
 
 namespace norra::linux_desktop {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra::linux_desktop {
 

@@ -1,0 +1,49 @@
+// The accessibility of the real desktop.
+#pragma once
+
+#include <memory>
+
+#include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
+#include "Platform/Accessibility.h"
+#include "Platform/EventTap.h"
+#include "Platform/Linux/accessibility/AtspiObserver.h"
+#include "Platform/Linux/atspi/AccessibilitySwitch.h"
+#include "Platform/Linux/pointer/PointedElement.h"
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/reading/ReadingEpoch.h"
+
+namespace norra::linux_desktop {
+
+/// Made on the main thread. Elements and observers that it gives must not be used after it has gone.
+class AtspiAccessibility final : public Accessibility {
+ public:
+  /// `event` is the loop of the main thread; `eventTaps` are asked for input while an element is followed that changes
+  /// without an event. All must outlive this.
+  AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps);
+
+  AXUIElement createSystemWide() override { return context_.systemWide(); }
+  AXUIElement createApplication(ProcessIdentifier process) override { return context_.application(process); }
+  AXResult<std::unique_ptr<AXObserver>> createObserver(ProcessIdentifier process, AXObserverCallback callback) override;
+
+  /// Whether the element with the keyboard focus is known to be a field with a hidden text. Reads nothing. Main thread.
+  bool isSecretFocused();
+
+  /// See linux_desktop::notePress. Main thread.
+  void notePress(std::optional<CGPoint> place) { linux_desktop::notePress(context_, place); }
+
+  /// What reading has cost so far, and whether it is possible. Any thread.
+  void describe(ServiceStatistics& statistics);
+
+ private:
+  std::unique_ptr<Registration> watchInput(std::function<void()> noteInput);
+
+  AccessibilitySwitch switch_;
+  EventTaps& eventTaps_;
+  const EventLoopEpoch epoch_;
+  AtspiContext context_;
+  AtspiEvents events_;
+  FocusEvents focusEvents_;
+  ObserverServices services_;
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,95 @@
+#include "Platform/Linux/applications/RunningApplications.h"
+
+#include <glib.h>
+
+#include <array>
+#include <utility>
+
+#include "Platform/Linux/applications/ProcessFacts.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+using namespace std::string_view_literals;
+
+/// The browsers that the core knows by identifiers of their own, since they are slow to say what a click changed. The
+/// one that they are made of is as slow.
+constexpr std::array<std::pair<std::string_view, std::string_view>, 6> fixedIdentifiers{{
+    {"chromium"sv, "com.google.Chrome"sv},
+    {"google-chrome"sv, "com.google.Chrome"sv},
+    {"microsoft-edge"sv, "com.microsoft.edgemac"sv},
+    {"brave-browser"sv, "com.brave.Browser"sv},
+    {"vivaldi-stable"sv, "com.vivaldi.Vivaldi"sv},
+    {"opera"sv, "com.operasoftware.Opera"sv},
+}};
+
+std::string bundleIdentifierOf(const DesktopFile& file) {
+  for (const auto& [name, identifier] : fixedIdentifiers) {
+    if (name == file.identifier) return std::string(identifier);
+  }
+  return file.identifier;
+}
+
+std::optional<NSURL> fileURL(const std::optional<std::filesystem::path>& path) {
+  if (!path) return std::nullopt;
+  const std::unique_ptr<char, decltype(&g_free)> uri(g_filename_to_uri(path->c_str(), nullptr, nullptr), g_free);
+  if (!uri) return std::nullopt;
+  return NSURL{uri.get()};
+}
+
+ApplicationNames namesOf(const X11ApplicationTraits& window) {
+  return {.instanceName = window.instanceName,
+          .className = window.className,
+          .gtkApplicationIdentifier = window.gtkApplicationIdentifier,
+          .kdeDesktopFile = window.kdeDesktopFile,
+          .sandboxIdentifier = sandboxIdentifierOf(window.process),
+          .program = programOf(argumentsOf(window.process))};
+}
+
+}  // namespace
+
+RunningApplications::RunningApplications(X11Windows& windows, DesktopFiles& desktopFiles)
+    : windows_(windows), desktopFiles_(desktopFiles) {}
+
+std::optional<NSRunningApplication> RunningApplications::application(ProcessIdentifier process) {
+  const auto startTime = startTimeOf(process);
+  if (!startTime) return std::nullopt;
+  const auto generation = desktopFiles_.generation();
+  {
+    const std::lock_guard lock(mutex_);
+    const auto known = answers_.find(process);
+    const bool holds =
+        known != answers_.end() && known->second.startTime == *startTime && known->second.desktopFiles == generation;
+    if (holds) return known->second.application;
+  }
+  X11ApplicationTraits withoutWindow;
+  withoutWindow.process = process;
+  const auto window = windows_.applicationOf(process);
+  Answer answer{describe(window.value_or(withoutWindow)), *startTime, generation};
+  const std::lock_guard lock(mutex_);
+  return answers_.insert_or_assign(process, std::move(answer)).first->second.application;
+}
+
+std::optional<NSRunningApplication> RunningApplications::applicationOf(const X11ApplicationTraits& window) {
+  if (!startTimeOf(window.process)) return std::nullopt;
+  return describe(window);
+}
+
+void RunningApplications::windowsDidChange() {
+  const std::lock_guard lock(mutex_);
+  answers_.clear();
+}
+
+NSRunningApplication RunningApplications::describe(const X11ApplicationTraits& window) {
+  NSRunningApplication application{.processIdentifier = window.process,
+                                   .bundleIdentifier = std::nullopt,
+                                   .executableURL = fileURL(executableOf(window.process)),
+                                   .localizedName = std::nullopt};
+  if (const auto file = desktopFiles_.find(namesOf(window))) {
+    application.bundleIdentifier = bundleIdentifierOf(*file);
+    application.localizedName = file->name;
+  }
+  return application;
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,41 @@
+// Processes as applications: which desktop file describes each.
+#pragma once
+
+#include <unordered_map>
+
+#include "Platform/Linux/applications/DesktopFiles.h"
+#include "Platform/Linux/x11/X11Windows.h"
+#include "Platform/Workspace.h"
+
+namespace norra::linux_desktop {
+
+/// Remembers each answer until the windows or the desktop files change, or the process ends. Any thread.
+class RunningApplications {
+ public:
+  /// Not owned.
+  RunningApplications(X11Windows& windows, DesktopFiles& desktopFiles);
+
+  /// Nothing: no such process.
+  std::optional<NSRunningApplication> application(ProcessIdentifier process);
+  /// The application of a window. Nothing: its process is not known.
+  std::optional<NSRunningApplication> applicationOf(const X11ApplicationTraits& window);
+
+  /// Forgets all answers.
+  void windowsDidChange();
+
+ private:
+  struct Answer {
+    NSRunningApplication application;
+    std::uint64_t startTime = 0;
+    std::uint64_t desktopFiles = 0;  // their generation
+  };
+
+  NSRunningApplication describe(const X11ApplicationTraits& window);
+
+  X11Windows& windows_;
+  DesktopFiles& desktopFiles_;
+  std::mutex mutex_;
+  std::unordered_map<ProcessIdentifier, Answer> answers_;  // guarded by mutex_
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,86 @@
+// The events of applications, as far as somebody listens. Main thread only.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <list>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/runtime/DeferredRun.h"
+#include "Platform/Linux/runtime/EventSource.h"
+#include "Platform/Workspace.h"
+
+namespace norra::linux_desktop {
+
+/// An event without what it says about contents, which is never read: it may be a secret.
+struct AtspiEvent {
+  AtspiReference source;
+  std::string detail;
+  /// 1 for a state that was gained, 0 for one that was lost.
+  std::int32_t detail1 = 0;
+};
+
+/// Which events are wanted.
+struct AtspiEventKind {
+  /// As the registry calls them, "object:state-changed:focused".
+  std::string registryName;
+  /// As they are sent: member of org.a11y.atspi.Event.Object and, unless empty, first argument.
+  std::string member;
+  std::string detail;
+  /// Unless empty, from whom only.
+  AtspiReference source;
+};
+
+using AtspiEventHandler = std::function<void(const AtspiEvent& event)>;
+
+class AtspiEvents {
+ public:
+  /// Both must outlive this.
+  AtspiEvents(sd_event* event, AtspiContext& context);
+  ~AtspiEvents();
+  AtspiEvents(const AtspiEvents&) = delete;
+  AtspiEvents& operator=(const AtspiEvents&) = delete;
+
+  /// Until the result, which must not outlive this, is let go. Applications send the events only as long as somebody
+  /// wants them. Goes on when the bus was lost and is there again.
+  [[nodiscard]] std::unique_ptr<Registration> subscribe(AtspiEventKind kind, AtspiEventHandler handler);
+
+  /// The loop that serves this.
+  sd_event* loop() const { return event_; }
+
+ private:
+  struct Subscription;
+  class Handle;
+
+  void connect();
+  void reconnectLater();
+  void listen(Subscription& subscription);
+  void watchBus();
+  void remindApplications();
+  SlotPtr match(const char* rule, sd_bus_message_handler_t handler);
+  void wantAtRegistry(const std::string& registryName);
+  void unwantAtRegistry(const std::string& registryName);
+  void end(std::list<Subscription>::iterator subscription);
+
+  static int onEvent(sd_bus_message* message, void* subscription, sd_bus_error* error) noexcept;
+  static int onRegistryChange(sd_bus_message* message, void* self, sd_bus_error* error) noexcept;
+  static int onNameChange(sd_bus_message* message, void* self, sd_bus_error* error) noexcept;
+  static int onDisconnect(sd_bus_message* message, void* self, sd_bus_error* error) noexcept;
+  static int onTimeToConnect(sd_event_source* source, std::uint64_t time, void* self) noexcept;
+
+  sd_event* const event_;
+  AtspiContext& context_;
+  BusPtr bus_;
+  DeferredRun reminder_;
+  SlotPtr nameChanges_;
+  SlotPtr registryChanges_;
+  SlotPtr disconnection_;
+  EventSourcePtr reconnection_;
+  std::list<Subscription> subscriptions_;
+  std::map<std::string, int> wanted_;  // subscriptions by registry name
+};
+
+}  // namespace norra::linux_desktop

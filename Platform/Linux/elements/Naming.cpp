@@ -1,0 +1,171 @@
+#include "Platform/Linux/elements/Naming.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <vector>
+
+#include "Platform/Linux/reading/ElementView.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::uint32_t labelledBy = 2;
+// How far above a label the labelled element is looked for.
+constexpr int mostLevelsOfALabel = 3;
+
+bool isAscii(char c, char first, char last) { return c >= first && c <= last; }
+
+// GtkButton, AdwActionRow.
+bool isClassName(std::string_view name) {
+  if (!name.starts_with("Gtk") && !name.starts_with("Adw")) return false;
+  const auto rest = name.substr(3);
+  return !rest.empty() && isAscii(rest.front(), 'A', 'Z') && std::ranges::all_of(rest, [](char c) {
+    return isAscii(c, 'A', 'Z') || isAscii(c, 'a', 'z') || isAscii(c, '0', '9');
+  });
+}
+
+bool isGtk4Default(std::string_view name, AtspiRole role) {
+  return isClassName(name) || (role == AtspiRole::pageTab && name == "Tab") ||
+         (role == AtspiRole::pageTabList && name == "Tab list");
+}
+
+bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
+
+// The bullet or the number that a web page puts before an item of a list.
+bool isListMark(const AtspiFacts& facts) {
+  const auto tag = facts.attributes.find("tag");
+  return tag != facts.attributes.end() && tag->second == "::marker";
+}
+
+std::string_view withoutListMark(std::string_view name) {
+  static constexpr std::array<std::string_view, 3> marks{"\u2022 ", "\u25E6 ", "\u25AA "};
+  for (const auto mark : marks) {
+    if (name.starts_with(mark)) return name.substr(mark.size());
+  }
+  return name;
+}
+
+bool isNumber(std::string_view text, double number) {
+  double parsed = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
+  return error == std::errc() && end == text.data() + text.size() && parsed == number;
+}
+
+std::string_view firstHalf(std::string_view name) {
+  const auto middle = name.size() / 2;
+  const bool isDouble =
+      name.size() % 2 == 1 && name[middle] == ' ' && name.substr(0, middle) == name.substr(middle + 1);
+  return isDouble ? name.substr(0, middle) : name;
+}
+
+AtspiReference firstLabel(const ElementView& view) {
+  for (const auto& relation : view.need(Ask::relations).relations) {
+    if (relation.type == labelledBy && !relation.targets.empty()) return relation.targets.front();
+  }
+  return {};
+}
+
+// Whether `label` lies below the element. Only some toolkits let elements be labelled by a part of themselves.
+bool isOwnPart(const ElementView& view, const AtspiReference& label) {
+  if (label == view.reference()) return true;
+  if (view.toolkit() == Toolkit::gtk3 || view.toolkit() == Toolkit::qt) return false;
+  auto above = label;
+  for (int i = 0; i < mostLevelsOfALabel && !above.isNull(); ++i) {
+    above = view.other(above).need(Ask::parent).parent;
+    if (above == view.reference()) return true;
+  }
+  return false;
+}
+
+// GTK 4 joins the name and the label of a button that has the label in it.
+std::string withoutOwnLabel(const ElementView& view, std::string name) {
+  const auto half = firstHalf(name);
+  if (half.size() == name.size() || view.toolkit() != Toolkit::gtk4) return name;
+  const auto label = firstLabel(view);
+  return !label.isNull() && isOwnPart(view, label) ? std::string(half) : name;
+}
+
+AttributeResult attributeNamed(const ElementView& view, std::string_view name) {
+  const auto& attributes = view.need(Ask::attributes).attributes;
+  const auto found = attributes.find(name);
+  return found == attributes.end() ? noValue() : textOrNoValue(found->second);
+}
+
+}  // namespace
+
+std::string properName(std::string_view name, AtspiRole role, Toolkit toolkit) {
+  if (isBlank(name)) return {};
+  if (toolkit == Toolkit::gtk4 && isGtk4Default(name, role)) return {};
+  if (toolkit == Toolkit::qt && role == AtspiRole::pageTabList) return {};
+  if (toolkit == Toolkit::gecko && role == AtspiRole::listItem) name = withoutListMark(name);
+  return std::string(name);
+}
+
+std::string properDescription(const AtspiFacts& facts) {
+  if (isBlank(facts.description) || facts.description == facts.name) return {};
+  if (facts.answered(Ask::currentValue) && isNumber(facts.description, facts.currentValue)) return {};
+  return facts.description;
+}
+
+AttributeResult titleOf(const ElementView& view) {
+  const auto& facts = view.need(Ask::name);
+  if (isListMark(facts)) return noValue();
+  return textOrNoValue(withoutOwnLabel(view, properName(facts.name, view.role(), view.toolkit())));
+}
+
+AttributeResult descriptionOf(const ElementView& view) {
+  const auto& facts = view.need(Ask::description);
+  if (facts.description.empty()) return noValue();
+  return textOrNoValue(properDescription(view.has(AtspiInterface::value) ? view.need(Ask::currentValue) : facts));
+}
+
+AttributeResult placeholderOf(const ElementView& view) {
+  if (!isTextField(view.role()) && view.role() != AtspiRole::spinButton) return unsupported();
+  return attributeNamed(view, view.toolkit() == Toolkit::chromium ? "placeholder" : "placeholder-text");
+}
+
+AttributeResult helpOf(const ElementView& view) {
+  if (view.application().isUnknown(Ask::helpText)) return unsupported();
+  return textOrNoValue(view.need(Ask::helpText).helpText);
+}
+
+AttributeResult identifierOf(const ElementView& view) {
+  if (view.application().isUnknown(Ask::accessibleId)) return unsupported();
+  return textOrNoValue(view.need(Ask::accessibleId).accessibleId);
+}
+
+AttributeResult domIdentifierOf(const ElementView& view) {
+  if (!view.application().showsWebPages()) return unsupported();
+  const auto& attributes = view.need(Ask::attributes).attributes;
+  if (!attributes.contains("tag")) return unsupported();
+  const auto id = attributes.find("id");
+  return valueOf(id == attributes.end() ? std::string() : id->second);
+}
+
+AttributeResult roleDescriptionOf(const ElementView& view) {
+  const auto role = view.need(Ask::role).role;
+  if (auto name = view.application().roleName(role); !name.empty()) return valueOf(std::move(name));
+  auto name = view.need(Ask::localizedRoleName).localizedRoleName;
+  if (!name.empty() && view.application().hasOneNameForEachRole()) view.application().noteRoleName(role, name);
+  return textOrNoValue(std::move(name));
+}
+
+AttributeResult titleElementOf(const ElementView& view) {
+  const auto label = firstLabel(view);
+  if (label.isNull()) return noValue();
+  view.reader().expect(label, view.generalAsks());
+  if (isOwnPart(view, label)) return noValue();
+  return valueOf(view.context().element(label));
+}
+
+void keepNames(const ElementView& view) {
+  const auto asks = view.generalAsks() | Ask::localizedRoleName;
+  if (!view.need(asks).answered(Ask::role)) return;
+  view.reader().keep(view.reference(), AtspiReader::KeptFor::silence);
+  const auto label = firstLabel(view);
+  if (label.isNull() || !view.other(label).need(asks).answered(Ask::role)) return;
+  view.reader().keep(label, AtspiReader::KeptFor::silence);
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,127 @@
+#include "Platform/Linux/elements/Structure.h"
+
+#include <algorithm>
+#include <string>
+
+#include "Platform/Linux/elements/Tables.h"
+#include "Platform/Linux/reading/ElementView.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+// An element with more children than this is not asked for all of them.
+constexpr std::size_t mostChildrenAtOnce = 200;
+// So many are taken of an element with more.
+constexpr std::size_t mostChildrenOfMany = 50;
+// Names are looked for in the first children, so these are read together.
+constexpr std::size_t childrenReadAhead = 3;
+constexpr int mostLevels = 64;
+
+bool isRoot(const AtspiReference& reference) { return reference.path == AtspiReference::rootPath; }
+
+AtspiCall childCall(const AtspiReference& parent, std::size_t index) {
+  return {parent, "org.a11y.atspi.Accessible", "GetChildAtIndex", {static_cast<std::int32_t>(index)}};
+}
+
+std::vector<AtspiReference> childrenByIndex(const ElementView& view, std::size_t count) {
+  std::vector<AtspiCall> calls;
+  for (std::size_t i = 0; i < count; ++i) calls.push_back(childCall(view.reference(), i));
+  std::vector<AtspiReference> children;
+  for (const auto& reply : view.reader().exchange(calls)) {
+    auto child = readReference(reply.message.get());
+    if (child && !child->isNull()) children.push_back(std::move(*child));
+  }
+  return children;
+}
+
+void noteRadioGroup(const ElementView& child, const AtspiReference& parent) {
+  const bool mayBeBetween = child.role() == AtspiRole::filler || child.role() == AtspiRole::label;
+  const bool holdsThem = mayBeBetween && child.reader().isRadioGroup(child.reference());
+  if (child.role() == AtspiRole::radioButton || holdsThem) child.reader().noteRadioGroup(parent);
+}
+
+// In GTK 3 a page lies below the label of its tab, which is not what it looks like.
+AtspiReference withoutPageTab(const ElementView& view, const AtspiReference& parent) {
+  if (view.toolkit() != Toolkit::gtk3 || isRoot(parent)) return parent;
+  const auto above = view.other(parent);
+  return above.role() == AtspiRole::pageTab ? above.need(Ask::parent).parent : parent;
+}
+
+AXUIElement elementOrApplication(const ElementView& view, const AtspiReference& reference) {
+  auto& context = view.context();
+  if (!isRoot(reference)) return context.element(reference);
+  return context.application(context.processes.processOf(reference.busName, view.reader()));
+}
+
+}  // namespace
+
+AttributeResult parentOf(const ElementView& view) {
+  const auto& facts = view.need(Asks{Ask::role, Ask::parent});
+  if (facts.parent.isNull() || facts.parent == view.reference()) return noValue();
+  const auto parent = facts.parent;
+  if (view.reader().isOnPath(view.reference())) view.reader().notePath(parent);
+  if (auto row = madeUpRowOf(view)) return valueOf(std::move(*row));
+  noteRadioGroup(view, parent);
+  const auto visible = withoutPageTab(view, parent);
+  if (view.reader().isOnPath(view.reference())) view.reader().notePath(visible);
+  return visible.isNull() ? noValue() : valueOf(elementOrApplication(view, visible));
+}
+
+AtspiReference childAt(const ElementView& view, std::size_t index) {
+  const auto call = childCall(view.reference(), index);
+  const auto replies = view.reader().exchange({&call, 1});
+  return readReference(replies.front().message.get()).value_or(AtspiReference{});
+}
+
+std::vector<AtspiReference> fewChildren(const ElementView& view) {
+  view.needOnly(Asks{Ask::childCount, Ask::children});
+  return firstChildren(view, mostChildrenAtOnce);
+}
+
+std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t limit) {
+  const auto count = view.needOnly(Ask::childCount).childCount;
+  if (count <= 0) return {};
+  const auto number = static_cast<std::size_t>(count);
+  if (number > std::min(limit, mostChildrenAtOnce)) return childrenByIndex(view, std::min(limit, number));
+  auto children = view.needOnly(Ask::children).children;
+  std::erase_if(children, [](const auto& child) { return child.isNull(); });
+  return children;
+}
+
+AttributeResult childrenOf(const ElementView& view) {
+  // The page that GTK 3 puts below a tab does not belong to it.
+  if (view.role() == AtspiRole::pageTab && view.toolkit() == Toolkit::gtk3) return noValue();
+  const auto count = view.needOnly(Ask::childCount).childCount;
+  const bool hasMany = count > static_cast<std::int64_t>(mostChildrenAtOnce);
+  const auto children = firstChildren(view, hasMany ? mostChildrenOfMany : mostChildrenAtOnce);
+  std::vector<AXUIElement> elements;
+  for (const auto& child : children) {
+    if (elements.size() < childrenReadAhead) view.reader().expect(child, view.generalAsks());
+    elements.push_back(view.context().element(child));
+  }
+  return valueOf(std::move(elements));
+}
+
+AttributeResult windowOf(const ElementView& view) {
+  auto above = view.need(Ask::parent).parent;
+  for (int i = 0; i < mostLevels && !above.isNull() && !isRoot(above); ++i) {
+    const auto next = view.other(above);
+    if (next.mappedRole().role == "AXWindow") return valueOf(view.context().element(above));
+    above = next.need(Ask::parent).parent;
+  }
+  return noValue();
+}
+
+AttributeResult urlOf(const ElementView& view) {
+  const auto role = view.mappedRole().role;
+  if (role == "AXLink" && view.has(AtspiInterface::hyperlink)) {
+    const auto& uri = view.need(Ask::linkURI).linkURI;
+    return uri.empty() ? noValue() : valueOf(NSURL{uri});
+  }
+  if (role != "AXWebArea" || !view.has(AtspiInterface::document)) return unsupported();
+  const bool isGecko = view.toolkit() == Toolkit::gecko;
+  const auto& uri = isGecko ? view.need(Ask::documentURL).documentURL : view.need(Ask::documentURI).documentURI;
+  return uri.empty() ? noValue() : valueOf(NSURL{uri});
+}
+
+}  // namespace norra::linux_desktop

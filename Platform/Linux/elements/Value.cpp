@@ -1,0 +1,132 @@
+#include "Platform/Linux/elements/Value.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdint>
+#include <utility>
+
+#include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/elements/Text.h"
+#include "Platform/Linux/reading/ElementView.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::int32_t mostActions = 16;
+constexpr std::size_t mostChildrenOfAComboBox = 4;
+constexpr double largestExactInteger = 9007199254740992.0;
+
+using namespace std::string_view_literals;
+constexpr std::array<std::pair<std::string_view, std::string_view>, 14> actions{{
+    {"click"sv, "AXPress"sv},
+    {"press"sv, "AXPress"sv},
+    {"activate"sv, "AXPress"sv},
+    {"jump"sv, "AXPress"sv},
+    {"open"sv, "AXPress"sv},
+    {"toggle"sv, "AXPress"sv},
+    {"check"sv, "AXPress"sv},
+    {"uncheck"sv, "AXPress"sv},
+    {"increment"sv, "AXIncrement"sv},
+    {"increase"sv, "AXIncrement"sv},
+    {"decrement"sv, "AXDecrement"sv},
+    {"decrease"sv, "AXDecrement"sv},
+    {"select"sv, "AXPick"sv},
+    {"cancel"sv, "AXCancel"sv},
+}};
+
+char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool equalWithoutCase(std::string_view left, std::string_view right) {
+  return std::ranges::equal(left, right, [](char a, char b) { return lower(a) == lower(b); });
+}
+
+AttributeResult number(double value) {
+  const bool isInteger = std::abs(value) < largestExactInteger && std::trunc(value) == value;
+  return isInteger ? valueOf(NSNumber{static_cast<std::int64_t>(value)}) : valueOf(NSNumber{value});
+}
+
+AttributeResult checkedState(const ElementView& view) {
+  if (view.hasState(AtspiState::indeterminate)) return valueOf(NSNumber{std::int64_t{2}});
+  const auto state = view.role() == AtspiRole::pageTab ? AtspiState::selected : AtspiState::checked;
+  const bool isOn = view.hasState(state) || view.hasState(AtspiState::pressed);
+  return valueOf(NSNumber{std::int64_t{isOn ? 1 : 0}});
+}
+
+AttributeResult textOfComboBox(const ElementView& view) {
+  if (view.has(AtspiInterface::text)) return textValue(view);
+  for (const auto& child : firstChildren(view, mostChildrenOfAComboBox)) {
+    const auto field = view.other(child);
+    if (isTextField(field.role())) return textValue(field);
+  }
+  return noValue();
+}
+
+constexpr std::array textHolders{AtspiRole::label,     AtspiRole::staticText,     AtspiRole::heading,
+                                 AtspiRole::tableCell, AtspiRole::tableRowHeader, AtspiRole::columnHeader};
+
+// Text that only repeats the name is not asked for.
+AttributeResult textBesideName(const ElementView& view) {
+  if (std::ranges::find(textHolders, view.role()) == textHolders.end()) return noValue();
+  if (!view.need(Ask::name).name.empty() || !view.has(AtspiInterface::text)) return noValue();
+  return textValue(view);
+}
+
+std::vector<std::string> actionNamesFrom(const ElementView& view, std::int32_t first, std::int32_t count) {
+  std::vector<AtspiCall> calls;
+  for (std::int32_t i = first; i < count; ++i) {
+    calls.push_back({view.reference(), "org.a11y.atspi.Action", "GetName", {i}});
+  }
+  std::vector<std::string> names;
+  for (const auto& reply : view.reader().exchange(calls)) {
+    names.push_back(readText(reply.message.get()).value_or(""));
+  }
+  return names;
+}
+
+// GTK 4 lists all that its widgets' classes can do ("clipboard.copy"), which says nothing of this one.
+bool isClassAction(std::string_view name) { return name.find('.') != std::string_view::npos; }
+
+std::vector<std::string> ownActionNames(const ElementView& view) {
+  Asks asks{Ask::actionCount, Ask::firstActionName};
+  if (view.toolkit() == Toolkit::chromium) asks |= Ask::secondActionName;
+  const auto& facts = view.need(asks);
+  const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(facts.actionCount, 0, mostActions));
+  if (count == 0 || isClassAction(facts.firstActionName)) return {};
+  std::vector<std::string> names{facts.firstActionName};
+  if (count > 1 && facts.answered(Ask::secondActionName)) names.push_back(facts.secondActionName);
+  auto rest = actionNamesFrom(view, static_cast<std::int32_t>(names.size()), count);
+  names.insert(names.end(), rest.begin(), rest.end());
+  return names;
+}
+
+}  // namespace
+
+std::string_view mappedAction(std::string_view action) {
+  const auto* row =
+      std::ranges::find_if(actions, [action](const auto& one) { return equalWithoutCase(one.first, action); });
+  return row != actions.end() ? row->second : std::string_view();
+}
+
+AttributeResult contentOf(const ElementView& view) {
+  const auto role = view.role();
+  if (isTextField(role)) return textValue(view);
+  if (isCheckable(role)) return checkedState(view);
+  if (role == AtspiRole::comboBox) return textOfComboBox(view);
+  if (view.has(AtspiInterface::value)) return number(view.need(Ask::currentValue).currentValue);
+  return textBesideName(view);
+}
+
+AXResult<std::vector<std::string>> actionNamesOf(const ElementView& view) {
+  if (const auto error = view.roleError(); error != axError::success) return {error, {}};
+  const bool isContainer = isMereContainer(view.role()) && !view.application().showsWebPages();
+  if (isContainer || !view.has(AtspiInterface::action)) return {};
+  std::vector<std::string> names;
+  for (const auto& action : ownActionNames(view)) {
+    const auto mapped = mappedAction(action);
+    if (!mapped.empty() && std::ranges::find(names, mapped) == names.end()) names.emplace_back(mapped);
+  }
+  return {axError::success, std::move(names)};
+}
+
+}  // namespace norra::linux_desktop

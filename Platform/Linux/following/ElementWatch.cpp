@@ -1,0 +1,115 @@
+#include "Platform/Linux/following/ElementWatch.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "Platform/Linux/elements/Naming.h"
+#include "Platform/Linux/elements/Text.h"
+#include "Platform/Linux/following/WatchedEvents.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::string_view valueChanged = "AXValueChanged";
+constexpr std::string_view focusChanged = "AXFocusedUIElementChanged";
+// What an application needs to carry out what the user did.
+constexpr std::uint64_t pauseAfterInputMicroseconds = 40'000;
+
+}  // namespace
+
+ElementWatch::ElementWatch(AtspiContext& context, AtspiEvents& events, AtspiReference element,
+                           std::function<void(std::string_view)> changed)
+    : context_(context),
+      events_(events),
+      element_(std::move(element)),
+      changed_(std::move(changed)),
+      changes_(events.loop(), [this] { tellChanges(); }) {}
+
+bool ElementWatch::isWanted(std::string_view notification) const {
+  return std::ranges::find(wanted_, notification) != wanted_.end();
+}
+
+void ElementWatch::want(std::string_view notification) {
+  wanted_.emplace_back(notification);
+  if (notification == valueChanged) {
+    listenToValue();
+  } else if (selectionEvents_.empty()) {
+    listenToSelection();
+  }
+}
+
+void ElementWatch::unwant(std::string_view notification) {
+  std::erase(wanted_, notification);
+  if (notification == valueChanged) valueEvents_.clear();
+  if (std::ranges::none_of(wanted_, [](const auto& name) { return name != valueChanged; })) selectionEvents_.clear();
+}
+
+void ElementWatch::listenToValue() {
+  const ElementView view(context_, context_.reader(), element_);
+  keepNames(view);
+  isSilent_ = changesSilently(view);
+  wasHidden_ = hidesText(view);
+  if (isSilent_) fingerprint_ = valueFingerprint(view);
+  for (auto& kind : valueEvents(view)) {
+    valueEvents_.push_back(events_.subscribe(std::move(kind), [this](const AtspiEvent&) {
+      isValueDue_ = true;
+      changes_.request();
+    }));
+  }
+}
+
+void ElementWatch::listenToSelection() {
+  for (auto& kind : selectionEvents(ElementView(context_, context_.reader(), element_))) {
+    selectionEvents_.push_back(events_.subscribe(std::move(kind), [this](const AtspiEvent& event) {
+      if (event.source == element_)
+        isSelectionDue_ = true;
+      else if (changedItems_.size() < SelectedItems::mostItems)
+        changedItems_.push_back(event.source);
+      changes_.request();
+    }));
+  }
+}
+
+void ElementWatch::noteInput() {
+  if (!isSilent_) return;
+  isValueDue_ = true;
+  changes_.requestAfter(pauseAfterInputMicroseconds);
+}
+
+// Of a silent element every sign counts only if the value is another.
+bool ElementWatch::isValueNew() {
+  if (!isSilent_) return true;
+  const auto before = fingerprint_;
+  fingerprint_ = valueFingerprint(ElementView(context_, context_.reader(), element_));
+  return fingerprint_ != before;
+}
+
+// Items tell of themselves to whoever listens to their application.
+void ElementWatch::noteChangedItems() {
+  const auto items = std::exchange(changedItems_, {});
+  auto& reader = context_.reader();
+  std::vector<AtspiQuestion> questions;
+  for (const auto& item : items) questions.push_back({item, Ask::parent});
+  reader.read(questions);
+  for (const auto& item : items) {
+    if (reader.known(item).parent != element_) continue;
+    context_.selectedItems.note(element_, item);
+    isSelectionDue_ = true;
+  }
+}
+
+void ElementWatch::tellChanges() {
+  const bool isHidden = hidesText(ElementView(context_, context_.reader(), element_));
+  // What turns out to be a field with a hidden text has to be looked at anew before its text is.
+  if (std::exchange(wasHidden_, isHidden) != isHidden) changed_(focusChanged);
+  if (std::exchange(isValueDue_, false) && isValueNew()) tell(valueChanged);
+  noteChangedItems();
+  if (!std::exchange(isSelectionDue_, false)) return;
+  tell(selectionNotification(ElementView(context_, context_.reader(), element_)));
+}
+
+void ElementWatch::tell(std::string_view notification) {
+  if (isWanted(notification)) changed_(notification);
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,63 @@
+// Changes of one element's value and selection, as its events and the user's input tell of them. Main thread.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Linux/atspi/AtspiEvents.h"
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/runtime/DeferredRun.h"
+
+namespace norra::linux_desktop {
+
+class ElementWatch {
+ public:
+  /// `changed` is called, whenever a burst of events is over, with the name of each notification that is due.
+  ElementWatch(AtspiContext& context, AtspiEvents& events, AtspiReference element,
+               std::function<void(std::string_view notification)> changed);
+  ElementWatch(const ElementWatch&) = delete;
+  ElementWatch& operator=(const ElementWatch&) = delete;
+
+  const AtspiReference& element() const { return element_; }
+
+  /// Begins, or ends, to listen to what this notification needs; one that is not known needs nothing.
+  void want(std::string_view notification);
+  void unwant(std::string_view notification);
+  bool isWanted(std::string_view notification) const;
+  bool isIdle() const { return wanted_.empty(); }
+
+  /// The user did something that may change a value without an event.
+  void noteInput();
+  /// Whether noteInput is of use.
+  bool needsInput() const { return isSilent_; }
+
+ private:
+  using Registrations = std::vector<std::unique_ptr<Registration>>;
+
+  void listenToValue();
+  void listenToSelection();
+  void noteChangedItems();
+  void tellChanges();
+  bool isValueNew();
+  void tell(std::string_view notification);
+
+  AtspiContext& context_;
+  AtspiEvents& events_;
+  const AtspiReference element_;
+  const std::function<void(std::string_view)> changed_;
+  std::vector<std::string> wanted_;
+  Registrations valueEvents_;
+  Registrations selectionEvents_;
+  bool isSilent_ = false;
+  bool wasHidden_ = false;
+  std::size_t fingerprint_ = 0;  // of a silent value
+  bool isValueDue_ = false;
+  bool isSelectionDue_ = false;
+  std::vector<AtspiReference> changedItems_;
+  DeferredRun changes_;
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,41 @@
+// The events that tell of the keyboard focus, for all who follow an application. Main thread.
+#pragma once
+
+#include <functional>
+#include <list>
+#include <memory>
+#include <set>
+#include <string>
+
+#include "Platform/Linux/atspi/AtspiEvents.h"
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/runtime/DeferredRun.h"
+
+namespace norra::linux_desktop {
+
+class FocusEvents {
+ public:
+  using Listener = std::function<void(const AtspiReference& element)>;
+
+  /// Both must outlive this.
+  FocusEvents(AtspiContext& context, AtspiEvents& events);
+
+  /// Tells of every element of any application that gets the focus, as its toolkit says it: several times perhaps.
+  /// Right after, when the burst is over, the element is looked at for the context's memory. Until the result, which
+  /// must not outlive this, is let go.
+  [[nodiscard]] std::unique_ptr<Registration> listen(Listener listener);
+
+ private:
+  class Handle;
+  void arrived(const AtspiEvent& event);
+  void settleArrivals();
+
+  AtspiContext& context_;
+  AtspiEvents& events_;
+  std::list<Listener> listeners_;
+  std::set<std::string> unsettled_;  // bus names
+  DeferredRun settling_;
+  std::unique_ptr<Registration> subscription_;  // while there are listeners
+};
+
+}  // namespace norra::linux_desktop

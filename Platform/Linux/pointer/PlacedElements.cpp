@@ -1,0 +1,126 @@
+#include "Platform/Linux/pointer/PlacedElements.h"
+
+#include <algorithm>
+
+#include "Platform/Linux/elements/Structure.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr int mostLevels = 40;
+constexpr std::size_t mostChildren = 64;
+constexpr std::int32_t marginOfItem = 8;
+constexpr std::int32_t nowhere = -2147483647;
+
+Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
+
+// Popovers of GTK 4, open or not, say that they lie over the widget that opens them. They have windows of their own.
+bool isPopover(const AtspiFacts& facts) { return facts.name == "GtkPopover" || facts.name == "GtkPopoverMenu"; }
+
+std::optional<AtspiRectangle> placeIn(const AtspiFacts& facts, Coordinates coordinates) {
+  const auto ask = askFor(coordinates);
+  if (!facts.answered(ask)) return std::nullopt;
+  const auto& place = ask == Ask::extents ? facts.extents : facts.windowExtents;
+  if (place.width <= 0 || place.height <= 0 || place.x <= nowhere || place.y <= nowhere) return std::nullopt;
+  return place;
+}
+
+std::vector<PlacedElement> placed(const ElementView& view, const std::vector<AtspiReference>& references,
+                                  Coordinates coordinates) {
+  std::vector<AtspiQuestion> questions;
+  for (const auto& child : references) {
+    const Asks asks{Ask::role, Ask::states, askFor(coordinates)};
+    questions.push_back({child, coordinates == Coordinates::ofWindow ? asks | Ask::name : asks});
+  }
+  view.reader().read(questions);
+  std::vector<PlacedElement> children;
+  for (const auto& child : references) {
+    const auto& facts = view.reader().known(child);
+    auto place = isPopover(facts) ? std::nullopt : placeIn(facts, coordinates);
+    children.push_back({child, static_cast<AtspiRole>(facts.role), facts.states, place});
+    view.reader().noteParent(child, view.reference());
+  }
+  return children;
+}
+
+std::optional<AtspiRectangle> placeOf(const ElementView& view, const AtspiReference& element) {
+  if (element.isNull()) return std::nullopt;
+  return placeIn(view.reader().read(element, Ask::extents), Coordinates::ofScreen);
+}
+
+bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinates coordinates) {
+  return !view.reader().known(child.reference).answered(askFor(coordinates));
+}
+
+// Items of lists of GTK 4 say where their content is, without what is around it.
+bool isAroundItem(const PlacedElement& child, CGPoint point, Coordinates coordinates) {
+  if (coordinates != Coordinates::ofWindow || child.role != AtspiRole::listItem || !child.place) return false;
+  const auto& [x, y, width, height] = *child.place;
+  const AtspiRectangle around{x - marginOfItem, y - marginOfItem, width + 2 * marginOfItem, height + 2 * marginOfItem};
+  return contains(around, point);
+}
+
+// The child to go on with: the topmost at the point, else one that does not say where it is but has a child there.
+AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coordinates, int levelsOfUnplaced) {
+  const auto children = placedChildren(view, coordinates);
+  const auto topmost =
+      std::find_if(children.rbegin(), children.rend(), [&](const auto& child) { return child.isAt(point); });
+  if (topmost != children.rend()) return topmost->reference;
+  for (const auto& child : children) {
+    if (isAroundItem(child, point, coordinates)) return child.reference;
+  }
+  if (levelsOfUnplaced == 0) return {};
+  for (auto child = children.rbegin(); child != children.rend(); ++child) {
+    if (!saysNoPlace(view, *child, coordinates)) continue;
+    auto below = nextDown(view.other(child->reference), point, coordinates, levelsOfUnplaced - 1);
+    if (!below.isNull()) return below;
+  }
+  return {};
+}
+
+}  // namespace
+
+bool contains(const AtspiRectangle& place, CGPoint point) {
+  return point.x >= place.x && point.y >= place.y && point.x < double{1} * place.x + place.width &&
+         point.y < double{1} * place.y + place.height;
+}
+
+bool PlacedElement::isAt(CGPoint point) const { return place && contains(*place, point); }
+
+std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates) {
+  return placed(view, firstChildren(view, mostChildren), coordinates);
+}
+
+std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates) {
+  return placed(view, fewChildren(view), coordinates);
+}
+
+AtspiReference childAtHeight(const ElementView& list, CGPoint point) {
+  std::size_t first = 0;
+  auto end = static_cast<std::size_t>(std::max<std::int64_t>(0, list.needOnly(Ask::childCount).childCount));
+  while (first < end) {
+    const auto middle = first + (end - first) / 2;
+    auto child = childAt(list, middle);
+    const auto place = placeOf(list, child);
+    if (!place) return {};
+    if (contains(*place, point)) return child;
+    if (point.y < place->y) {
+      end = middle;
+    } else {
+      first = middle + 1;
+    }
+  }
+  return {};
+}
+
+AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates) {
+  auto current = view.reference();
+  for (int level = 0; level < mostLevels; ++level) {
+    const auto next = nextDown(view.other(current), point, coordinates, 2);
+    if (next.isNull() || next == current) break;
+    current = next;
+  }
+  return current;
+}
+
+}  // namespace norra::linux_desktop

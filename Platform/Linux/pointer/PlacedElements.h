@@ -1,0 +1,39 @@
+// Elements and where they are, for toolkits whose own hit test misses some.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "Platform/Accessibility.h"
+#include "Platform/Linux/reading/ElementView.h"
+
+namespace norra::linux_desktop {
+
+enum class Coordinates : std::uint8_t { ofScreen, ofWindow };
+
+struct PlacedElement {
+  AtspiReference reference;
+  AtspiRole role = AtspiRole::filler;
+  std::uint64_t states = 0;
+  /// Nothing where the element does not say, or is not on the screen.
+  std::optional<AtspiRectangle> place;
+
+  bool isAt(CGPoint point) const;
+};
+
+bool contains(const AtspiRectangle& place, CGPoint point);
+
+/// The first children of an element, with where they are: one wave beyond those that find them.
+std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates);
+/// The same of an element that has few for sure.
+std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates);
+
+/// The child at a point where the children lie one below the other, found in a number of waves that grows with the
+/// logarithm of their number; null: none.
+AtspiReference childAtHeight(const ElementView& list, CGPoint point);
+
+/// The deepest element at a point, `view` itself if none of its children is there. Later children lie above earlier
+/// ones. A child that does not say where it is, is looked into.
+AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates);
+
+}  // namespace norra::linux_desktop

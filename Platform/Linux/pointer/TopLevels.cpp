@@ -1,0 +1,33 @@
+#include "Platform/Linux/pointer/TopLevels.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::size_t mostTopLevels = 256;
+
+}  // namespace
+
+AtspiReference KnownTopLevels::find(const WindowOnScreen& window) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = topLevels_.find(window.window);
+  const bool isKnown = found != topLevels_.end() && found->second.process == window.process;
+  return isKnown && !window.overrideRedirect ? found->second.reference : AtspiReference{};
+}
+
+void KnownTopLevels::note(const WindowOnScreen& window, const AtspiReference& topLevel) {
+  const std::lock_guard lock(mutex_);
+  if (topLevels_.size() >= mostTopLevels) topLevels_.clear();
+  topLevels_.insert_or_assign(window.window, TopLevel{window.process, topLevel});
+}
+
+void KnownTopLevels::forget(const WindowOnScreen& window) {
+  const std::lock_guard lock(mutex_);
+  topLevels_.erase(window.window);
+}
+
+void KnownTopLevels::clear() {
+  const std::lock_guard lock(mutex_);
+  topLevels_.clear();
+}
+
+}  // namespace norra::linux_desktop

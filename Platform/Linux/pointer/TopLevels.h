@@ -1,0 +1,30 @@
+// Which top-level accessible belongs to which window, once it was found.
+#pragma once
+
+#include <map>
+#include <mutex>
+
+#include "Platform/Linux/atspi/AtspiReference.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
+
+namespace norra::linux_desktop {
+
+/// Any thread.
+class KnownTopLevels {
+ public:
+  /// Null: not known. Pop-ups are never known: menus share their windows.
+  AtspiReference find(const WindowOnScreen& window) const;
+  void note(const WindowOnScreen& window, const AtspiReference& topLevel);
+  void forget(const WindowOnScreen& window);
+  void clear();
+
+ private:
+  struct TopLevel {
+    ProcessIdentifier process = 0;
+    AtspiReference reference;
+  };
+  mutable std::mutex mutex_;
+  std::map<std::uint32_t, TopLevel> topLevels_;  // by window; guarded by mutex_
+};
+
+}  // namespace norra::linux_desktop

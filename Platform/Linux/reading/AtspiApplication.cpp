@@ -1,0 +1,68 @@
+#include "Platform/Linux/reading/AtspiApplication.h"
+
+#include <utility>
+
+#include "Platform/Linux/atspi/AtspiRole.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::size_t mostPasswords = 10000;
+
+}  // namespace
+
+Toolkit toolkitNamed(std::string_view name, std::string_view version) {
+  if (name == "GTK" || name == "gtk") return version.starts_with("4") ? Toolkit::gtk4 : Toolkit::gtk3;
+  if (name == "Qt") return Toolkit::qt;
+  if (name == "Chromium" || name == "Electron") return Toolkit::chromium;
+  if (name == "Gecko") return Toolkit::gecko;
+  return Toolkit::other;
+}
+
+std::string AtspiApplication::roleName(std::uint32_t role) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = roleNames_.find(role);
+  return found == roleNames_.end() ? std::string() : found->second;
+}
+
+void AtspiApplication::noteRoleName(std::uint32_t role, std::string name) {
+  const std::lock_guard lock(mutex_);
+  if (role < roleLimit) roleNames_.insert_or_assign(role, std::move(name));
+}
+
+bool AtspiApplication::wasPassword(const std::string& path) const {
+  const std::lock_guard lock(mutex_);
+  return passwords_.contains(path);
+}
+
+// A path is never given to another element soon, so forgetting all of a great many harms nobody but a hostile
+// application.
+void AtspiApplication::notePassword(const std::string& path) {
+  const std::lock_guard lock(mutex_);
+  if (passwords_.size() >= mostPasswords) passwords_.clear();
+  passwords_.insert(path);
+}
+
+std::shared_ptr<AtspiApplication> AtspiApplications::find(std::string_view busName) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = applications_.find(busName);
+  return found == applications_.end() ? nullptr : found->second;
+}
+
+void AtspiApplications::add(std::string busName, std::shared_ptr<AtspiApplication> application) {
+  const std::lock_guard lock(mutex_);
+  applications_.insert_or_assign(std::move(busName), std::move(application));
+}
+
+void AtspiApplications::remove(std::string_view busName) {
+  const std::lock_guard lock(mutex_);
+  const auto found = applications_.find(busName);
+  if (found != applications_.end()) applications_.erase(found);
+}
+
+void AtspiApplications::clear() {
+  const std::lock_guard lock(mutex_);
+  applications_.clear();
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,153 @@
+#include "Platform/Linux/reading/AtspiFacts.h"
+
+#include <string_view>
+#include <utility>
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr const char* accessible = "org.a11y.atspi.Accessible";
+constexpr const char* action = "org.a11y.atspi.Action";
+constexpr const char* component = "org.a11y.atspi.Component";
+constexpr const char* document = "org.a11y.atspi.Document";
+constexpr const char* hyperlink = "org.a11y.atspi.Hyperlink";
+constexpr const char* selection = "org.a11y.atspi.Selection";
+constexpr const char* table = "org.a11y.atspi.Table";
+constexpr const char* tableCell = "org.a11y.atspi.TableCell";
+constexpr const char* text = "org.a11y.atspi.Text";
+constexpr const char* value = "org.a11y.atspi.Value";
+
+enum class Access : std::uint8_t { property, method };
+enum class ArgumentKind : std::uint8_t {
+  none,
+  zero,
+  one,
+  screenCoordinates,
+  windowCoordinates,
+  uriName,
+  urlName,
+  fromStartToEnd,
+  firstParagraph
+};
+
+struct Question {
+  Ask ask;
+  Access access;
+  const char* interface;
+  const char* member;
+  bool (*store)(sd_bus_message*, AtspiFacts&);
+  ArgumentKind argument = ArgumentKind::none;
+};
+
+template <auto Field, auto Read>
+bool take(sd_bus_message* message, AtspiFacts& facts) {
+  auto answer = Read(message);
+  if (!answer) return false;
+  facts.*Field = static_cast<std::remove_reference_t<decltype(facts.*Field)>>(std::move(*answer));
+  return true;
+}
+
+constexpr std::array<std::pair<std::string_view, AtspiInterface>, 11> interfaceNames{{
+    {"org.a11y.atspi.Action", AtspiInterface::action},
+    {"org.a11y.atspi.Collection", AtspiInterface::collection},
+    {"org.a11y.atspi.Component", AtspiInterface::component},
+    {"org.a11y.atspi.Document", AtspiInterface::document},
+    {"org.a11y.atspi.EditableText", AtspiInterface::editableText},
+    {"org.a11y.atspi.Hyperlink", AtspiInterface::hyperlink},
+    {"org.a11y.atspi.Selection", AtspiInterface::selection},
+    {"org.a11y.atspi.Table", AtspiInterface::table},
+    {"org.a11y.atspi.TableCell", AtspiInterface::tableCell},
+    {"org.a11y.atspi.Text", AtspiInterface::text},
+    {"org.a11y.atspi.Value", AtspiInterface::value},
+}};
+
+bool takeInterfaces(sd_bus_message* message, AtspiFacts& facts) {
+  const auto names = readTexts(message);
+  if (!names) return false;
+  for (const auto& [name, bit] : interfaceNames) {
+    for (const auto& one : *names) {
+      if (one == name) facts.interfaces |= static_cast<std::uint16_t>(bit);
+    }
+  }
+  return true;
+}
+
+using Facts = AtspiFacts;
+
+// In the order of Ask.
+constexpr std::array<Question, askCount> questions{{
+    {Ask::role, Access::method, accessible, "GetRole", take<&Facts::role, readInteger>},
+    {Ask::states, Access::method, accessible, "GetState", take<&Facts::states, readStates>},
+    {Ask::interfaces, Access::method, accessible, "GetInterfaces", takeInterfaces},
+    {Ask::name, Access::property, accessible, "Name", take<&Facts::name, readText>},
+    {Ask::description, Access::property, accessible, "Description", take<&Facts::description, readText>},
+    {Ask::parent, Access::property, accessible, "Parent", take<&Facts::parent, readReference>},
+    {Ask::childCount, Access::property, accessible, "ChildCount", take<&Facts::childCount, readInteger>},
+    {Ask::children, Access::method, accessible, "GetChildren", take<&Facts::children, readReferences>},
+    {Ask::attributes, Access::method, accessible, "GetAttributes", take<&Facts::attributes, readAttributes>},
+    {Ask::relations, Access::method, accessible, "GetRelationSet", take<&Facts::relations, readRelations>},
+    {Ask::indexInParent, Access::method, accessible, "GetIndexInParent", take<&Facts::indexInParent, readInteger>},
+    {Ask::localizedRoleName, Access::method, accessible, "GetLocalizedRoleName",
+     take<&Facts::localizedRoleName, readText>},
+    {Ask::accessibleId, Access::property, accessible, "AccessibleId", take<&Facts::accessibleId, readText>},
+    {Ask::helpText, Access::property, accessible, "HelpText", take<&Facts::helpText, readText>},
+    {Ask::actionCount, Access::property, action, "NActions", take<&Facts::actionCount, readInteger>},
+    {Ask::firstActionName, Access::method, action, "GetName", take<&Facts::firstActionName, readText>,
+     ArgumentKind::zero},
+    {Ask::secondActionName, Access::method, action, "GetName", take<&Facts::secondActionName, readText>,
+     ArgumentKind::one},
+    {Ask::characterCount, Access::property, text, "CharacterCount", take<&Facts::characterCount, readInteger>},
+    {Ask::currentValue, Access::property, value, "CurrentValue", take<&Facts::currentValue, readNumber>},
+    {Ask::extents, Access::method, component, "GetExtents", take<&Facts::extents, readRectangle>,
+     ArgumentKind::screenCoordinates},
+    {Ask::windowExtents, Access::method, component, "GetExtents", take<&Facts::windowExtents, readRectangle>,
+     ArgumentKind::windowCoordinates},
+    {Ask::documentURI, Access::method, document, "GetAttributeValue", take<&Facts::documentURI, readText>,
+     ArgumentKind::uriName},
+    {Ask::documentURL, Access::method, document, "GetAttributeValue", take<&Facts::documentURL, readText>,
+     ArgumentKind::urlName},
+    {Ask::linkURI, Access::method, hyperlink, "GetURI", take<&Facts::linkURI, readText>, ArgumentKind::zero},
+    {Ask::selectedChildCount, Access::property, selection, "NSelectedChildren",
+     take<&Facts::selectedChildCount, readInteger>},
+    {Ask::selectedRows, Access::method, table, "GetSelectedRows", take<&Facts::selectedRows, readIntegers>},
+    {Ask::cellPosition, Access::property, tableCell, "Position", take<&Facts::cellPosition, readPair>},
+    {Ask::cellTable, Access::property, tableCell, "Table", take<&Facts::cellTable, readReference>},
+    {Ask::columnCount, Access::property, table, "NColumns", take<&Facts::columnCount, readInteger>},
+    {Ask::wholeText, Access::method, text, "GetText", take<&Facts::wholeText, readText>, ArgumentKind::fromStartToEnd},
+    {Ask::displayedText, Access::method, text, "GetStringAtOffset", take<&Facts::displayedText, readText>,
+     ArgumentKind::firstParagraph},
+}};
+
+const Question& questionFor(Ask ask) { return questions[static_cast<std::size_t>(ask)]; }
+
+std::vector<AtspiArgument> argumentsFor(ArgumentKind kind) {
+  switch (kind) {
+    case ArgumentKind::none: return {};
+    case ArgumentKind::zero: return {std::int32_t{0}};
+    case ArgumentKind::one: return {std::int32_t{1}};
+    case ArgumentKind::screenCoordinates: return {std::uint32_t{0}};
+    case ArgumentKind::windowCoordinates: return {std::uint32_t{1}};
+    case ArgumentKind::uriName: return {std::string("URI")};
+    case ArgumentKind::urlName: return {std::string("DocURL")};
+    case ArgumentKind::fromStartToEnd: return {std::int32_t{0}, std::int32_t{-1}};
+    case ArgumentKind::firstParagraph: return {std::int32_t{0}, std::uint32_t{4}};
+  }
+  return {};
+}
+
+}  // namespace
+
+AtspiCall callFor(Ask ask, const AtspiReference& element) {
+  const auto& question = questionFor(ask);
+  if (question.access == Access::property) return propertyCall(element, question.interface, question.member);
+  return {element, question.interface, question.member, argumentsFor(question.argument)};
+}
+
+void store(Ask ask, const AtspiReply& reply, AtspiFacts& facts) {
+  auto& error = facts.errors[static_cast<std::size_t>(ask)];
+  error = reply.error;
+  facts.asked |= ask;
+  if (error == axError::success && !questionFor(ask).store(reply.message.get(), facts)) error = axError::failure;
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,155 @@
+#include "Platform/Linux/reading/AtspiReader.h"
+
+#include <array>
+#include <utility>
+
+#include "Platform/Linux/atspi/AtspiRole.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+using std::chrono::steady_clock;
+
+// Properties that came late to the protocol: an application that does not know them for one element never will.
+constexpr Asks lateProperties{Ask::accessibleId, Ask::helpText};
+
+constexpr std::size_t mostKept = 64;
+constexpr std::size_t mostFormerParents = 4096;
+
+// GTK 4 puts its elements below its application's own path, and may have no root to ask.
+Toolkit toolkitOfPath(std::string_view path) {
+  const bool isAtspiPath = path.starts_with("/org/a11y/");
+  return !isAtspiPath && path.find("/a11y/") != std::string_view::npos ? Toolkit::gtk4 : Toolkit::other;
+}
+
+bool isSilent(const AtspiFacts& facts) {
+  return facts.asked.has(Ask::role) && facts.error(Ask::role) == axError::cannotComplete;
+}
+
+bool hasGone(const AtspiFacts& facts) {
+  if (facts.answered(Ask::states) && hasState(facts.states, AtspiState::defunct)) return true;
+  return facts.asked.has(Ask::role) && !facts.answered(Ask::role);
+}
+
+}  // namespace
+
+void AtspiReader::enter() {
+  const auto epoch = epoch_.current();
+  const auto generation = connection_.generation();
+  if (epoch && epoch == currentEpoch_ && generation == generation_) return;
+  if (std::exchange(generation_, generation) != generation) {
+    kept_.clear();
+    formerParents_.clear();
+  }
+  currentEpoch_ = epoch;
+  deadline_ = TimePoint::min();
+  facts_.clear();
+  expected_.clear();
+  path_.clear();
+  radioGroups_.clear();
+}
+
+AtspiReader::TimePoint AtspiReader::deadline() {
+  if (deadline_ == TimePoint::min()) deadline_ = steady_clock::now() + budget;
+  return deadline_;
+}
+
+Asks AtspiReader::missing(const AtspiQuestion& question) { return question.asks - facts_[question.element].asked; }
+
+const AtspiFacts& AtspiReader::read(const AtspiReference& element, Asks asks) {
+  const AtspiQuestion question{element, asks};
+  read({&question, 1});
+  return facts_[element];
+}
+
+// Marks what it gives as asked.
+std::vector<AtspiReader::Asking> AtspiReader::open(std::span<const AtspiQuestion> questions) {
+  std::vector<Asking> askings;
+  for (const auto& question : questions) {
+    const auto asks = missing(question);
+    facts_[question.element].asked |= asks;
+    for (std::size_t bit = 0; bit < askCount; ++bit) {
+      if (asks.has(static_cast<Ask>(bit))) askings.push_back({question.element, static_cast<Ask>(bit)});
+    }
+  }
+  return askings;
+}
+
+std::vector<AtspiReply> AtspiReader::read(std::span<const AtspiQuestion> questions, std::vector<AtspiCall> calls) {
+  const auto otherCalls = calls.size();
+  auto askings = open(questions);
+  if (askings.empty() && calls.empty()) return {};
+  const auto expected = open(std::exchange(expected_, {}));
+  askings.insert(askings.end(), expected.begin(), expected.end());
+  for (const auto& asking : askings) calls.push_back(callFor(asking.ask, asking.element));
+  auto replies = exchange(calls);
+  for (std::size_t i = 0; i < askings.size(); ++i) take(askings[i], replies[otherCalls + i]);
+  for (const auto& asking : askings) restoreIfSilent(asking.element);
+  replies.resize(otherCalls);
+  return replies;
+}
+
+void AtspiReader::keep(const AtspiReference& element, KeptFor purpose) {
+  if (kept_.size() >= mostKept) kept_.clear();
+  kept_.insert_or_assign(element, Kept{facts_[element], purpose});
+  kept_[element].facts.isFormer = true;
+}
+
+void AtspiReader::restoreIfSilent(const AtspiReference& element) {
+  auto& facts = facts_[element];
+  if (!isSilent(facts) && !hasGone(facts)) return;
+  const auto kept = kept_.find(element);
+  if (kept == kept_.end()) return;
+  if (isSilent(facts) || kept->second.purpose == KeptFor::silenceAndEnd) facts = kept->second.facts;
+}
+
+void AtspiReader::take(const Asking& asking, const AtspiReply& reply) {
+  auto& facts = facts_[asking.element];
+  store(asking.ask, reply, facts);
+  if (asking.ask == Ask::parent && reply.message) rememberParent(asking.element, facts.parent);
+  if (reply.error == axError::failure && lateProperties.has(asking.ask)) {
+    if (const auto application = applications_.find(asking.element.busName)) application->noteUnknown(asking.ask);
+  }
+}
+
+void AtspiReader::rememberParent(const AtspiReference& element, const AtspiReference& parent) {
+  if (formerParents_.size() >= mostFormerParents) formerParents_.clear();
+  formerParents_.insert_or_assign(element, parent);
+}
+
+AtspiReference AtspiReader::likelyParent(const AtspiReference& element) const {
+  const auto facts = facts_.find(element);
+  if (facts != facts_.end() && facts->second.answered(Ask::parent)) return facts->second.parent;
+  const auto former = formerParents_.find(element);
+  return former != formerParents_.end() ? former->second : AtspiReference{};
+}
+
+void AtspiReader::noteParent(const AtspiReference& element, const AtspiReference& parent) {
+  auto& facts = facts_[element];
+  facts.parent = parent;
+  facts.asked |= Ask::parent;
+  facts.errors[static_cast<std::size_t>(Ask::parent)] = axError::success;
+  rememberParent(element, parent);
+}
+
+AtspiReply AtspiReader::call(AtspiCall call) {
+  std::vector<AtspiCall> calls;
+  calls.push_back(std::move(call));
+  return std::move(read({}, std::move(calls)).front());
+}
+
+std::shared_ptr<AtspiApplication> AtspiReader::application(const AtspiReference& element) {
+  if (auto known = applications_.find(element.busName)) return known;
+  const AtspiReference root{element.busName, AtspiReference::rootPath};
+  const std::array<AtspiCall, 2> calls{propertyCall(root, "org.a11y.atspi.Application", "ToolkitName"),
+                                       propertyCall(root, "org.a11y.atspi.Application", "Version")};
+  const auto replies = exchange(calls);
+  const auto toolkit =
+      toolkitNamed(readText(replies[0].message.get()).value_or(""), readText(replies[1].message.get()).value_or(""));
+  auto application =
+      std::make_shared<AtspiApplication>(toolkit == Toolkit::other ? toolkitOfPath(element.path) : toolkit);
+  if (replies[0].error != axError::cannotComplete) applications_.add(element.busName, application);
+  return application;
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,106 @@
+// Reads facts about elements for one thread. What was read while an event is handled is not read again, and all that is
+// missing is asked in one wave.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "Platform/Linux/atspi/AtspiConnection.h"
+#include "Platform/Linux/reading/AtspiApplication.h"
+#include "Platform/Linux/reading/AtspiFacts.h"
+#include "Platform/Linux/reading/ReadingEpoch.h"
+
+namespace norra::linux_desktop {
+
+/// An element and what is asked of it.
+struct AtspiQuestion {
+  AtspiReference element;
+  Asks asks;
+};
+
+class AtspiReader {
+ public:
+  using TimePoint = AtspiConnection::TimePoint;
+
+  /// The longest that all waves of one event wait together.
+  static constexpr std::chrono::milliseconds budget{1000};
+
+  AtspiReader(AtspiShared& shared, AtspiApplications& applications, const ReadingEpoch& epoch)
+      : connection_(shared), applications_(applications), epoch_(epoch) {}
+  AtspiReader(const AtspiReader&) = delete;
+  AtspiReader& operator=(const AtspiReader&) = delete;
+
+  /// To be called at the door: forgets what was read for another event.
+  void enter();
+
+  /// The facts of an element, with these among them. Valid until the next enter().
+  const AtspiFacts& read(const AtspiReference& element, Asks asks);
+  /// The same for several elements in one wave, in which other calls travel too; their answers in their order.
+  std::vector<AtspiReply> read(std::span<const AtspiQuestion> questions, std::vector<AtspiCall> calls = {});
+  /// What is known already.
+  const AtspiFacts& known(const AtspiReference& element) { return facts_[element]; }
+  /// Will be asked together with the next question that has to be asked; nothing is asked for it alone.
+  void expect(const AtspiReference& element, Asks asks) { expected_.push_back({element, asks}); }
+  /// States the parent of an element, as learnt on the way down to it.
+  void noteParent(const AtspiReference& element, const AtspiReference& parent);
+
+  /// For when the element does not answer; or also when it has gone.
+  enum class KeptFor : std::uint8_t { silence, silenceAndEnd };
+  /// What is known of an element now is what is read of it then.
+  void keep(const AtspiReference& element, KeptFor purpose);
+
+  /// Elements whose ancestors are sure to be asked for soon: the one under the pointer and those above it.
+  void notePath(const AtspiReference& element) { path_.insert(element); }
+  bool isOnPath(const AtspiReference& element) const { return path_.contains(element); }
+  /// The parent, if it is known, else the one that it had when it was last asked for. Null: no idea.
+  AtspiReference likelyParent(const AtspiReference& element) const;
+
+  /// Elements that were found to hold radio buttons.
+  void noteRadioGroup(const AtspiReference& element) { radioGroups_.insert(element); }
+  bool isRadioGroup(const AtspiReference& element) const { return radioGroups_.contains(element); }
+
+  /// Other calls; see AtspiConnection::exchange.
+  std::vector<AtspiReply> exchange(std::span<const AtspiCall> calls) { return connection_.exchange(calls, deadline()); }
+  AtspiReply call(AtspiCall call);
+
+  /// What is known of the application that has the element; asked for at the first time. Never null.
+  std::shared_ptr<AtspiApplication> application(const AtspiReference& element);
+
+ private:
+  TimePoint deadline();
+  struct Kept {
+    AtspiFacts facts;
+    KeptFor purpose = KeptFor::silence;
+  };
+  struct Asking {
+    AtspiReference element;
+    Ask ask;
+  };
+  Asks missing(const AtspiQuestion& question);
+  std::vector<Asking> open(std::span<const AtspiQuestion> questions);
+  void take(const Asking& asking, const AtspiReply& reply);
+  void restoreIfSilent(const AtspiReference& element);
+  void rememberParent(const AtspiReference& element, const AtspiReference& parent);
+
+  AtspiConnection connection_;
+  AtspiApplications& applications_;
+  const ReadingEpoch& epoch_;
+
+  std::optional<std::uint64_t> currentEpoch_;
+  std::uint64_t generation_ = 0;           // of the bus
+  TimePoint deadline_ = TimePoint::min();  // of this epoch; min: nothing was read in it
+  std::unordered_map<AtspiReference, AtspiFacts, AtspiReferenceHash> facts_;
+  std::vector<AtspiQuestion> expected_;
+  std::unordered_set<AtspiReference, AtspiReferenceHash> path_;
+  std::unordered_set<AtspiReference, AtspiReferenceHash> radioGroups_;
+
+  // Of all epochs: of elements that may go, and a mere hint of what to ask for.
+  std::unordered_map<AtspiReference, Kept, AtspiReferenceHash> kept_;
+  std::unordered_map<AtspiReference, AtspiReference, AtspiReferenceHash> formerParents_;
+};
+
+}  // namespace norra::linux_desktop

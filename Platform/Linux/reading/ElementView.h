@@ -1,0 +1,54 @@
+// One element while one primitive of it is answered: what is read of it, and where it stands.
+#pragma once
+
+#include <memory>
+
+#include "Platform/Linux/elements/AttributeContent.h"
+#include "Platform/Linux/elements/RoleMapping.h"
+#include "Platform/Linux/reading/AtspiContext.h"
+
+namespace norra::linux_desktop {
+
+class ElementView {
+ public:
+  ElementView(AtspiContext& context, AtspiReader& reader, AtspiReference reference)
+      : context_(context),
+        reader_(reader),
+        reference_(std::move(reference)),
+        application_(reader.application(reference_)) {}
+
+  AtspiContext& context() const { return context_; }
+  AtspiReader& reader() const { return reader_; }
+  const AtspiReference& reference() const { return reference_; }
+  AtspiApplication& application() const { return *application_; }
+  Toolkit toolkit() const { return application_->toolkit; }
+  ElementView other(const AtspiReference& reference) const { return {context_, reader_, reference}; }
+
+  /// The facts, with these among them; what is sure to be needed soon is asked for in the same wave.
+  const AtspiFacts& need(Asks asks) const;
+  /// The same without more.
+  const AtspiFacts& needOnly(Asks asks) const { return reader_.read(reference_, asks); }
+
+  /// Success where the role was answered; else why it was not.
+  AXError roleError() const { return need(Ask::role).error(Ask::role); }
+  AtspiRole role() const { return static_cast<AtspiRole>(need(Ask::role).role); }
+  bool hasState(AtspiState state) const { return linux_desktop::hasState(need(Ask::states).states, state); }
+  bool has(AtspiInterface interface) const { return need(Ask::interfaces).has(interface); }
+  /// See mapRole.
+  RoleAndSubrole mappedRole() const;
+
+  /// What is read of every element that matters.
+  Asks generalAsks() const;
+
+ private:
+  Asks asksOnPath(const AtspiFacts& facts) const;
+  Asks detailAsks(const AtspiFacts& facts) const;
+  void expectAncestors() const;
+
+  AtspiContext& context_;
+  AtspiReader& reader_;
+  const AtspiReference reference_;
+  const std::shared_ptr<AtspiApplication> application_;
+};
+
+}  // namespace norra::linux_desktop

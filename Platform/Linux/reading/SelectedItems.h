@@ -1,0 +1,38 @@
+// Items that were selected in containers that cannot say which of theirs are: what the events of the items told.
+#pragma once
+
+#include <deque>
+#include <mutex>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Linux/atspi/AtspiReference.h"
+
+namespace norra::linux_desktop {
+
+/// Any thread.
+class SelectedItems {
+ public:
+  static constexpr std::size_t mostItems = 64;
+  static constexpr std::size_t mostContainers = 8;
+
+  /// The item of the container is selected, or was.
+  void note(const AtspiReference& container, const AtspiReference& item);
+  /// All that were noted and not pushed out by newer ones. Whether they still are selected has to be asked.
+  std::vector<AtspiReference> notedIn(const AtspiReference& container) const;
+  void forget(std::string_view busName);
+  void clear();
+
+ private:
+  struct Items {
+    AtspiReference container;
+    std::deque<AtspiReference> items;
+  };
+
+  Items& itemsOf(const AtspiReference& container);
+
+  mutable std::mutex mutex_;
+  std::deque<Items> containers_;  // the newest last; guarded by mutex_
+};
+
+}  // namespace norra::linux_desktop

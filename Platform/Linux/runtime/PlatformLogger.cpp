@@ -1,0 +1,14 @@
+#include "Platform/Linux/runtime/PlatformLogger.h"
+
+#include <string>
+
+#include "NorraLogging/NorraOSLoggerFactory.h"
+
+namespace norra::linux_desktop {
+
+NorraOSLogger& platformLogger() {
+  static const auto logger = NorraOSLoggerFactory::newOSLogger(std::string(mainBundleIdentifier), "LinuxPlatform", "L");
+  return *logger;
+}
+
+}  // namespace norra::linux_desktop

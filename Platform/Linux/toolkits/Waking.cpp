@@ -1,0 +1,33 @@
+#include "Platform/Linux/toolkits/Waking.h"
+
+#include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/reading/ElementView.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+AtspiCall hitTestInTheMiddle(const AtspiReference& element, const AtspiRectangle& place) {
+  return {element,
+          "org.a11y.atspi.Component",
+          "GetAccessibleAtPoint",
+          {place.x + place.width / 2, place.y + place.height / 2, std::uint32_t{0}}};
+}
+
+}  // namespace
+
+void wake(AtspiContext& context, ProcessIdentifier process) {
+  auto& reader = context.reader();
+  const auto root = context.processes.rootOf(process, reader);
+  if (root.isNull()) return;
+  const ElementView view(context, reader, root);
+  if (!view.application().showsWebPages()) return;
+  const auto windows = fewChildren(view);
+  std::vector<AtspiQuestion> questions;
+  for (const auto& window : windows) questions.push_back({window, Asks{Ask::attributes, Ask::extents}});
+  reader.read(questions);
+  std::vector<AtspiCall> hitTests;
+  for (const auto& window : windows) hitTests.push_back(hitTestInTheMiddle(window, reader.known(window).extents));
+  reader.exchange(hitTests);
+}
+
+}  // namespace norra::linux_desktop

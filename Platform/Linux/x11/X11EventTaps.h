@@ -1,0 +1,72 @@
+// Input as the X server tells it to whoever asks (raw events of XInput2): nothing is grabbed, held up or changed, and
+// open menus hide nothing.
+#pragma once
+
+#include <systemd/sd-event.h>
+
+#include <bitset>
+#include <functional>
+#include <vector>
+
+#include "Platform/EventTap.h"
+#include "Platform/Linux/runtime/ClickTimes.h"
+#include "Platform/Linux/x11/X11ClickPlaces.h"
+#include "Platform/Linux/x11/X11EventSource.h"
+#include "Platform/Linux/x11/X11Keyboard.h"
+
+namespace norra::linux_desktop {
+
+/// Told of every press of a button that clicks: where the pointer is, if it is known.
+using PressHandler = std::function<void(std::optional<CGPoint> place)>;
+
+/// Whom the taps ask and tell beside their callbacks; each may be absent.
+struct InputListeners {
+  SecureInput isSecureInput = {};  // as for KeyTranslator
+  PressHandler pressed = {};
+  ClickTimes* clickTimes = nullptr;  // not owned; told which click is handled
+};
+
+/// Main thread. The server is asked for no event that no tap wants now. A click is where the pointer was
+/// when the server saw it, or else is when its event is read; key presses carry no location. Taps are never disabled.
+class X11EventTaps final : public EventTaps {
+ public:
+  /// Null: the server has no XInput 2.2. `event` is not owned; the connection must have no other user of its events.
+  static std::unique_ptr<X11EventTaps> open(sd_event* event, std::unique_ptr<X11Connection> connection,
+                                            InputListeners listeners = {});
+
+  std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
+
+ private:
+  class Tap;
+  struct Subscription;
+
+  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners);
+  void didChangeTaps();
+  CGEventMask wantedEvents() const;
+  void selectEvents(std::uint32_t events);
+  void followClicks(bool isWanted);
+  void followKeyboard(bool isWanted);
+
+  void handle(const xcb_generic_event_t& event);
+  void handleInput(const xcb_generic_event_t& event);
+  void handleButtonPress(std::uint32_t button);
+  void handleButtonRelease(std::uint32_t button, xcb_timestamp_t time);
+  std::optional<CGPoint> placeAt(xcb_timestamp_t time);
+  std::optional<CGPoint> placeOfPointer();
+  void handleKeyPress(std::uint32_t key, bool isMarkedRepeat);
+  std::uint32_t logicalButton(std::uint32_t button);
+  void deliver(const CGEvent& event);
+
+  const std::unique_ptr<X11Connection> connection_;
+  const InputListeners listeners_;
+  const std::uint8_t inputExtension_;
+  std::vector<std::shared_ptr<Subscription>> subscriptions_;
+  std::uint32_t selectedEvents_ = 0;
+  std::unique_ptr<X11ClickPlaces> clickPlaces_;
+  std::unique_ptr<X11Keyboard> keyboard_;
+  std::bitset<256> heldKeys_;
+  std::vector<std::uint8_t> buttonMapping_;
+  X11EventSource source_;
+};
+
+}  // namespace norra::linux_desktop

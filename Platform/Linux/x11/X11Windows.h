@@ -1,0 +1,52 @@
+// The top-level windows of the X server, for whoever asks.
+#pragma once
+
+#include <mutex>
+
+#include "Platform/Linux/x11/X11WindowFacts.h"
+
+namespace norra::linux_desktop {
+
+/// Asks the server anew for every answer; a window that goes while it is looked at gives nothing. Any thread: one
+/// waits for the other, and each for the server no longer than a bound.
+class X11Windows final : public WindowsOnScreen {
+ public:
+  explicit X11Windows(std::unique_ptr<X11Connection> connection);
+
+  /// The client's window where a window manager has put it into a frame of its own. Menus and other pop-ups are
+  /// found like any other; windows that let the pointer through are not.
+  std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) override;
+  /// A press may open a menu or a list under the pointer, and a release may close what was pressed. Until the next
+  /// press, what is found under the pressed place is what lay there then. Nothing: it is not known where the pointer
+  /// is.
+  void notePress(std::optional<CGPoint> place);
+
+  /// As the window manager says; without a window manager, the one that has the input focus.
+  std::optional<WindowOnScreen> activeWindow() override;
+
+  /// Of the active window. Nothing: none is active.
+  std::optional<X11ApplicationTraits> activeApplication();
+  /// Of the process's active window, else of its topmost one. Nothing: it has no window.
+  std::optional<X11ApplicationTraits> applicationOf(ProcessIdentifier process);
+
+  /// Whether a window manager tells which window is active.
+  bool hasWindowManager();
+
+ private:
+  std::optional<WindowOnScreen> describeAt(CGPoint point);
+
+  struct Press {
+    CGPoint place;
+    WindowOnScreen window;
+  };
+
+  std::mutex mutex_;
+
+  // Guarded by mutex_.
+  const std::unique_ptr<X11Connection> connection_;
+  X11WindowTree tree_;
+  X11WindowFacts facts_;
+  std::optional<Press> press_;
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,98 @@
+// All that is read of an application for a click and for a key, where the application is hostile.
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <cctype>
+
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "tests/Platform/Linux/HostileFaults.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr int mostAncestors = 20;
+// For all attributes of an element, of its ancestors and of their first children.
+constexpr int mostCalls = 2'000;
+
+class OneWindow final : public WindowsOnScreen {
+ public:
+  std::optional<WindowOnScreen> topLevelWindowAt(CGPoint) override { return window(); }
+  std::optional<WindowOnScreen> activeWindow() override { return window(); }
+
+ private:
+  static WindowOnScreen window() {
+    WindowOnScreen window;
+    window.process = getpid();
+    return window;
+  }
+};
+
+std::string wordOf(const testing::TestParamInfo<HostileFault>& fault) {
+  std::string word = fault.param.name;
+  std::erase_if(word, [](unsigned char character) { return std::isalnum(character) == 0; });
+  return word;
+}
+
+class HostileApplication : public testing::TestWithParam<HostileFault> {
+ protected:
+  HostileApplication() {
+    showReef(application_);
+    innocent_.set("save", {.role = 43, .name = "Save"});
+  }
+
+  std::optional<AXUIElement> clicked() {
+    return context_.systemWide().primitives().copyElementAtPosition(10, 10).value;
+  }
+
+  static std::optional<AXUIElement> elementIn(const AXUIElement& element, const char* attribute) {
+    const auto result = element.primitives().copyAttributeValue(attribute);
+    const auto* value = std::get_if<AXUIElement>(&result.value);
+    return value ? std::optional(*value) : std::nullopt;
+  }
+
+  // copyAttributeNames reads every attribute.
+  void readWithAncestors(std::optional<AXUIElement> element) {
+    for (int level = 0; element && level < mostAncestors; ++level) {
+      element->primitives().copyAttributeNames();
+      element->primitives().copyActionNames();
+      element = elementIn(*element, "AXParent");
+    }
+  }
+
+  std::optional<std::string> nameOfTheInnocent() {
+    const auto result = context_.element(innocent_.reference("save")).primitives().copyAttributeValue("AXTitle");
+    const auto* name = std::get_if<std::string>(&result.value);
+    return name ? std::optional(*name) : std::nullopt;
+  }
+
+  PrivateAccessibilityBus bus_;
+  CountedEpoch epoch_;
+  OneWindow windows_;
+  AtspiContext context_{epoch_, windows_};
+  FakeApplication innocent_;
+  FakeApplication application_;
+};
+
+TEST_P(HostileApplication, CostsBoundedlyManyCallsAndHarmsNoOther) {
+  readWithAncestors(clicked());
+  ASSERT_GT(application_.received(), 20) << "it is looked at";
+  epoch_.begin();
+  ASSERT_EQ(nameOfTheInnocent(), "Save");
+  const auto fault = GetParam().begin(application_);
+  for (int event = 0; event < 3; ++event) {
+    const auto before = context_.shared.statistics.reads.load();
+    epoch_.begin();
+    readWithAncestors(clicked());
+    readWithAncestors(elementIn(context_.systemWide(), "AXFocusedUIElement"));
+    EXPECT_LT(context_.shared.statistics.reads - before, mostCalls);
+    epoch_.begin();
+    EXPECT_EQ(nameOfTheInnocent(), "Save");
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(, HostileApplication, testing::ValuesIn(hostileFaults().begin(), hostileFaults().end()),
+                         wordOf);
+
+}  // namespace
+}  // namespace norra::linux_desktop

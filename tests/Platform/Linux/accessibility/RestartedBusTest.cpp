@@ -1,0 +1,76 @@
+// A bus that was started anew gives the names of the former one to other applications.
+#include <gmock/gmock.h>
+
+#include "Platform/Linux/atspi/AtspiRole.h"
+#include "Platform/Linux/reading/AtspiContext.h"
+#include "tests/Platform/Linux/FakeApplication.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+FakeElement field(std::string text, std::string displayed) {
+  return {.role = static_cast<std::uint32_t>(AtspiRole::text),
+          .states = std::uint64_t{1} << static_cast<unsigned>(AtspiState::editable),
+          .interfaces = {"Text"},
+          .text = std::move(text),
+          .displayedText = std::move(displayed)};
+}
+
+std::string textOf(const AXUIElement& element, const char* attribute) {
+  const auto result = element.primitives().copyAttributeValue(attribute);
+  const auto* text = std::get_if<std::string>(&result.value);
+  return text ? *text : "nothing";
+}
+
+class RestartedBus : public testing::Test {
+ protected:
+  void restart() {
+    application_.reset();
+    bus_.reset();
+    epoch_.begin();
+    bus_.emplace();
+  }
+
+  AXUIElement start(const char* toolkit, const char* version, FakeElement element) {
+    application_.emplace(toolkit, version);
+    application_->set("field", std::move(element));
+    return context_.element(application_->reference("field"));
+  }
+
+  std::optional<PrivateAccessibilityBus> bus_{std::in_place};
+  CountedEpoch epoch_;
+  NoWindowsOnScreen windows_;
+  AtspiContext context_{epoch_, windows_};
+  std::optional<FakeApplication> application_;
+};
+
+TEST_F(RestartedBus, DoesNotLendTheKnowledgeOfOneApplicationToAnother) {
+  const auto former = start("gtk", "3.24.38", field("kayak", ""));
+  const auto formerName = application_->reference("field").busName;
+  EXPECT_EQ(textOf(former, "AXValue"), "kayak");
+  restart();
+  start("GTK", "4.8.3", field("secret", "\u25CF\u25CF\u25CF\u25CF\u25CF\u25CF"));
+  const auto reference = application_->reference("field");
+  ASSERT_EQ(reference.busName, formerName);
+  textOf(context_.element(reference), "AXRole");  // meets the bus
+  epoch_.begin();
+  EXPECT_EQ(textOf(context_.element(reference), "AXSubrole"), "AXSecureTextField");
+  EXPECT_EQ(application_->calls("GetText"), 0);
+}
+
+TEST_F(RestartedBus, TakesTheElementsOfTheFormerOneAway) {
+  const auto former = start("gtk", "3.24.38", field("kayak", ""));
+  EXPECT_EQ(textOf(former, "AXValue"), "kayak");
+  restart();
+  start("gtk", "3.24.38", field("canoe", ""));
+  const auto present = context_.element(application_->reference("field"));
+  textOf(present, "AXRole");
+  epoch_.begin();
+  EXPECT_EQ(textOf(former, "AXValue"), "nothing");
+  EXPECT_EQ(former.primitives().getPid().error, axError::invalidUIElement);
+  EXPECT_EQ(textOf(context_.element(application_->reference("field")), "AXValue"), "canoe");
+}
+
+}  // namespace
+}  // namespace norra::linux_desktop

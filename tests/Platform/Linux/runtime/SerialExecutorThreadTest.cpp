@@ -1,0 +1,146 @@
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <atomic>
+#include <future>
+#include <optional>
+#include <thread>
+#include <vector>
+
+#include "Platform/Linux/runtime/SerialExecutorThread.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+class SerialExecutorThreadTest : public testing::Test {
+ protected:
+  void TearDown() override { endAll(); }
+
+  /// As the process ends: first the loop, then the executors.
+  void endAll() {
+    if (!executors) return;
+    loop.post([this] { loop.end(std::nullopt); });
+    loop.run();
+    executors.reset();
+  }
+
+  EventLoop loop;
+  std::optional<SerialExecutorThreads> executors{std::in_place, loop};
+};
+
+/// Runs a job and waits for its end.
+void runOn(SerialExecutor& executor, const Job& job) {
+  std::promise<void> done;
+  executor.post([&] {
+    job();
+    done.set_value();
+  });
+  done.get_future().wait();
+}
+
+TEST_F(SerialExecutorThreadTest, RunsJobsOneAtATimeInTheOrderOfTheirPosting) {
+  const auto executor = executors->createSerialExecutor();
+  std::vector<int> seen;
+  std::atomic<int> running = 0;
+  for (int job = 0; job < 200; ++job) {
+    executor->post([&, job] {
+      EXPECT_EQ(++running, 1);
+      seen.push_back(job);
+      --running;
+    });
+  }
+  runOn(*executor, [] {});
+  EXPECT_EQ(seen.size(), 200);
+  EXPECT_TRUE(std::ranges::is_sorted(seen));
+}
+
+TEST_F(SerialExecutorThreadTest, IsCurrentInItsOwnJobsOnly) {
+  const auto executor = executors->createSerialExecutor();
+  const auto other = executors->createSerialExecutor();
+  EXPECT_FALSE(executor->isCurrent());
+  runOn(*executor, [&] {
+    EXPECT_TRUE(executor->isCurrent());
+    EXPECT_FALSE(other->isCurrent());
+  });
+}
+
+TEST_F(SerialExecutorThreadTest, DropsAndCountsInACrowdWhatMayBeDropped) {
+  const auto executor = executors->createSerialExecutor();
+  std::size_t jobs = 0;
+  std::promise<void> begin;
+  std::promise<void> hasBegun;
+  executor->post([&] {
+    hasBegun.set_value();
+    begin.get_future().wait();
+  });
+  hasBegun.get_future().wait();
+  for (std::size_t i = 0; i < SerialExecutorThreads::mostWaiting + 3; ++i) executor->postUnlessCrowded([&] { ++jobs; });
+  begin.set_value();
+  runOn(*executor, [] {});
+  EXPECT_EQ(jobs, SerialExecutorThreads::mostWaiting) << "what may not be dropped is not";
+  EXPECT_EQ(executors->droppedJobs(), 3U);
+}
+
+TEST_F(SerialExecutorThreadTest, DropsWaitingJobsWhenItIsLetGo) {
+  auto executor = executors->createSerialExecutor();
+  std::promise<void> begun;
+  std::promise<void> mayEnd;
+  std::atomic<bool> hasRunDropped = false;
+  auto held = std::make_shared<int>();
+  executor->post([&] {
+    begun.set_value();
+    mayEnd.get_future().wait();
+  });
+  executor->post([&, held] { hasRunDropped = true; });
+  begun.get_future().wait();
+  executor.reset();
+  EXPECT_EQ(held.use_count(), 1) << "the dropped job is gone before its executor is";
+  mayEnd.set_value();
+  endAll();
+  EXPECT_FALSE(hasRunDropped);
+}
+
+TEST_F(SerialExecutorThreadTest, AJobMayLetGoOfItsOwnExecutor) {
+  auto executor = executors->createSerialExecutor();
+  std::promise<void> done;
+  executor->post([&] {
+    executor.reset();
+    done.set_value();
+  });
+  done.get_future().wait();
+  EXPECT_EQ(executor, nullptr);
+}
+
+TEST_F(SerialExecutorThreadTest, BeginsNoJobAfterClose) {
+  const auto executor = executors->createSerialExecutor();
+  std::atomic<bool> hasRun = false;
+  runOn(*executor, [&] {
+    executors->close();
+    executor->post([&] { hasRun = true; });
+  });
+  const auto late = executors->createSerialExecutor();
+  late->post([&] { hasRun = true; });
+  endAll();
+  EXPECT_FALSE(hasRun);
+}
+
+// The main thread lets go of everything while a job still waits for the main thread.
+TEST_F(SerialExecutorThreadTest, ItsEndServesAJobThatWaitsForTheMainThread) {
+  auto executor = executors->createSerialExecutor();
+  std::promise<void> begun;
+  std::promise<void> mayWait;
+  bool hasRunOnMainThread = false;
+  executor->post([&] {
+    begun.set_value();
+    mayWait.get_future().wait();
+    loop.runAndWait([&] { hasRunOnMainThread = loop.isCurrent(); });
+  });
+  begun.get_future().wait();
+  executor.reset();
+  mayWait.set_value();
+  endAll();
+  EXPECT_TRUE(hasRunOnMainThread);
+}
+
+}  // namespace
+}  // namespace norra::linux_desktop

@@ -1,0 +1,290 @@
+#include <gmock/gmock.h>
+
+#include <thread>
+
+#include "Platform/Linux/runtime/SerialExecutorThread.h"
+#include "Platform/Linux/service/BusListener.h"
+#include "Platform/Linux/service/ServiceProcess.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestClient.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+using std::chrono::system_clock;
+using std::chrono_literals::operator""ms;
+using std::chrono_literals::operator""s;
+using std::chrono_literals::operator""us;
+using std::chrono_literals::operator""h;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::SizeIs;
+
+constexpr auto limit = 20s;
+
+/// Answers with its own name, and takes the client's proxy when it is started.
+class ExportedObject final : public ServiceProtocol {
+ public:
+  ExportedObject(std::shared_ptr<NSXPCConnection> connection, std::string name)
+      : connection_(std::move(connection)), name_(std::move(name)) {}
+
+  void startCollectorWith(const ServiceReply& reply) override {
+    client = connection_->remoteObjectProxy([this](const std::string& error) { errors.push_back(error); });
+    reply(client ? name_ + " started" : "no proxy");
+  }
+  void stopCollectorWith(const ServiceReply& reply) override { reply(name_ + " stopped"); }
+  void pauseCollectorWith(const ServiceReply& reply) override { reply(name_ + " paused"); }
+  void resumeCollectorWith(const ServiceReply& reply) override { reply(name_ + " resumed"); }
+
+  std::shared_ptr<ClientProtocol> client;
+  std::vector<std::string> errors;
+
+ private:
+  std::shared_ptr<NSXPCConnection> connection_;
+  std::string name_;
+};
+
+class Delegate final : public NSXPCListenerDelegate {
+ public:
+  bool shouldAcceptNewConnection(std::shared_ptr<NSXPCConnection> connection) override {
+    const auto name = std::to_string(++connections);
+    auto object = std::make_shared<ExportedObject>(connection, name);
+    objects.push_back(object);
+    connection->setExportedObject(object);
+    connection->setInvalidationHandler([this, name] { log.push_back(name + " invalidated"); });
+    connection->setInterruptionHandler([this, name] { log.push_back(name + " interrupted"); });
+    connection->activate();
+    return accepts;
+  }
+
+  bool accepts = true;
+  int connections = 0;
+  std::vector<std::weak_ptr<ExportedObject>> objects;
+  std::vector<std::string> log;
+};
+
+class BusListenerTest : public testing::Test {
+ protected:
+  BusListenerTest() { listener->setDelegate(&delegate); }
+
+  /// Serves the loop until the condition holds. False: it did not within a generous limit.
+  bool runUntil(const std::function<bool()>& condition) {
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    while (!condition() && std::chrono::steady_clock::now() < deadline) sd_event_run(loop.event(), 10'000);
+    return condition();
+  }
+
+  std::string ask(TestClient& client, const char* method, const char* argument = nullptr) {
+    const auto before = client.replies().size();
+    client.call(method, argument);
+    return runUntil([&] { return client.replies().size() > before; }) ? client.replies().back() : "no reply";
+  }
+
+  std::shared_ptr<ExportedObject> started(TestClient& client) {
+    ask(client, "startCollectorWith");
+    return delegate.objects.back().lock();
+  }
+
+  PrivateBus bus;
+  EventLoop loop;
+  std::unique_ptr<BusListener> listener = BusListener::open(loop).listener;
+  Delegate delegate;
+};
+
+TEST_F(BusListenerTest, EachCallerIsAConnectionWithItsOwnObject) {
+  TestClient first(loop.event());
+  TestClient second(loop.event());
+  EXPECT_EQ(ask(first, "startCollectorWith"), "1 started");
+  EXPECT_EQ(ask(second, "pauseCollectorWith"), "2 paused");
+  EXPECT_EQ(ask(first, "resumeCollectorWith"), "1 resumed");
+  EXPECT_EQ(ask(second, "stopCollectorWith"), "2 stopped");
+  EXPECT_EQ(delegate.connections, 2);
+}
+
+TEST_F(BusListenerTest, AnswersTheCallsOfOneClientInTheirOrder) {
+  TestClient client(loop.event());
+  for (const char* method : {"startCollectorWith", "pauseCollectorWith", "startCollectorWith", "stopCollectorWith"}) {
+    client.call(method);
+  }
+  ASSERT_TRUE(runUntil([&] { return client.replies().size() == 4; }));
+  EXPECT_THAT(client.replies(), ElementsAre("1 started", "1 paused", "1 started", "1 stopped"));
+}
+
+TEST_F(BusListenerTest, AWrongCallGetsAnErrorAndTheServiceGoesOn) {
+  TestClient client(loop.event());
+  EXPECT_EQ(ask(client, "pauseCollectorWith", "surplus"), "org.freedesktop.DBus.Error.InvalidArgs");
+  EXPECT_EQ(ask(client, "noSuchMethod"), "org.freedesktop.DBus.Error.UnknownMethod");
+  EXPECT_EQ(ask(client, "pauseCollectorWith"), "1 paused");
+}
+
+TEST_F(BusListenerTest, ARefusedConnectionGetsAnError) {
+  delegate.accepts = false;
+  TestClient client(loop.event());
+  EXPECT_EQ(ask(client, "pauseCollectorWith"), "org.freedesktop.DBus.Error.AccessDenied");
+}
+
+TEST_F(BusListenerTest, AVanishingClientInvalidatesItsConnectionOnly) {
+  TestClient first(loop.event());
+  TestClient second(loop.event());
+  ask(first, "pauseCollectorWith");
+  ask(second, "pauseCollectorWith");
+  first.vanish();
+  ASSERT_TRUE(runUntil([&] { return delegate.objects[0].expired(); })) << "the exported object is let go";
+  EXPECT_THAT(delegate.log, ElementsAre("1 invalidated"));
+  EXPECT_EQ(ask(second, "pauseCollectorWith"), "2 paused");
+}
+
+TEST_F(BusListenerTest, LosingTheBusInterruptsEveryConnectionAndEndsTheService) {
+  TestClient first(loop.event());
+  TestClient second(loop.event());
+  ask(first, "pauseCollectorWith");
+  ask(second, "pauseCollectorWith");
+  bus.kill();
+  EXPECT_EQ(listener->activate(), std::nullopt);
+  EXPECT_THAT(delegate.log, testing::UnorderedElementsAre("1 interrupted", "2 interrupted"));
+}
+
+TEST_F(BusListenerTest, ASecondServiceIsToldWhoHasTheName) {
+  const auto second = BusListener::open(loop);
+  EXPECT_EQ(second.listener, nullptr);
+  EXPECT_THAT(second.problem, HasSubstr("runs already"));
+}
+
+struct ObjectCase {
+  const char* name;
+  TestClient::Object object;
+  bool reads;
+  std::string reply;
+};
+
+void PrintTo(const ObjectCase& testCase, std::ostream* out) { *out << testCase.name; }
+
+class ClientObjectTest : public BusListenerTest, public testing::WithParamInterface<ObjectCase> {};
+
+TEST_P(ClientObjectTest, DecidesWhetherThereIsAProxy) {
+  TestClient client(loop.event(), GetParam().object);
+  client.call("startCollectorWith");
+  if (!GetParam().reads) {
+    client.stopReading();
+    ASSERT_TRUE(runUntil([&] { return delegate.connections == 1 && delegate.objects[0].lock()->client; }));
+    client.readAgain(loop.event());
+  }
+  ASSERT_TRUE(runUntil([&] { return !client.replies().empty(); }));
+  EXPECT_THAT(client.replies(), ElementsAre(GetParam().reply));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , ClientObjectTest,
+    testing::Values(ObjectCase{"Usable", TestClient::Object::usable, true, "1 started"},
+                    ObjectCase{"None", TestClient::Object::none, true, "no proxy"},
+                    ObjectCase{"WithoutAddEvent", TestClient::Object::withoutAddEvent, true, "no proxy"},
+                    ObjectCase{"OfAClientThatWaitsForTheReply", TestClient::Object::usable, false, "1 started"}),
+    [](const auto& testCase) { return testCase.param.name; });
+
+TEST_F(BusListenerTest, ReportsArriveInOrderWithDateAndFlagFromAnyThread) {
+  TestClient client(loop.event());
+  const auto object = started(client);
+  std::thread reporter([client = object->client] {
+    client->addEvent("one", system_clock::time_point(1'700'000'000'123'456us), false);
+    client->addEvent("", system_clock::time_point(2us), true);
+  });
+  EXPECT_TRUE(runUntil([&] { return client.events().size() == 2; }));
+  reporter.join();
+  EXPECT_THAT(client.events(), ElementsAre(ReceivedEvent{"one", 1'700'000'000'123'456, false},  //
+                                           ReceivedEvent{"", 2, true}));
+}
+
+TEST_F(BusListenerTest, ReportsToAClientThatDoesNotReadAreLostBeyondALimitAndComeAgainAfterwards) {
+  constexpr std::size_t most = UnreadLimits{}.reports;
+  TestClient client(loop.event());
+  const auto object = started(client);
+  client.stopReading();
+  for (std::size_t report = 0; report < most + 3; ++report) object->client->addEvent("early", {}, false);
+  EXPECT_THAT(object->errors, AllOf(SizeIs(3), testing::Each(HasSubstr("does not read"))));
+  EXPECT_EQ(listener->counts().lost, 3U);
+  client.readAgain(loop.event());
+  ASSERT_TRUE(runUntil([&] { return client.events().size() == most; }));
+  EXPECT_EQ(listener->counts().sent, most);
+  ASSERT_TRUE(runUntil([&] {
+    object->errors.clear();
+    object->client->addEvent("late", {}, false);
+    return object->errors.empty();
+  }));
+  EXPECT_TRUE(runUntil([&] { return client.events().back().event == "late"; }));
+}
+
+TEST_F(BusListenerTest, AClientThatReadsButNeverAnswersGetsEverything) {
+  constexpr std::size_t many = 3 * UnreadLimits{}.reports;
+  TestClient client(loop.event(), TestClient::Object::neverAnswering);
+  const auto object = started(client);
+  for (std::size_t report = 0; report < many; ++report) {
+    object->client->addEvent("report", {}, false);
+    ASSERT_TRUE(runUntil([&] { return client.events().size() == report + 1; }));
+  }
+  EXPECT_THAT(object->errors, ElementsAre());
+}
+
+TEST_F(BusListenerTest, AReportToAVanishedClientGivesWhatTheBusSays) {
+  TestClient client(loop.event());
+  const auto object = started(client);
+  client.vanish();
+  ASSERT_TRUE(runUntil([&] { return !delegate.log.empty(); }));
+  object->client->addEvent("lost", {}, false);
+  ASSERT_TRUE(runUntil([&] { return !object->errors.empty(); }));
+  EXPECT_THAT(object->errors, ElementsAre(HasSubstr("ServiceUnknown")));
+  EXPECT_EQ(listener->counts().lost, 1U);
+}
+
+class ServiceProcessTest : public BusListenerTest {
+ protected:
+  std::optional<SerialExecutorThreads> executors{std::in_place, loop};
+};
+
+TEST_F(ServiceProcessTest, ExitSendsEveryReportBeforeTheProcessEnds) {
+  constexpr std::size_t reports = 1000;
+  std::optional<ServiceProcess> process(std::in_place, ServiceProcess::Parts{loop, *executors, *listener}, 1h);
+  TestClient client(loop.event());
+  auto proxy = started(client)->client;
+  client.stopReading();
+  const auto executor = executors->createSerialExecutor();
+  bool hasRunAfterExit = false;
+  executor->post([&] {
+    for (std::size_t report = 0; report < reports; ++report) proxy->addEvent(std::string(500, 'x'), {}, false);
+    process->exit(7);
+    executor->post([&] { hasRunAfterExit = true; });
+  });
+  EXPECT_EQ(listener->activate(), 7);
+  executors.reset();
+  process.reset();
+  proxy.reset();
+  listener.reset();
+  client.readEvents(reports, limit);
+  EXPECT_THAT(client.events(), SizeIs(reports));
+  EXPECT_FALSE(hasRunAfterExit);
+}
+
+TEST_F(ServiceProcessTest, EndsByItselfAfterTheLastClientAndTransaction) {
+  ServiceProcess process({loop, *executors, *listener}, 1ms);
+  process.beginTransaction();
+  process.setAutomaticTerminationSupportEnabled(true);
+  TestClient client(loop.event());
+  EXPECT_EQ(ask(client, "pauseCollectorWith"), "1 paused") << "an open transaction keeps it";
+  process.endTransaction();
+  EXPECT_EQ(ask(client, "pauseCollectorWith"), "1 paused") << "a client keeps it";
+  client.vanish();
+  EXPECT_EQ(listener->activate(), std::nullopt);
+  EXPECT_THAT(delegate.log, ElementsAre("1 invalidated"));
+}
+
+// A call that came in while the name was given back is answered, and the service stays.
+TEST_F(ServiceProcessTest, ACallDuringItsEndKeepsTheService) {
+  TestClient client(loop.event());
+  client.call("pauseCollectorWith");
+  listener->endIfUnused();
+  ASSERT_TRUE(runUntil([&] { return !client.replies().empty(); }));
+  EXPECT_EQ(ask(client, "resumeCollectorWith"), "1 resumed") << "the name is its own again";
+}
+
+}  // namespace
+}  // namespace norra::linux_desktop
