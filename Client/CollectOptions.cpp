@@ -2,7 +2,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "Client/ReportFormat.h"
+#include "Client/formats/ReportFormat.h"
 
 namespace norra {
 namespace {

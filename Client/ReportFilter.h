@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "Client/Report.h"
+#include "Client/formats/Report.h"
 #include "NorraDataCollector/model/Action.h"
 
 namespace norra {

@@ -8,7 +8,7 @@
 #include "Client/Collection.h"
 #include "Client/LineWriter.h"
 #include "Client/ReportFilter.h"
-#include "Client/ReportFormat.h"
+#include "Client/formats/ReportFormat.h"
 
 namespace norra {
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "Client/Report.h"
+#include "Client/formats/Report.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/runtime/SessionBus.h"
 

@@ -2,7 +2,7 @@
 
 #include <uriparser/Uri.h>
 
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 
 namespace norra {
 namespace {

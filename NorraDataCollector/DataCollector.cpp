@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "NorraDataCollector/ApplicationData.h"
-#include "NorraDataCollector/NorraDataCollectorLogging.h"
 #include "NorraDataCollector/TapEventsCollector/TapEventsCollector.h"
 #include "NorraDataCollector/WorkspaceNotificationsCollector.h"
 #include "NorraDataCollector/accessibility/AccessibilityNotificationCollector.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
 
 namespace norra {

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "NorraDataCollector/NorraDataCollectorLogging.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
 namespace norra {
 

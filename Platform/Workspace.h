@@ -7,6 +7,7 @@
 #include <string>
 
 #include "Platform/Accessibility.h"
+#include "Platform/Registration.h"
 
 namespace norra {
 
@@ -16,12 +17,6 @@ struct NSRunningApplication {
   std::optional<std::string> bundleIdentifier;
   std::optional<NSURL> executableURL;
   std::optional<std::string> localizedName;
-};
-
-/// Something that goes on until this is let go.
-class Registration {
- public:
-  virtual ~Registration() = default;
 };
 
 /// Receives the activated application; nothing where the notification names none. Main thread.

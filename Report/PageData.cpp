@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "NorraDataCollector/model/ActionFields.h"
-#include "Report/ActionWords.h"
+#include "NorraDataCollector/model/ActionWords.h"
 
 namespace norra::report {
 namespace {

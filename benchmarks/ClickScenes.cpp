@@ -1,6 +1,6 @@
 #include "benchmarks/ClickScenes.h"
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
 
 namespace norra::benchmarks {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
 
 namespace norra::benchmarks {
 namespace {

@@ -4,9 +4,9 @@
 
 #include <functional>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
 #include "NorraDataCollector/accessibility/SelectionChanges.h"
-#include "NorraDataCollector/accessibility/TextChanges.h"
+#include "NorraDataCollector/accessibility/ValueChanges.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/interpretation/ClickClassification.h"
 #include "NorraDataCollector/interpretation/NameLists.h"
 #include "NorraDataCollector/interpretation/WebContext.h"

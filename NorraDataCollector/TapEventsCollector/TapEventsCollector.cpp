@@ -3,12 +3,12 @@
 #include <chrono>
 #include <utility>
 
-#include "NorraDataCollector/NorraDataCollectorLogging.h"
 #include "NorraDataCollector/TapEventsCollector/KeyNaming.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ClickClassification.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/WebContext.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
 namespace norra {
 namespace {

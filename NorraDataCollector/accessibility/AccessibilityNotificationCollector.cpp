@@ -4,11 +4,11 @@
 #include <string>
 #include <utility>
 
-#include "NorraDataCollector/NorraDataCollectorLogging.h"
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
 #include "NorraDataCollector/accessibility/SelectionChanges.h"
-#include "NorraDataCollector/accessibility/TextChanges.h"
+#include "NorraDataCollector/accessibility/ValueChanges.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
 namespace norra {
 namespace {

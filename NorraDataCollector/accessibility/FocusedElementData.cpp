@@ -1,8 +1,8 @@
 #include "NorraDataCollector/accessibility/FocusedElementData.h"
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
-#include "NorraDataCollector/accessibility/AttributeValueText.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/AttributeValueText.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/WebContext.h"
 #include "NorraDataCollector/text/Text.h"
 

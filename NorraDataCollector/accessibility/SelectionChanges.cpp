@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/NameLists.h"
 #include "NorraDataCollector/text/Text.h"

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "NorraDataCollector/accessibility/AttributeValueText.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/AttributeValueText.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/NameSearch.h"
 

@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/text/Text.h"
 
 namespace norra {

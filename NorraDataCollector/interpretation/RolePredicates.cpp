@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
 
 namespace norra {
 namespace {

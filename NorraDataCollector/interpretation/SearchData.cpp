@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/RolePredicates.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "Platform/Accessibility.h"
 
 namespace norra {

@@ -6,10 +6,10 @@
 #include <array>
 #include <utility>
 
-#include "NorraDataCollector/NorraDataCollectorLogging.h"
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
-#include "NorraDataCollector/accessibility/AttributeValueText.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/AttributeValueText.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
 namespace norra {
 namespace {

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
 #include "NorraDataCollector/accessibility/FocusedElementData.h"
 #include "NorraDataCollector/accessibility/SelectionChanges.h"
-#include "NorraDataCollector/accessibility/TextChanges.h"
+#include "NorraDataCollector/accessibility/ValueChanges.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/interpretation/ClickClassification.h"
 #include "NorraDataCollector/interpretation/WebContext.h"
 #include "NorraDataCollector/text/Text.h"

@@ -11,7 +11,7 @@
 #include "Platform/Linux/reading/AtspiContext.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
 #include "Platform/Linux/runtime/EventSource.h"
-#include "Platform/Workspace.h"
+#include "Platform/Registration.h"
 
 namespace norra::linux_desktop {
 

@@ -2,9 +2,9 @@
 
 #include <set>
 
-#include "Report/ActionWords.h"
+#include "NorraDataCollector/model/ActionWords.h"
 
-namespace norra::report {
+namespace norra {
 namespace {
 
 using std::nullopt;
@@ -95,4 +95,4 @@ TEST(KindWords, TellEveryKindFromTheOthers) {
 }
 
 }  // namespace
-}  // namespace norra::report
+}  // namespace norra

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Client/Report.h"
+#include "Client/formats/Report.h"
 
 namespace norra {
 
@@ -26,18 +26,5 @@ std::string headOf(std::string_view name);
 
 /// A formatter of its own for one stream of reports. Empty for a name that is no format's.
 ReportFormatter newFormatter(std::string_view name, const FormatOptions& options);
-
-/// The members of the report's event, then "date" in ISO 8601 (UTC, microseconds) and "isApplicationEvent". An event
-/// that is no JSON object is left out.
-std::string jsonLine(const Report& report);
-
-/// The members of every kind in columns of their own (RFC 4180), those that the report does not have left empty.
-std::string csvLine(const Report& report);
-/// The names of the columns.
-std::string csvHead();
-
-/// For a person: the local time of day, the application in front, what was done. Control characters in texts are
-/// replaced, so that no window title reaches the terminal as a command.
-ReportFormatter newTextFormatter(const FormatOptions& options);
 
 }  // namespace norra

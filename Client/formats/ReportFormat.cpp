@@ -1,8 +1,11 @@
-#include "Client/ReportFormat.h"
+#include "Client/formats/ReportFormat.h"
 
 #include <algorithm>
 #include <array>
-#include <utility>
+
+#include "Client/formats/CsvLine.h"
+#include "Client/formats/JsonLine.h"
+#include "Client/formats/TextLine.h"
 
 namespace norra {
 namespace {

@@ -1,4 +1,4 @@
-#include "NorraDataCollector/NorraDataCollectorLogging.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
 #include "NorraLogging/NorraOSLoggerFactory.h"
 

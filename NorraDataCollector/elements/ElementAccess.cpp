@@ -1,12 +1,12 @@
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 
 #include <algorithm>
 #include <array>
 #include <utility>
 
-#include "NorraDataCollector/NorraDataCollectorLogging.h"
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
-#include "NorraDataCollector/accessibility/AttributeValueText.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/AttributeValueText.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
 namespace norra::ax {
 namespace {

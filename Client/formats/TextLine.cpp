@@ -1,11 +1,12 @@
+#include "Client/formats/TextLine.h"
+
 #include <array>
 #include <cstdio>
 #include <ctime>
 
-#include "Client/ReportFormat.h"
 #include "NorraDataCollector/model/ActionDecoding.h"
+#include "NorraDataCollector/model/ActionWords.h"
 #include "NorraDataCollector/text/Text.h"
-#include "Report/ActionWords.h"
 
 namespace norra {
 namespace {
@@ -54,7 +55,7 @@ std::string inColumn(std::string_view name) {
 }
 
 /// Such as: Changed text field "Subject" · Quarterly figures
-std::string sentence(const report::ActionWords& words) {
+std::string sentence(const ActionWords& words) {
   std::string text = words.deed;
   if (words.object) text += " \"" + *words.object + "\"";
   if (words.outcome) text += " · " + *words.outcome;
@@ -73,7 +74,7 @@ class TextFormatter {
       return line + styled("unreadable report: " + withoutControls(error->message), style(red));
     }
     const auto& action = std::get<Action>(decoded);
-    const auto words = withoutControls(sentence(report::wordsFor(action)));
+    const auto words = withoutControls(sentence(wordsFor(action)));
     if (const auto* change = std::get_if<ChangeApplicationData>(&action)) {
       application_ = withoutControls(change->fileDescription);
       return line + styled(words, style(bold));

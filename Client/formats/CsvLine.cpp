@@ -1,7 +1,10 @@
+#include "Client/formats/CsvLine.h"
+
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <vector>
 
-#include "Client/ReportFormat.h"
+#include "Client/formats/JsonLine.h"
 #include "NorraDataCollector/model/ActionFields.h"
 
 namespace norra {
@@ -36,7 +39,7 @@ std::string cell(const std::string& text) {
   return quoted + "\"";
 }
 
-std::string textOf(const nlohmann::json& report, const std::string& column) {
+std::string textOf(const nlohmann::ordered_json& report, const std::string& column) {
   const auto found = report.find(column);
   if (found == report.end()) return {};
   return found->is_string() ? found->get<std::string>() : found->dump();
@@ -51,7 +54,7 @@ std::string csvHead() {
 }
 
 std::string csvLine(const Report& report) {
-  const auto members = nlohmann::json::parse(jsonLine(report));
+  const auto members = membersOf(report);
   std::string line;
   for (const auto& column : columns()) line += cell(textOf(members, column)) + ",";
   line.pop_back();

@@ -1,4 +1,4 @@
-#include "NorraDataCollector/accessibility/AttributeValueText.h"
+#include "NorraDataCollector/elements/AttributeValueText.h"
 
 #include <array>
 #include <charconv>

@@ -1,9 +1,9 @@
+#include "Client/formats/JsonLine.h"
+
 #include <array>
 #include <cstdio>
 #include <ctime>
 #include <nlohmann/json.hpp>
-
-#include "Client/ReportFormat.h"
 
 namespace norra {
 namespace {
@@ -22,12 +22,14 @@ std::string iso8601(std::chrono::system_clock::time_point date) {
 
 }  // namespace
 
-std::string jsonLine(const Report& report) {
-  auto line = nlohmann::ordered_json::parse(report.event, nullptr, false);
-  if (!line.is_object()) line = nlohmann::ordered_json::object();
-  line["date"] = iso8601(report.date);
-  line["isApplicationEvent"] = report.isApplicationEvent;
-  return line.dump();
+nlohmann::ordered_json membersOf(const Report& report) {
+  auto members = nlohmann::ordered_json::parse(report.event, nullptr, false);
+  if (!members.is_object()) members = nlohmann::ordered_json::object();
+  members["date"] = iso8601(report.date);
+  members["isApplicationEvent"] = report.isApplicationEvent;
+  return members;
 }
+
+std::string jsonLine(const Report& report) { return membersOf(report).dump(); }
 
 }  // namespace norra

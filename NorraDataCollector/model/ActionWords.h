@@ -8,7 +8,7 @@
 
 #include "NorraDataCollector/model/Action.h"
 
-namespace norra::report {
+namespace norra {
 
 /// A sentence in up to three pieces, such as "Changed text field", "Subject" and "Quarterly figures".
 struct ActionWords {
@@ -34,4 +34,4 @@ struct KindWords {
 KindWords wordsFor(CodingKeys kind);
 std::string_view nameOf(KindGroup group);
 
-}  // namespace norra::report
+}  // namespace norra

@@ -1,9 +1,9 @@
-#include "Report/ActionWords.h"
+#include "NorraDataCollector/model/ActionWords.h"
 
 #include <array>
 #include <utility>
 
-namespace norra::report {
+namespace norra {
 namespace {
 
 /// The parts that are not empty, with the separator between them.
@@ -161,4 +161,4 @@ std::string_view nameOf(KindGroup group) {
   return "";
 }
 
-}  // namespace norra::report
+}  // namespace norra

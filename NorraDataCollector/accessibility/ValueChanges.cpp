@@ -1,9 +1,9 @@
-#include "NorraDataCollector/accessibility/TextChanges.h"
+#include "NorraDataCollector/accessibility/ValueChanges.h"
 
 #include <utility>
 
-#include "NorraDataCollector/accessibility/AccessibilityConstants.h"
-#include "NorraDataCollector/accessibility/ElementAccess.h"
+#include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/text/Text.h"
 

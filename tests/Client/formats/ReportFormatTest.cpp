@@ -3,7 +3,9 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "Client/ReportFormat.h"
+#include "Client/formats/CsvLine.h"
+#include "Client/formats/JsonLine.h"
+#include "Client/formats/ReportFormat.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
 
 namespace norra {
