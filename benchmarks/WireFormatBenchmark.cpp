@@ -1,18 +1,14 @@
-// Writing and reading one report of each kind, ours and by two libraries that do the same.
 #include <benchmark/benchmark.h>
 
 #include "NorraDataCollector/model/ActionDecoding.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
 #include "benchmarks/Allocations.h"
 #include "benchmarks/Benchmarks.h"
-#include "benchmarks/WireFormatPeers.h"
+#include "benchmarks/WireFormat.h"
 #include "benchmarks/WireFormatSamples.h"
 
 namespace norra::benchmarks {
 namespace {
-
-using Encoder = std::string (*)(const Action&);
-using Decoder = Action (*)(std::string_view);
 
 Action decodeOurs(std::string_view text) { return std::get<Action>(decodeAction(text)); }
 
@@ -29,23 +25,20 @@ void decoding(benchmark::State& state, Decoder decoder, const Action& action) {
   for (auto _ : state) benchmark::DoNotOptimize(decoder(text));
 }
 
-void registerKind(const Action& action) {
-  const std::string name(rawValue(kind(action)));
-  const auto add = [&](const std::string& what, auto benchmark, auto codec) {
-    benchmark::RegisterBenchmark((what + "/" + name).c_str(),
-                                 [=, &action](auto& state) { benchmark(state, codec, action); });
-  };
-  add("encode/ours", encoding, Encoder{encode});
-  add("encode/nlohmann-json", encoding, Encoder{nlohmannPeer::encode});
-  add("decode/ours", decoding, Decoder{decodeOurs});
-  add("decode/nlohmann-json", decoding, Decoder{nlohmannPeer::decode});
-  add("decode/simdjson", decoding, Decoder{simdjsonPeer::decode});
-}
-
 }  // namespace
 
-void registerWireFormat() {
-  for (const auto& action : sampleActions()) registerKind(action);
+void registerCodec(const std::string& name, Encoder encoder, Decoder decoder) {
+  for (const auto& action : sampleActions()) {
+    const auto add = [&](const std::string& what, auto benchmark, auto codec) {
+      if (codec == nullptr) return;
+      benchmark::RegisterBenchmark((what + "/" + name + "/" + std::string(rawValue(kind(action)))).c_str(),
+                                   [=, &action](auto& state) { benchmark(state, codec, action); });
+    };
+    add("encode", encoding, encoder);
+    add("decode", decoding, decoder);
+  }
 }
+
+void registerWireFormat() { registerCodec("ours", encode, decodeOurs); }
 
 }  // namespace norra::benchmarks

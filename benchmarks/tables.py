@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""Prints the results of norra-benchmarks (JSON, with repetitions) as Markdown tables of medians of processor time."""
+"""Prints the results of norra-benchmarks or norra-json-peers (JSON, with repetitions) as Markdown tables of medians of processor time."""
 
 import json
 import os
 import statistics
 import sys
 from collections import defaultdict
+
+PEERS = ("nlohmann-json", "simdjson")
 
 
 class Results:
@@ -65,22 +67,20 @@ def print_machine(context):
 
 
 def print_wire_format(results):
-    kinds = results.names("encode/ours/")
+    for title, direction in (("Writing a report", "encode"), ("Reading a report", "decode")):
+        peers = [peer for peer in PEERS if results.names(f"{direction}/{peer}/")]
 
-    def row(direction, peers, kind):
-        ours = f"{direction}/ours/{kind}"
-        cells = [kind, nanoseconds(results.median(ours)), nanoseconds(results.worst(ours)),
-                 f"{results.median(ours, 'allocations'):.0f}"]
-        for peer in peers:
-            theirs = results.median(f"{direction}/{peer}/{kind}")
-            cells += [nanoseconds(theirs), f"{theirs / results.median(ours):.2f}"]
-        return cells
+        def row(kind):
+            ours = f"{direction}/ours/{kind}"
+            cells = [kind, nanoseconds(results.median(ours)), nanoseconds(results.worst(ours)),
+                     f"{results.median(ours, 'allocations'):.0f}"]
+            for peer in peers:
+                theirs = results.median(f"{direction}/{peer}/{kind}")
+                cells += [nanoseconds(theirs), f"{theirs / results.median(ours):.2f}"]
+            return cells
 
-    table("Writing a report", ["kind", "ours", "worst", "allocations", "nlohmann-json", "times ours"],
-          [row("encode", ["nlohmann-json"], kind) for kind in kinds])
-    table("Reading a report",
-          ["kind", "ours", "worst", "allocations", "nlohmann-json", "times ours", "simdjson", "times ours"],
-          [row("decode", ["nlohmann-json", "simdjson"], kind) for kind in kinds])
+        table(title, ["kind", "ours", "worst", "allocations"] + [word for peer in peers for word in (peer, "times ours")],
+              [row(kind) for kind in results.names(f"{direction}/ours/")])
 
 
 def print_clicks(results):

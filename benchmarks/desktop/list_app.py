@@ -1,9 +1,6 @@
 #!/usr/bin/python3
 """list_app.py ROWS: a GTK 3 window with a list of so many rows; control.py says how it is asked where a row is."""
 import sys
-from pathlib import Path
-
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "tests/applications"))
 
 import gi
 

@@ -1,4 +1,4 @@
-#include "benchmarks/desktop/OrdinaryClicks.h"
+#include "benchmarks/peers/OrdinaryClicks.h"
 
 #include <atspi/atspi.h>
 

@@ -1,6 +1,6 @@
 #include <nlohmann/json.hpp>
 
-#include "benchmarks/WireFormatRecords.h"
+#include "benchmarks/peers/WireFormatRecords.h"
 
 namespace norra::benchmarks::nlohmannPeer {
 namespace {

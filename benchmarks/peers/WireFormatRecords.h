@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "NorraDataCollector/model/ActionFields.h"
-#include "benchmarks/WireFormatPeers.h"
+#include "benchmarks/peers/WireFormatPeers.h"
 
 namespace norra::benchmarks {
 

@@ -1,6 +1,6 @@
 #include <simdjson.h>
 
-#include "benchmarks/WireFormatRecords.h"
+#include "benchmarks/peers/WireFormatRecords.h"
 
 namespace norra::benchmarks::simdjsonPeer {
 namespace {

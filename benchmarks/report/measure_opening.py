@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""How long a report page takes to open: measure_opening.py PROGRAM [ACTIONS [TIMES]]
+"""How long a report page takes to open: measure_opening.py PROGRAM [ACTIONS [TIMES]]; benchmarks/run.sh runs it
 
 Measures from the browser's order to open the page to the second frame after its list stands there."""
 
