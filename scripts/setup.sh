@@ -1,13 +1,16 @@
 #!/usr/bin/env bash
-# setup.sh: installs the Debian packages of scripts/packages.txt that are missing, and nothing else.
+# setup.sh [LIST]: installs the Debian packages of scripts/packages.txt, or of another list, that are missing, and nothing
+# else.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 case "${1:-}" in
-  -h | --help) sed -n '2s/^# //p' "$0"; exit 0 ;;
+  -h | --help) sed -n '2,3s/^# //p' "$0"; exit 0 ;;
 esac
 
-wanted() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' scripts/packages.txt; }
+readonly list=${1:-scripts/packages.txt}
+
+wanted() { sed -e 's/#.*//' -e '/^[[:space:]]*$/d' "$list"; }
 
 installed() { dpkg-query --show --showformat='${Package} ${db:Status-Status}\n' | sed -n 's/ installed$//p'; }
 

@@ -1,0 +1,35 @@
+"""Geany: GTK 3, with an editor that tells little of itself, a tool bar, notebooks and dialogs."""
+from cases import *
+
+PROGRAM = Program(
+    "Geany", "geany", ["geany", "{home}/log.txt"],
+    opens=Application("Geany", re.compile("log.txt - .* - Geany")),
+    files={"log.txt": "calm sea\nfair wind\n"},
+    cases=[
+        case(click("New", "button"), Click("New"), effect=titled("untitled")),
+        case(typing("anchor"), effect=titled("*untitled")),
+        case(keys("ctrl+a"), Combination("Control + a")),
+        case(keys("Left"), Combination("NumericPad + Function + left Arrow")),
+        case(click("untitled", "page tab"), Radio("untitled"), effect=titled("untitled")),
+        case(click("log.txt", "page tab"), Radio("log.txt"), effect=titled("log.txt")),
+        case(choose("View", "Show White Space"), Click("View -> Show White Space")),
+        case(choose("Document", "Set Line Endings", "Convert and Set to CR/LF (Windows)"),
+             Click("Document -> Set Line Endings -> Convert and Set to CR/LF (Windows)"),
+             also=[Click("Document -> Set Line Endings")]),
+        case(choose("Search", "Find…"), Click("Search -> Find…"), effect=titled("Find")),
+        case(typing("wind"), Text(("Search for:", "wind"), "wind")),
+        case(click("Case sensitive", "check box"), Click("Case sensitive", state=1), effect=on("Case sensitive", "check box")),
+        case(click("Next", "button"), Click("Next")),
+        case(click("Close", "button"), Click("Close"), effect=titled("Geany")),
+        case(choose("Edit", "Preferences"), Click("Edit -> Preferences"), effect=titled("Preferences")),
+        case(click("Load files from the last session", "check box"), Click("Load files from the last session", state=0),
+             effect=off("Load files from the last session", "check box")),
+        case(click("Interface", "page tab"), Radio("Interface"), effect=selected("Interface", "page tab")),
+        case(click("Cancel", "button"), Click("Cancel"), effect=titled("Geany")),
+        case(choose("File", "New"), Click("File -> New"), effect=titled("untitled")),
+        case(typing("x"), effect=titled("*untitled")),
+        case(click("Close", "button"), Click("Close"), effect=titled("Question")),
+        case(click("Don't save", "button"), Click("Don't save"), effect=titled("Geany")),
+        case(choose("Help", "About"), Click("Help -> About"), effect=titled("About")),
+        case(click("Close", "button"), Click("Close"), effect=titled("Geany")),
+    ])

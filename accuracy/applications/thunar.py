@@ -1,0 +1,37 @@
+"""Thunar: GTK 3, with icon views, tree views, a menu bar and dialogs."""
+from cases import *
+
+PROGRAM = Program(
+    "Thunar", "thunar", ["thunar", "{home}/Harbour"],
+    opens=Application("Thunar File Manager", "Harbour - Thunar"),
+    files={"Harbour/log.txt": "calm sea", "Harbour/tides.txt": "high at noon", "Harbour/Charts/bay.txt": "shallow",
+           "Harbour/.secret.txt": "hidden"},
+    cases=[
+        case(click("Home", "button"), Click("Home"), effect=titled("home")),
+        case(click("Back", "button"), Click("Back"), effect=titled("Harbour")),
+        case(click("Open Parent", "button"), Click("Open Parent"), effect=titled("home"), then=keys("alt+Left")),
+        case(choose("View", "Show Hidden Files"), Click("View -> Show Hidden Files")),
+        case(choose("View", "Show Hidden Files"), Click("View -> Show Hidden Files")),
+        case(choose("View", "List View"), Click("View -> List View"), effect=shows("Name", "column header")),
+        case(click("log.txt", "cell"), Row("log.txt", "Name", "log.txt")),
+        case(click("Name", "column header"), Click("Name")),
+        case(click("tides.txt", "cell", button="right"), Item("tides.txt", button="right"), effect=shows("Rename…", "menu item"),
+             then=keys("Escape")),
+        case(choose("File", "Create Folder…"), Click("File -> Create Folder…"), effect=titled("Create")),
+        case(typing("Nets"), Text(("Enter the new name:", "Nets"), "Nets")),
+        case(click("Create", "button"), Click("Create"), effect=shows("Nets", "cell")),
+        case(click("Computer", "cell"), Item("Computer"), effect=titled("Computer")),
+        case(click("File System", "cell"), Item("File System"), effect=titled("File System")),
+        case(choose("Go", "Home"), Click("Go -> Home"), effect=titled("home")),
+        case(keys("ctrl+l"), Combination("Control + l")),
+        case(keys("Escape"), effect=titled("home")),
+        case(keys("F5"), Combination("Function + f5"), effect=titled("home")),
+        case(choose("Edit", "Preferences…"), Click("Edit -> Preferences…"), effect=titled("Preferences")),
+        case(click("Behavior", "page tab"), Radio("Behavior")),
+        case(click("Single click to activate items", "radio button"), Radio("Single click to activate items"),
+             effect=on("Single click to activate items", "radio button")),
+        case(click("Double click to activate items", "radio button"), Radio("Double click to activate items"),
+             effect=on("Double click to activate items", "radio button")),
+        case(click("Display", "page tab"), Radio("Display")),
+        case(click("Close", "button"), Click("Close"), effect=titled("Thunar")),
+    ])
