@@ -31,7 +31,7 @@ AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows
       eventTaps_(eventTaps),
       epoch_(event),
       context_(epoch_, windows),
-      events_(event, context_),
+      events_(event, context_.shared, [this](const std::string& name) { context_.forget(name); }),
       focusEvents_(context_, events_),
       services_{context_, events_, focusEvents_,
                 [this](std::function<void()> noteInput) { return watchInput(std::move(noteInput)); }} {}

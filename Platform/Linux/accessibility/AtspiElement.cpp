@@ -5,6 +5,7 @@
 
 #include "Platform/Linux/elements/Naming.h"
 #include "Platform/Linux/elements/RoleDescriptions.h"
+#include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Tables.h"
 #include "Platform/Linux/elements/Value.h"
@@ -15,12 +16,12 @@ namespace {
 
 AttributeResult roleOf(const ElementView& view) {
   if (const auto error = view.roleError(); error != axError::success) return failed(error);
-  return valueOf(std::string(view.mappedRole().role));
+  return valueOf(std::string(mappedRole(view).role));
 }
 
 AttributeResult subroleOf(const ElementView& view) {
   if (const auto error = view.roleError(); error != axError::success) return failed(error);
-  return textOrNoValue(std::string(view.mappedRole().subrole));
+  return textOrNoValue(std::string(mappedRole(view).subrole));
 }
 
 AttributeResult isFocused(const ElementView& view) { return truth(view.hasState(AtspiState::focused)); }

@@ -7,7 +7,7 @@
 #include "Platform/Linux/accessibility/AtspiApplicationElement.h"
 #include "Platform/Linux/accessibility/AtspiElement.h"
 #include "Platform/Linux/following/Focus.h"
-#include "Platform/Linux/toolkits/Waking.h"
+#include "Platform/Linux/following/Waking.h"
 
 namespace norra::linux_desktop {
 namespace {

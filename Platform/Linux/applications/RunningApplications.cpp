@@ -37,7 +37,7 @@ std::optional<NSURL> fileURL(const std::optional<std::filesystem::path>& path) {
   return NSURL{uri.get()};
 }
 
-ApplicationNames namesOf(const X11ApplicationTraits& window) {
+ApplicationNames namesOf(const ApplicationWindow& window) {
   return {.instanceName = window.instanceName,
           .className = window.className,
           .gtkApplicationIdentifier = window.gtkApplicationIdentifier,
@@ -48,7 +48,7 @@ ApplicationNames namesOf(const X11ApplicationTraits& window) {
 
 }  // namespace
 
-RunningApplications::RunningApplications(X11Windows& windows, DesktopFiles& desktopFiles)
+RunningApplications::RunningApplications(ApplicationWindows& windows, DesktopFiles& desktopFiles)
     : windows_(windows), desktopFiles_(desktopFiles) {}
 
 std::optional<NSRunningApplication> RunningApplications::application(ProcessIdentifier process) {
@@ -62,7 +62,7 @@ std::optional<NSRunningApplication> RunningApplications::application(ProcessIden
         known != answers_.end() && known->second.startTime == *startTime && known->second.desktopFiles == generation;
     if (holds) return known->second.application;
   }
-  X11ApplicationTraits withoutWindow;
+  ApplicationWindow withoutWindow;
   withoutWindow.process = process;
   const auto window = windows_.applicationOf(process);
   Answer answer{describe(window.value_or(withoutWindow)), *startTime, generation};
@@ -70,7 +70,7 @@ std::optional<NSRunningApplication> RunningApplications::application(ProcessIden
   return answers_.insert_or_assign(process, std::move(answer)).first->second.application;
 }
 
-std::optional<NSRunningApplication> RunningApplications::applicationOf(const X11ApplicationTraits& window) {
+std::optional<NSRunningApplication> RunningApplications::applicationOf(const ApplicationWindow& window) {
   if (!startTimeOf(window.process)) return std::nullopt;
   return describe(window);
 }
@@ -80,7 +80,7 @@ void RunningApplications::windowsDidChange() {
   answers_.clear();
 }
 
-NSRunningApplication RunningApplications::describe(const X11ApplicationTraits& window) {
+NSRunningApplication RunningApplications::describe(const ApplicationWindow& window) {
   NSRunningApplication application{.processIdentifier = window.process,
                                    .bundleIdentifier = std::nullopt,
                                    .executableURL = fileURL(executableOf(window.process)),

@@ -1,10 +1,11 @@
 // Processes as applications: which desktop file describes each.
 #pragma once
 
+#include <mutex>
 #include <unordered_map>
 
 #include "Platform/Linux/applications/DesktopFiles.h"
-#include "Platform/Linux/x11/X11Windows.h"
+#include "Platform/Linux/display/ApplicationWindows.h"
 #include "Platform/Workspace.h"
 
 namespace norra::linux_desktop {
@@ -13,12 +14,12 @@ namespace norra::linux_desktop {
 class RunningApplications {
  public:
   /// Not owned.
-  RunningApplications(X11Windows& windows, DesktopFiles& desktopFiles);
+  RunningApplications(ApplicationWindows& windows, DesktopFiles& desktopFiles);
 
   /// Nothing: no such process.
   std::optional<NSRunningApplication> application(ProcessIdentifier process);
   /// The application of a window. Nothing: its process is not known.
-  std::optional<NSRunningApplication> applicationOf(const X11ApplicationTraits& window);
+  std::optional<NSRunningApplication> applicationOf(const ApplicationWindow& window);
 
   /// Forgets all answers.
   void windowsDidChange();
@@ -30,9 +31,9 @@ class RunningApplications {
     std::uint64_t desktopFiles = 0;  // their generation
   };
 
-  NSRunningApplication describe(const X11ApplicationTraits& window);
+  NSRunningApplication describe(const ApplicationWindow& window);
 
-  X11Windows& windows_;
+  ApplicationWindows& windows_;
   DesktopFiles& desktopFiles_;
   std::mutex mutex_;
   std::unordered_map<ProcessIdentifier, Answer> answers_;  // guarded by mutex_

@@ -64,8 +64,11 @@ class AtspiEvents::Handle final : public Registration {
   const std::list<Subscription>::iterator subscription_;
 };
 
-AtspiEvents::AtspiEvents(sd_event* event, AtspiContext& context)
-    : event_(event), context_(context), reminder_(event, [this] { remindApplications(); }) {}
+AtspiEvents::AtspiEvents(sd_event* event, AtspiShared& shared, std::function<void(const std::string&)> nameLeft)
+    : event_(event),
+      shared_(shared),
+      nameLeft_(std::move(nameLeft)),
+      reminder_(event, [this] { remindApplications(); }) {}
 
 AtspiEvents::~AtspiEvents() = default;
 
@@ -96,7 +99,7 @@ void AtspiEvents::end(std::list<Subscription>::iterator subscription) {
 
 void AtspiEvents::connect() {
   reconnection_.reset();
-  bus_ = context_.shared.bus.connect();
+  bus_ = shared_.bus.connect();
   if (!bus_ || sd_bus_attach_event(bus_.get(), event_, SD_EVENT_PRIORITY_NORMAL) < 0) return reconnectLater();
   watchBus();
   reminder_.requestAfter(applicationStartsMicroseconds);
@@ -157,7 +160,7 @@ void AtspiEvents::unwantAtRegistry(const std::string& registryName) {
 int AtspiEvents::onEvent(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
   const auto& subscription = *static_cast<Subscription*>(self);
   if (const auto event = eventIn(message)) {
-    subscription.events.context_.shared.resting.sentEvent(event->source.busName, std::chrono::steady_clock::now());
+    subscription.events.shared_.resting.sentEvent(event->source.busName, std::chrono::steady_clock::now());
     // The handler may end the subscription, and with it itself.
     const auto handler = subscription.handler;
     handler(*event);
@@ -172,7 +175,7 @@ int AtspiEvents::onNameChange(sd_bus_message* message, void* self, sd_bus_error*
   const auto owner = readText(message);
   if (!name || !owner) return 0;
   if (owner->empty()) {
-    events.context_.forget(*name);
+    events.nameLeft_(*name);
   } else {
     events.reminder_.requestAfter(applicationStartsMicroseconds);
   }

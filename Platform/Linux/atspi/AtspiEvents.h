@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/atspi/AtspiConnection.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
 #include "Platform/Linux/runtime/EventSource.h"
 #include "Platform/Registration.h"
@@ -38,8 +38,8 @@ using AtspiEventHandler = std::function<void(const AtspiEvent& event)>;
 
 class AtspiEvents {
  public:
-  /// Both must outlive this.
-  AtspiEvents(sd_event* event, AtspiContext& context);
+  /// `event` and `shared` must outlive this. `nameLeft` is told each name that leaves the bus.
+  AtspiEvents(sd_event* event, AtspiShared& shared, std::function<void(const std::string& busName)> nameLeft);
   ~AtspiEvents();
   AtspiEvents(const AtspiEvents&) = delete;
   AtspiEvents& operator=(const AtspiEvents&) = delete;
@@ -72,7 +72,8 @@ class AtspiEvents {
   static int onTimeToConnect(sd_event_source* source, std::uint64_t time, void* self) noexcept;
 
   sd_event* const event_;
-  AtspiContext& context_;
+  AtspiShared& shared_;
+  const std::function<void(const std::string&)> nameLeft_;
   BusPtr bus_;
   DeferredRun reminder_;
   SlotPtr nameChanges_;

@@ -172,6 +172,11 @@ std::optional<std::pair<std::int32_t, std::int32_t>> readPlainPair(sd_bus_messag
 
 }  // namespace
 
+bool contains(const AtspiRectangle& place, CGPoint point) {
+  return point.x >= place.x && point.y >= place.y && point.x < double{1} * place.x + place.width &&
+         point.y < double{1} * place.y + place.height;
+}
+
 std::optional<std::string> readText(sd_bus_message* message) { return readPlainOrVariant(message, &readPlainText); }
 
 std::optional<std::int64_t> readInteger(sd_bus_message* message) {

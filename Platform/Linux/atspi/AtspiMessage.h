@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Accessibility.h"
 #include "Platform/Linux/atspi/AtspiReference.h"
 
 namespace norra::linux_desktop {
@@ -38,6 +39,8 @@ struct AtspiRectangle {
   std::int32_t height = 0;
   bool operator==(const AtspiRectangle&) const = default;
 };
+
+bool contains(const AtspiRectangle& place, CGPoint point);
 
 /// One element of a message, read from where the message stands; a value inside a variant is as good as the value.
 /// A null message gives nothing.

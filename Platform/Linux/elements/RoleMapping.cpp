@@ -4,6 +4,9 @@
 #include <array>
 #include <string_view>
 
+#include "Platform/Linux/elements/Text.h"
+#include "Platform/Linux/reading/ElementView.h"
+
 namespace norra::linux_desktop {
 namespace {
 
@@ -63,37 +66,6 @@ constexpr std::array rows{
     Row{AtspiRole::window, {"AXWindow", ""}},
 };
 
-constexpr std::array fields{AtspiRole::text,    AtspiRole::entry,        AtspiRole::passwordText, AtspiRole::terminal,
-                            AtspiRole::editBar, AtspiRole::autocomplete, AtspiRole::dateEditor};
-constexpr std::array checkables{AtspiRole::checkBox,    AtspiRole::checkMenuItem, AtspiRole::pageTab,
-                                AtspiRole::radioButton, AtspiRole::radioMenuItem, AtspiRole::switchControl,
-                                AtspiRole::toggleButton};
-constexpr std::array mereContainers{AtspiRole::filler,     AtspiRole::frame,       AtspiRole::layeredPane,
-                                    AtspiRole::menuBar,    AtspiRole::pageTabList, AtspiRole::panel,
-                                    AtspiRole::scrollPane, AtspiRole::splitPane,   AtspiRole::toolBar,
-                                    AtspiRole::viewport,   AtspiRole::window};
-constexpr std::array tables{AtspiRole::table, AtspiRole::tree, AtspiRole::treeTable};
-constexpr std::array itemContainers{AtspiRole::list, AtspiRole::listBox,   AtspiRole::table,
-                                    AtspiRole::tree, AtspiRole::treeTable, AtspiRole::layeredPane};
-constexpr std::array menuParts{AtspiRole::checkMenuItem, AtspiRole::menu, AtspiRole::menuItem, AtspiRole::radioMenuItem,
-                               AtspiRole::tearoffMenuItem};
-constexpr std::array rolesThatNeedAttributes{AtspiRole::entry, AtspiRole::filler, AtspiRole::grouping,
-                                             AtspiRole::panel, AtspiRole::text,   AtspiRole::toggleButton};
-constexpr std::array rolesThatNeedStates{AtspiRole::comboBox,    AtspiRole::entry,     AtspiRole::paragraph,
-                                         AtspiRole::pushButton,  AtspiRole::separator, AtspiRole::text,
-                                         AtspiRole::toggleButton};
-
-using namespace std::string_view_literals;
-constexpr std::array searchEnds{"AXApplication"sv, "AXBrowser"sv,    "AXGrid"sv,     "AXList"sv,
-                                "AXMenuBar"sv,     "AXOutline"sv,    "AXPopover"sv,  "AXRadioGroup"sv,
-                                "AXScrollBar"sv,   "AXSplitGroup"sv, "AXSplitter"sv, "AXTabGroup"sv,
-                                "AXTable"sv,       "AXToolbar"sv,    "AXWebArea"sv,  "AXWindow"sv};
-
-template <typename Table, typename Item>
-bool contains(const Table& table, const Item& item) {
-  return std::ranges::find(table, item) != table.end();
-}
-
 bool hasXmlRole(const AtspiFacts& facts, std::string_view role) {
   const auto roles = facts.attributes.find("xml-roles");
   if (roles == facts.attributes.end()) return false;
@@ -107,8 +79,6 @@ RoleAndSubrole button(const AtspiFacts& facts, Toolkit toolkit) {
   if (toolkit == Toolkit::gtk3 && facts.has(AtspiInterface::hyperlink)) return {"AXLink", ""};
   return {isMenuOpener(facts) ? "AXMenuButton" : "AXButton", ""};
 }
-
-bool showsWebPages(Toolkit toolkit) { return toolkit == Toolkit::chromium || toolkit == Toolkit::gecko; }
 
 RoleAndSubrole columnHeader(Toolkit toolkit) {
   return showsWebPages(toolkit) ? RoleAndSubrole{"AXCell", ""} : RoleAndSubrole{"AXButton", "AXSortButton"};
@@ -172,17 +142,6 @@ RoleAndSubrole unlisted(AtspiRole role) {
 
 }  // namespace
 
-bool roleDependsOnParent(AtspiRole role) { return contains(menuParts, role); }
-
-Asks asksForRole(AtspiRole role, Toolkit toolkit) {
-  Asks asks;
-  if (contains(rolesThatNeedStates, role)) asks |= Ask::states;
-  if (role == AtspiRole::pushButton && toolkit == Toolkit::gtk3) asks |= Ask::interfaces;
-  if (role == AtspiRole::comboBox && toolkit == Toolkit::gtk3) asks |= Ask::childCount;
-  if (showsWebPages(toolkit) && contains(rolesThatNeedAttributes, role)) asks |= Ask::attributes;
-  return asks;
-}
-
 RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
   const auto role = static_cast<AtspiRole>(facts.role);
   switch (role) {
@@ -208,11 +167,13 @@ RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surround
   }
 }
 
-bool isTextField(AtspiRole role) { return contains(fields, role); }
-bool isCheckable(AtspiRole role) { return contains(checkables, role); }
-bool isMereContainer(AtspiRole role) { return contains(mereContainers, role); }
-bool isTableLike(AtspiRole role) { return contains(tables, role); }
-bool isItemContainer(AtspiRole role) { return contains(itemContainers, role); }
-bool endsSearch(std::string_view role) { return contains(searchEnds, role); }
+RoleAndSubrole mappedRole(const ElementView& view) {
+  const auto role = view.role();
+  const auto& facts = view.need(asksForRole(role, view.toolkit()));
+  RoleSurroundings surroundings{view.toolkit(), std::nullopt, view.reader().isRadioGroup(view.reference()),
+                                hidesText(view)};
+  if (roleDependsOnParent(role)) surroundings.parentRole = view.other(view.need(Ask::parent).parent).role();
+  return mapRole(facts, surroundings);
+}
 
 }  // namespace norra::linux_desktop

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Tables.h"
 #include "Platform/Linux/reading/ElementView.h"
 
@@ -106,14 +107,14 @@ AttributeResult windowOf(const ElementView& view) {
   auto above = view.need(Ask::parent).parent;
   for (int i = 0; i < mostLevels && !above.isNull() && !isRoot(above); ++i) {
     const auto next = view.other(above);
-    if (next.mappedRole().role == "AXWindow") return valueOf(view.context().element(above));
+    if (mappedRole(next).role == "AXWindow") return valueOf(view.context().element(above));
     above = next.need(Ask::parent).parent;
   }
   return noValue();
 }
 
 AttributeResult urlOf(const ElementView& view) {
-  const auto role = view.mappedRole().role;
+  const auto role = mappedRole(view).role;
   if (role == "AXLink" && view.has(AtspiInterface::hyperlink)) {
     const auto& uri = view.need(Ask::linkURI).linkURI;
     return uri.empty() ? noValue() : valueOf(NSURL{uri});

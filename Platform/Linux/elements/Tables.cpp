@@ -5,6 +5,7 @@
 #include <iterator>
 #include <vector>
 
+#include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
@@ -80,7 +81,7 @@ std::vector<AtspiReference> selectedOfRole(const ElementView& container, std::st
   std::vector<AtspiQuestion> questions;
   for (const auto& one : elements) questions.push_back({one, Ask::role});
   container.reader().read(questions);
-  std::erase_if(elements, [&](const auto& one) { return container.other(one).mappedRole().role != role; });
+  std::erase_if(elements, [&](const auto& one) { return mappedRole(container.other(one)).role != role; });
   return elements;
 }
 

@@ -5,10 +5,11 @@
 #include <deque>
 #include <unordered_set>
 
+#include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/following/Waking.h"
 #include "Platform/Linux/reading/AtspiContext.h"
 #include "Platform/Linux/reading/ElementView.h"
-#include "Platform/Linux/toolkits/Waking.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -103,7 +104,7 @@ bool isOption(const ElementView& item) {
 void rememberHighlight(const ElementView& item) {
   const auto comboBox = comboBoxOf(item);
   const auto& facts = item.need(Ask::extents);
-  if (!facts.answered(Ask::extents) || item.mappedRole().role == "AXMenu") return;
+  if (!facts.answered(Ask::extents) || mappedRole(item).role == "AXMenu") return;
   item.context().highlightedItems.highlighted(item.reference(), facts.extents, comboBox,
                                               std::chrono::steady_clock::now());
 }

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "Platform/Linux/pointer/PlacedElements.h"
-
 namespace norra::linux_desktop {
 namespace {
 

@@ -80,11 +80,6 @@ AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coor
 
 }  // namespace
 
-bool contains(const AtspiRectangle& place, CGPoint point) {
-  return point.x >= place.x && point.y >= place.y && point.x < double{1} * place.x + place.width &&
-         point.y < double{1} * place.y + place.height;
-}
-
 bool PlacedElement::isAt(CGPoint point) const { return place && contains(*place, point); }
 
 std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates) {

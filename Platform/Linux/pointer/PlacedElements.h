@@ -21,8 +21,6 @@ struct PlacedElement {
   bool isAt(CGPoint point) const;
 };
 
-bool contains(const AtspiRectangle& place, CGPoint point);
-
 /// The first children of an element, with where they are: one wave beyond those that find them.
 std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates);
 /// The same of an element that has few for sure.

@@ -4,9 +4,9 @@
 #include <cmath>
 
 #include "Platform/Linux/following/Focus.h"
+#include "Platform/Linux/pointer/HitTestByToolkit.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/reading/AtspiContext.h"
-#include "Platform/Linux/toolkits/HitTestByToolkit.h"
 
 namespace norra::linux_desktop {
 namespace {

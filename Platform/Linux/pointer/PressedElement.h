@@ -1,20 +1,14 @@
 // Which element lay under the pointer when a button was pressed.
 #pragma once
 
-#include <cmath>
 #include <mutex>
 #include <utility>
 
 #include "Platform/Accessibility.h"
 #include "Platform/Linux/atspi/AtspiReference.h"
+#include "Platform/Linux/display/PointerPress.h"
 
 namespace norra::linux_desktop {
-
-/// Whether the pointer moved no further than it does while a button is clicked.
-inline bool isSamePlace(CGPoint press, CGPoint release) {
-  constexpr double steadyHandPixels = 4;
-  return std::abs(press.x - release.x) <= steadyHandPixels && std::abs(press.y - release.y) <= steadyHandPixels;
-}
 
 /// Of the last press only. Any thread.
 class PressedElement {

@@ -2,8 +2,6 @@
 
 #include <array>
 
-#include "Platform/Linux/elements/Text.h"
-
 namespace norra::linux_desktop {
 namespace {
 
@@ -17,7 +15,9 @@ constexpr std::array controls{AtspiRole::checkBox, AtspiRole::link,         Atsp
                               AtspiRole::menuItem, AtspiRole::pushButton,   AtspiRole::radioButton,
                               AtspiRole::pageTab,  AtspiRole::toggleButton, AtspiRole::treeItem};
 
-bool endsSearchAt(const AtspiFacts& facts) { return facts.asked.has(Ask::role) && endsSearch(mapRole(facts, {}).role); }
+bool endsSearchAt(const AtspiFacts& facts) {
+  return facts.asked.has(Ask::role) && endsSearch(static_cast<AtspiRole>(facts.role));
+}
 
 }  // namespace
 
@@ -76,14 +76,6 @@ void ElementView::expectAncestors() const {
     if (endsSearchAt(known)) return;
     ancestor = reader_.likelyParent(ancestor);
   }
-}
-
-RoleAndSubrole ElementView::mappedRole() const {
-  const auto ownRole = role();
-  const auto& facts = need(asksForRole(ownRole, toolkit()));
-  RoleSurroundings surroundings{toolkit(), std::nullopt, reader_.isRadioGroup(reference_), hidesText(*this)};
-  if (roleDependsOnParent(ownRole)) surroundings.parentRole = other(need(Ask::parent).parent).role();
-  return mapRole(facts, surroundings);
 }
 
 }  // namespace norra::linux_desktop

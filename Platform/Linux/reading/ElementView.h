@@ -3,9 +3,8 @@
 
 #include <memory>
 
-#include "Platform/Linux/elements/AttributeContent.h"
-#include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/reading/RoleKinds.h"
 
 namespace norra::linux_desktop {
 
@@ -34,8 +33,6 @@ class ElementView {
   AtspiRole role() const { return static_cast<AtspiRole>(need(Ask::role).role); }
   bool hasState(AtspiState state) const { return linux_desktop::hasState(need(Ask::states).states, state); }
   bool has(AtspiInterface interface) const { return need(Ask::interfaces).has(interface); }
-  /// See mapRole.
-  RoleAndSubrole mappedRole() const;
 
   /// What is read of every element that matters.
   Asks generalAsks() const;

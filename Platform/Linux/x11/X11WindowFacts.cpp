@@ -12,7 +12,7 @@ std::string hostName() {
 }
 
 // WM_CLASS is two texts, each with a null byte behind it.
-void readClass(const std::string& property, X11ApplicationTraits& traits) {
+void readClass(const std::string& property, ApplicationWindow& traits) {
   const auto end = property.find('\0');
   traits.instanceName = property.substr(0, end);
   if (end != std::string::npos) traits.className = property.substr(end + 1, property.find('\0', end + 1) - end - 1);
@@ -77,7 +77,7 @@ ProcessIdentifier X11WindowFacts::awaitProcess(const ProcessRequest& request) {
   return claimed && machine == thisMachine ? static_cast<ProcessIdentifier>(*claimed) : 0;
 }
 
-std::vector<X11ApplicationTraits> X11WindowFacts::traitsOf(const std::vector<xcb_window_t>& windows) {
+std::vector<ApplicationWindow> X11WindowFacts::traitsOf(const std::vector<xcb_window_t>& windows) {
   struct Request {
     ProcessRequest process;
     xcb_get_property_cookie_t classes{};
@@ -90,7 +90,7 @@ std::vector<X11ApplicationTraits> X11WindowFacts::traitsOf(const std::vector<xcb
                         connection_.askProperty(window, X11Atom::gtkApplicationIdentifier),
                         connection_.askProperty(window, X11Atom::kdeDesktopFile)});
   }
-  std::vector<X11ApplicationTraits> all;
+  std::vector<ApplicationWindow> all;
   for (const auto& request : requests) {
     auto& traits = all.emplace_back();
     traits.window = windows[all.size() - 1];

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "Platform/Linux/pointer/PressedElement.h"
+#include "Platform/Linux/display/PointerPress.h"
 
 namespace norra::linux_desktop {
 
@@ -38,14 +38,14 @@ std::optional<WindowOnScreen> X11Windows::activeWindow() {
   return facts_.describe({topLevel.frame, active});
 }
 
-std::optional<X11ApplicationTraits> X11Windows::activeApplication() {
+std::optional<ApplicationWindow> X11Windows::activeApplication() {
   const std::lock_guard lock(mutex_);
   const auto active = tree_.activeClient();
   if (active == XCB_NONE) return std::nullopt;
   return facts_.traitsOf({active}).front();
 }
 
-std::optional<X11ApplicationTraits> X11Windows::applicationOf(ProcessIdentifier process) {
+std::optional<ApplicationWindow> X11Windows::applicationOf(ProcessIdentifier process) {
   const std::lock_guard lock(mutex_);
   auto windows = tree_.clients();
   windows.insert(windows.begin(), tree_.activeClient());

@@ -9,7 +9,7 @@ namespace norra::linux_desktop {
 
 /// Asks the server anew for every answer; a window that goes while it is looked at gives nothing. Any thread: one
 /// waits for the other, and each for the server no longer than a bound.
-class X11Windows final : public WindowsOnScreen {
+class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
  public:
   explicit X11Windows(std::unique_ptr<X11Connection> connection);
 
@@ -25,9 +25,8 @@ class X11Windows final : public WindowsOnScreen {
   std::optional<WindowOnScreen> activeWindow() override;
 
   /// Of the active window. Nothing: none is active.
-  std::optional<X11ApplicationTraits> activeApplication();
-  /// Of the process's active window, else of its topmost one. Nothing: it has no window.
-  std::optional<X11ApplicationTraits> applicationOf(ProcessIdentifier process);
+  std::optional<ApplicationWindow> activeApplication();
+  std::optional<ApplicationWindow> applicationOf(ProcessIdentifier process) override;
 
   /// Whether a window manager tells which window is active.
   bool hasWindowManager();

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "Platform/Linux/applications/RunningApplications.h"
+#include "Platform/Linux/x11/X11Windows.h"
 #include "tests/Platform/Linux/PrivateDisplay.h"
 
 namespace norra::linux_desktop {

@@ -1,4 +1,4 @@
-#include "Platform/Linux/toolkits/HitTestByToolkit.h"
+#include "Platform/Linux/pointer/HitTestByToolkit.h"
 
 #include <algorithm>
 #include <string_view>

@@ -1,4 +1,4 @@
-#include "Platform/Linux/toolkits/Waking.h"
+#include "Platform/Linux/following/Waking.h"
 
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/reading/ElementView.h"
