@@ -7,6 +7,7 @@
 
 #include "Platform/Linux/applications/RunningApplications.h"
 #include "Platform/Linux/x11/X11EventSource.h"
+#include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra::linux_desktop {
 
