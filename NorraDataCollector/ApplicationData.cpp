@@ -3,6 +3,7 @@
 #include <uriparser/Uri.h>
 
 #include "NorraDataCollector/elements/ElementAccess.h"
+#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {
@@ -41,7 +42,7 @@ std::string lastPathComponent(const NSURL& url) {
   if (path.size() > 1) path.remove_prefix(path.rfind('/') + 1);
   std::string component(path);
   component.resize(static_cast<std::size_t>(uriUnescapeInPlaceA(component.data()) - component.data()));
-  return component;
+  return isValidUTF8(component) ? component : std::string(path);
 }
 
 }  // namespace norra

@@ -11,7 +11,7 @@ namespace norra {
 /// What is told of an application that became the followed one. Reads the title of its focused window. Any thread.
 ChangeApplicationData changeApplicationData(Accessibility& accessibility, const NSRunningApplication& application);
 
-/// The last part of the address's path with its escapes undone; empty where there is none.
+/// The last part of the address's path; empty where there is none. Its escapes are undone where that gives a text.
 std::string lastPathComponent(const NSURL& url);
 
 }  // namespace norra

@@ -10,8 +10,18 @@
 #include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
+#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
+namespace {
+
+/// Empty where the action holds bytes that are no text.
+std::string encodedText(const Action& action) {
+  auto text = encode(action);
+  return isValidUTF8(text) ? text : std::string();
+}
+
+}  // namespace
 
 using NorraDataCollectorLogging::defaultLogger;
 
@@ -21,7 +31,7 @@ std::shared_ptr<DataCollector> DataCollector::create(const Platform& platform, C
 
 std::shared_ptr<DataCollector> DataCollector::createWithData(const Platform& platform, CollectedData collectedData) {
   return create(platform, [collectedData = std::move(collectedData)](const Action& action) {
-    collectedData(encode(action), kind(action) == CodingKeys::changeApplication);
+    collectedData(encodedText(action), kind(action) == CodingKeys::changeApplication);
   });
 }
 

@@ -21,7 +21,8 @@ class DataCollector : public std::enable_shared_from_this<DataCollector> {
  public:
   /// Receives every action. Called on the collector's executor; must not block for long.
   using CollectedAction = std::function<void(const Action&)>;
-  /// Receives the JSON text of every action, and whether it is a change of the application in front.
+  /// Receives the JSON text of every action, which is empty where the action cannot be written, and whether it is a
+  /// change of the application in front.
   using CollectedData = std::function<void(std::string bytes, bool isApplicationEvent)>;
   using CompletionHandler = std::function<void()>;
 

@@ -46,7 +46,7 @@ struct NSNumber {
   bool operator==(const NSNumber&) const = default;
 };
 
-/// An absolute address, as its text.
+/// An address as whoever has it writes it: it may hold what no address may, and the core repairs or refuses it.
 struct NSURL {
   std::string absoluteString;
   bool operator==(const NSURL&) const = default;

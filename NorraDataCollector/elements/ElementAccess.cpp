@@ -104,7 +104,11 @@ std::optional<std::string> roleDescription(const AXUIElement& element) {
 
 std::optional<std::string> title(const AXUIElement& element) { return text(element, attribute::title); }
 std::optional<std::string> domIdentifier(const AXUIElement& element) { return text(element, attribute::domIdentifier); }
-std::optional<NSURL> url(const AXUIElement& element) { return read<NSURL>(element, attribute::url); }
+
+std::optional<URL> url(const AXUIElement& element) {
+  const auto url = read<NSURL>(element, attribute::url);
+  return url ? absoluteURL(url->absoluteString) : std::nullopt;
+}
 
 std::optional<AXUIElement> parent(const AXUIElement& element) { return ax::element(element, attribute::parent); }
 

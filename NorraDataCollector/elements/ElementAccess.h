@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "NorraDataCollector/model/URL.h"
 #include "Platform/Accessibility.h"
 
 namespace norra::ax {
@@ -35,7 +36,8 @@ std::optional<std::string> roleDescription(const AXUIElement& element);
 std::optional<std::string> title(const AXUIElement& element);
 /// Present, if only as an empty text, exactly in web content.
 std::optional<std::string> domIdentifier(const AXUIElement& element);
-std::optional<NSURL> url(const AXUIElement& element);
+/// Made valid; one that is not absolute is none.
+std::optional<URL> url(const AXUIElement& element);
 
 std::optional<AXUIElement> parent(const AXUIElement& element);
 std::optional<AXUIElement> titleElement(const AXUIElement& element);

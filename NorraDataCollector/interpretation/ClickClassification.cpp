@@ -18,7 +18,7 @@ std::string nameFound(const AXUIElement& element, SearchDirections directions, b
 ClickHyperlinkData clickedLink(const SearchData& found) {
   return {.elementName = found.linkName.value_or(""),
           .automationID = collectAutomationID(found.linkElement).value_or(""),
-          .url = found.url ? std::optional(URL{found.url->absoluteString}) : std::nullopt};
+          .url = found.url};
 }
 
 /// What the actions on one control have in common.

@@ -6,13 +6,14 @@
 #include <vector>
 
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
+#include "NorraDataCollector/model/URL.h"
 #include "Platform/Accessibility.h"
 
 namespace norra {
 
 /// The first element of each kind on the walk. Lives for one click.
 struct SearchData {
-  std::optional<NSURL> url;
+  std::optional<URL> url;
   std::optional<AXUIElement> cell;
   std::optional<CFRange> cellColumnIndexRange;
   std::optional<std::vector<AXUIElement>> columns;

@@ -35,15 +35,9 @@ std::optional<AXUIElement> parentForClimb(const AXUIElement& element) {
   return std::nullopt;
 }
 
-/// The URL up to the end of its host and port. What follows may hold characters that a strict reader refuses.
-std::string_view withoutPath(std::string_view url) {
-  const auto authority = url.find("//");
-  return authority == std::string_view::npos ? url : url.substr(0, url.find_first_of("/?#", authority + 2));
-}
-
-std::string hostOf(const NSURL& url) {
+std::string hostOf(const URL& url) {
   UriUriA uri;
-  const auto text = withoutPath(url.absoluteString);
+  const auto text = std::string_view(url.absoluteString);
   const char* errorPosition = nullptr;
   if (uriParseSingleUriExA(&uri, text.data(), text.data() + text.size(), &errorPosition) != URI_SUCCESS) return {};
   std::string host;
@@ -58,7 +52,7 @@ bool contains(const auto& texts, std::string_view text) { return std::ranges::fi
 
 bool isWeb(const AXUIElement& element) { return ax::domIdentifier(element).has_value(); }
 
-std::optional<NSURL> parentWebAreaURL(const AXUIElement& element) {
+std::optional<URL> parentWebAreaURL(const AXUIElement& element) {
   std::optional<AXUIElement> current = element;
   for (int remaining = webAreaClimbLimit; current && remaining > 0; --remaining) {
     if (ax::role(*current) == role::webArea) return ax::url(*current);
@@ -67,7 +61,7 @@ std::optional<NSURL> parentWebAreaURL(const AXUIElement& element) {
   return std::nullopt;
 }
 
-bool canTrackTextArea(const std::optional<NSURL>& url) { return url && contains(webSearchHosts, hostOf(*url)); }
+bool canTrackTextArea(const std::optional<URL>& url) { return url && contains(webSearchHosts, hostOf(*url)); }
 
 bool isApplicationChromiumBased(const std::optional<std::string>& bundleIdentifier) {
   return bundleIdentifier && contains(chromiumBasedBrowsers, *bundleIdentifier);

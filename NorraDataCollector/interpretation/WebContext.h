@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "NorraDataCollector/model/URL.h"
 #include "Platform/Accessibility.h"
 
 namespace norra {
@@ -13,10 +14,10 @@ namespace norra {
 bool isWeb(const AXUIElement& element);
 
 /// The address of the page that contains the element, which is looked for among its 19 nearest ancestors. Any thread.
-std::optional<NSURL> parentWebAreaURL(const AXUIElement& element);
+std::optional<URL> parentWebAreaURL(const AXUIElement& element);
 
 /// Whether the text of a text area on this page may be followed: only on the pages of two web search engines.
-bool canTrackTextArea(const std::optional<NSURL>& url);
+bool canTrackTextArea(const std::optional<URL>& url);
 
 bool isApplicationChromiumBased(const std::optional<std::string>& bundleIdentifier);
 

@@ -1,7 +1,5 @@
 #include "NorraDataCollector/model/Action.h"
 
-#include <uriparser/Uri.h>
-
 #include <algorithm>
 #include <array>
 
@@ -48,20 +46,6 @@ bool equalsIgnoringCase(std::string_view text, std::string_view lowerCase) {
   return std::ranges::equal(text, lowerCase, {}, lower);
 }
 
-std::string escapedBeyondASCII(std::string_view text) {
-  constexpr auto digits = "0123456789ABCDEF"sv;
-  std::string escaped;
-  escaped.reserve(text.size());
-  for (const unsigned char byte : text) {
-    if (byte < 0x80) {
-      escaped += static_cast<char>(byte);
-    } else {
-      escaped += {'%', digits[byte >> 4], digits[byte & 15]};
-    }
-  }
-  return escaped;
-}
-
 }  // namespace
 
 std::string_view rawValue(CodingKeys key) { return codingKeyTexts[static_cast<std::size_t>(key)]; }
@@ -89,18 +73,6 @@ ToggleState toggleStateFromString(std::string_view text) {
   if (text == "0" || equalsIgnoringCase(text, "off")) return ToggleState::off;
   if (text == "1" || equalsIgnoringCase(text, "on")) return ToggleState::on;
   return ToggleState::indeterminate;
-}
-
-std::optional<URL> urlFrom(std::string_view text) {
-  if (text.empty()) return std::nullopt;
-  const auto escaped = escapedBeyondASCII(text);
-  UriUriA uri;
-  const char* errorPosition = nullptr;
-  if (uriParseSingleUriExA(&uri, escaped.data(), escaped.data() + escaped.size(), &errorPosition) != URI_SUCCESS) {
-    return std::nullopt;
-  }
-  uriFreeUriMembersA(&uri);
-  return URL{std::string(text)};
 }
 
 }  // namespace norra

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <variant>
 
+#include "NorraDataCollector/model/URL.h"
+
 namespace norra {
 
 /// The kind of an action. The order is that of the alternatives of Action.
@@ -41,12 +43,6 @@ enum class MouseButton : std::uint8_t { left, right, middle, double_, doubleRigh
 
 /// The state of a control with two or three states; its values are those of the wire format.
 enum class ToggleState : std::uint8_t { off = 0, on = 1, indeterminate = 2 };
-
-/// An absolute address as its text.
-struct URL {
-  std::string absoluteString;
-  bool operator==(const URL&) const = default;
-};
 
 struct CollectorData {
   CodingKeys action = CodingKeys::collector;
@@ -193,8 +189,5 @@ std::optional<MouseButton> mouseButtonFrom(std::string_view rawValue);
 std::optional<ToggleState> toggleStateFrom(std::int64_t rawValue);
 /// "0" and "off" are off, "1" and "on" are on, in any letter case; everything else is indeterminate.
 ToggleState toggleStateFromString(std::string_view text);
-
-/// The text as an address; nothing when it is none. Characters beyond ASCII may stand unescaped.
-std::optional<URL> urlFrom(std::string_view text);
 
 }  // namespace norra

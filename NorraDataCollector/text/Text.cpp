@@ -123,7 +123,7 @@ bool areCanonicallyEquivalent(std::string_view left, std::string_view right) {
 
 bool isValidUTF8(std::string_view text) {
   while (!text.empty()) {
-    const auto next = firstCodePoint(text);
+    const auto next = isASCII(text.front()) ? CodePoint{.size = 1} : firstCodePoint(text);
     if (!next.isValid) return false;
     text.remove_prefix(next.size);
   }

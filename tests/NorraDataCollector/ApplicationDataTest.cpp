@@ -23,6 +23,8 @@ TEST(ApplicationData, TakesTheFileNameOfTheExecutable) {
       {"file://host", ""},
       {"", ""},
       {"file:///usr/bin/notes?x=/y#z/", "notes"},
+      {"file:///usr/bin/caf%C3%A9", "caf\u00E9"},
+      {"file:///usr/bin/caf%E9", "caf%E9"},
   };
   for (const auto& row : rows) EXPECT_EQ(lastPathComponent({row.url}), row.component) << row.url;
 }

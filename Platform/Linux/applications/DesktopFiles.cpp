@@ -139,7 +139,8 @@ void DesktopFiles::readFolder(const fs::path& folder) {
     if (entry->is_directory(error)) watch_.add(entry->path());
     if (entry->path().extension() != extension) continue;
     const auto identifier = identifierOf(folder, entry->path());
-    if (files_.contains(identifier)) continue;
+    const bool isText = g_utf8_validate_len(identifier.data(), identifier.size(), nullptr) != 0;
+    if (!isText || files_.contains(identifier)) continue;
     if (auto file = readDesktopFile(entry->path(), identifier, locale_)) files_.emplace(identifier, *std::move(file));
   }
 }

@@ -129,6 +129,11 @@ TEST_F(DesktopFilesTest, NoticeFoldersThatComeLater) {
   EXPECT_TRUE(absent.find({"", "kde-news", "", "", "", ""}).has_value());
 }
 
+TEST_F(DesktopFilesTest, PassOverAFileWhoseNameIsNoText) {
+  write(first() / "caf\xE9.desktop", "StartupWMClass=Cafe");
+  EXPECT_EQ(findClass("Cafe"), "none");
+}
+
 TEST_F(DesktopFilesTest, StayTheSameWhileNothingChanges) {
   write(first() / "mail.desktop", "");
   const auto generation = files.generation();
