@@ -29,25 +29,11 @@ class Browser:
         self.counter = 0
         self.unread = b""
         self.events = []
-        command_read, self.commands = os.pipe()
-        self.answers, answer_write = os.pipe()
-        self.process = self._launch(command_read, answer_write, width, height)
-        for end in (command_read, answer_write):
-            os.close(end)
+        self.process = subprocess.Popen(
+            ["sh", "-c", 'exec "$@" 3<&0 4>&1 </dev/null >/dev/null 2>&1', "sh", "chromium", *FLAGS,
+             f"--window-size={width},{height}", f"--user-data-dir={self.profile}", "about:blank"],
+            bufsize=0, stdin=subprocess.PIPE, stdout=subprocess.PIPE, env={**os.environ, "TZ": "UTC", "LANG": "C.UTF-8"})
         self.session = self._open_page()
-
-    def _launch(self, command_read, answer_write, width, height):
-        def place_pipes():
-            # Both are copied out of the way first, so that neither overwrites the other.
-            high = [os.dup2(command_read, 100), os.dup2(answer_write, 101)]
-            for place, end in zip((3, 4), high):
-                os.dup2(end, place)
-                os.set_inheritable(place, True)
-
-        return subprocess.Popen(
-            ["chromium", *FLAGS, f"--window-size={width},{height}", f"--user-data-dir={self.profile}", "about:blank"],
-            preexec_fn=place_pipes, close_fds=False, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
-            stderr=subprocess.DEVNULL, env={**os.environ, "TZ": "UTC", "LANG": "C.UTF-8"})
 
     def _open_page(self):
         target = self._send("Target.createTarget", {"url": "about:blank"}, None)["targetId"]
@@ -66,8 +52,8 @@ class Browser:
         except (BrowserError, OSError, subprocess.TimeoutExpired):
             self.process.kill()
             self.process.wait()
-        for end in (self.commands, self.answers):
-            os.close(end)
+        for end in (self.process.stdin, self.process.stdout):
+            end.close()
         shutil.rmtree(self.profile, ignore_errors=True)
 
     def _send(self, method, parameters, session):
@@ -75,7 +61,7 @@ class Browser:
         message = {"id": self.counter, "method": method, "params": parameters}
         if session:
             message["sessionId"] = session
-        os.write(self.commands, json.dumps(message).encode() + b"\0")
+        self.process.stdin.write(json.dumps(message).encode() + b"\0")
         while True:
             answer = self._next_message()
             if answer.get("id") != self.counter:
@@ -88,8 +74,8 @@ class Browser:
     def _next_message(self):
         deadline = time.monotonic() + LIMIT_IN_SECONDS
         while b"\0" not in self.unread:
-            ready, _, _ = select.select([self.answers], [], [], max(0, deadline - time.monotonic()))
-            part = os.read(self.answers, 1 << 20) if ready else b""
+            ready, _, _ = select.select([self.process.stdout], [], [], max(0, deadline - time.monotonic()))
+            part = self.process.stdout.read(1 << 20) if ready else b""
             if not part:
                 raise BrowserError("the browser does not answer")
             self.unread += part

@@ -11,8 +11,8 @@ from browser import Browser
 PROGRAM, EXAMPLE = sys.argv[1:3]
 del sys.argv[1:3]
 
-HOSTILE = ["</script><script>hacked = 1</script>", "<!-- <script>", "<img src=x onerror='hacked = 1'>", "a\u2028b\u2029c",
-           "{{title}} {{data}}", "\u202eright to left", "😀 検索"]
+HOSTILE = ["</script><script>hacked = 1</script>", "<!-- <script>", "</SCRIPT", "]]>", "&lt;", "<img src=x onerror='hacked = 1'>",
+           "a\u2028b\u2029c", "nul\0nul", "\"\\/\b\f\n\r\t.", "{{title}} {{data}}", "\u202eright to left", "😀 é 検索"]
 
 
 class PageTest(unittest.TestCase):

@@ -1,5 +1,7 @@
 """What norra-report answers on the command line: program_test.py PROGRAM"""
 
+import json
+import os
 import pathlib
 import subprocess
 import sys
@@ -9,6 +11,21 @@ import unittest
 import sessions
 
 PROGRAM = sys.argv.pop(1)
+
+# Lines, and what is said of them.
+UNDEFINED = sessions.report(0, "Undefined")
+FAULTS = [
+    (b"{", "not JSON"),
+    (b"[]", "not a JSON object"),
+    (b'{"message":"\xff",' + json.dumps(sessions.report(0, "External")).encode()[1:], "not JSON"),
+    ({**sessions.start(0), "operation": "begin"}, '"operation"'),
+    ({**UNDEFINED, "date": 1741083330}, '"date"'),
+    ({**UNDEFINED, "date": "yesterday"}, '"date"'),
+    ({**UNDEFINED, "isApplicationEvent": 0}, '"isApplicationEvent"'),
+    *(({key: value for key, value in UNDEFINED.items() if key != member}, f'"{member}"')
+      for member in ("date", "isApplicationEvent")),
+    ({**sessions.text(0, "Secret name", "Secret value"), "automationID": 7}, '"automationID"'),
+]
 
 
 def run(*arguments, given=""):
@@ -32,22 +49,34 @@ class Program(unittest.TestCase):
         for message in messages:
             self.assertIn(message, result.stderr)
 
-    def test_makes_a_page(self):
-        self.check(run(self.session, "-o", self.page, "--title", "Tuesday"), 0)
-        self.assertIn("<title>Tuesday</title>", self.page.read_text())
+    def test_makes_a_page_with_a_title(self):
+        for title, told in [("A <b> & </title>", "A &lt;b&gt; &amp; &lt;/title&gt;"), (os.fsdecode(b"\xff"), "\ufffd")]:
+            self.check(run(self.session, "-o", self.page, "--title", title), 0)
+            self.assertIn(f"<title>{told}</title>", self.page.read_text(errors="replace"))
 
     def test_reads_standard_input_and_writes_standard_output(self):
-        result = run("-", given=self.session.read_text())
+        result = run("-", given=self.session.read_text().rstrip())
         self.check(result, 0)
         self.assertTrue(result.stdout.startswith("<!DOCTYPE html>"))
+        self.assertIn("Collection stopped", result.stdout)
         self.assertTrue(result.stdout.endswith("</html>\n"))
 
     def test_names_unreadable_lines_and_goes_on(self):
-        self.damage()
+        first, second, last = self.session.read_text().splitlines()
+        self.session.write_text(f"oops\n{first}\n\n \t\r\n{{}}\n{second}\r\n{last[:20]}")
         result = run(self.session, "-o", self.page)
-        self.check(result, 1, f"{self.session}, line 1: ", f"{self.session}, line 5: ")
-        self.assertIn('"unreadableLines":2', self.page.read_text())
+        self.check(result, 1, *(f"{self.session}, line {number}: " for number in (1, 5, 7)))
+        self.assertEqual(result.stderr.count(", line "), 3)
+        self.assertIn('"unreadableLines":3', self.page.read_text())
         self.assertIn('"Save"', self.page.read_text())
+
+    def test_a_fault_is_named_without_any_value(self):
+        lines = (line if isinstance(line, bytes) else json.dumps(line).encode() for line, _ in FAULTS)
+        self.session.write_bytes(b"\n".join(lines))
+        result = run(self.session, "-o", self.page)
+        self.assertNotIn("Secret", result.stderr)
+        for number, (line, fault) in enumerate(FAULTS, start=1):
+            self.assertRegex(result.stderr, f"line {number}: .*{fault}", line)
 
     def test_a_file_that_is_no_session_is_not_repeated_line_by_line(self):
         self.session.write_text("no report\n" * 25)
