@@ -1,5 +1,7 @@
 #!/usr/bin/python3
 """Clicks, texts and values in a page that Chromium shows."""
+from functools import partial
+
 import hands
 from browser import Chromium
 from desktop import EndToEndTest, main
@@ -8,14 +10,11 @@ from page_tests import PageTests
 
 
 class ChromiumPage(PageTests, EndToEndTest):
-    browser = Chromium
+    opened = Chromium
 
 
 class SearchPage(EndToEndTest):
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.application = cls.open(Chromium("www.bing.com"))
+    opened = partial(Chromium, "www.bing.com")
 
     def test_a_text_area_of_a_search_page_is_told(self):
         self.focus("Log book", "entry")

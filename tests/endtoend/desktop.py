@@ -82,6 +82,7 @@ class EndToEndTest(unittest.TestCase):
     """The tests of a class share the service and one client; their reports follow one another."""
 
     maxDiff = None
+    opened = None  # what gives the application that all tests of a class are about, if there is one
 
     @classmethod
     def setUpClass(cls):
@@ -90,6 +91,8 @@ class EndToEndTest(unittest.TestCase):
         cls.collection = cls.collect()
         first = cls.collection.next(1)
         assert first == [expected.collector("start")], f"{first}\n{cls.service.logged()}"
+        if cls.opened:
+            cls.application = cls.open(cls.opened())
 
     @classmethod
     def collect(cls):
@@ -124,12 +127,6 @@ class EndToEndTest(unittest.TestCase):
         """For what a toolkit does at the same moment as the user: the selection when the button is released."""
         self.assertEqual(one_a_line(sorted(self.collection.next(len(reports)), key=str)),
                          one_a_line(sorted(reports, key=str)))
-
-    def press_and_release(self, widget, at_press, at_release, button="left"):
-        self.application.press(widget, button)
-        self.expect(at_press)
-        hands.release(button)
-        self.expect(at_release)
 
     def focus(self, widget, control, name=None):
         """Gives a widget the keyboard focus, and waits until the service follows it: until it names it at a key press."""

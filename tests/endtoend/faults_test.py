@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """Applications that stop or end while they are watched."""
 import signal
+from functools import partial
 
 import hands
 from applications import ControlledApplication
@@ -65,10 +66,7 @@ class InTheMiddleOfAWalk(FaultTest):
 
     CALLS = (1, 3, 6, 10, 15, 21, 28, 36)
 
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.application = cls.open_own("gtk3_app.py")
+    opened = partial(ControlledApplication, "gtk3_app.py")
 
     def test_ended(self):
         for call in self.CALLS:

@@ -7,10 +7,10 @@ from page_tests import PageTests
 
 
 class FirefoxPage(PageTests, EndToEndTest):
-    browser = Firefox
+    opened = Firefox
     menu_opens_under_pointer = False
 
-    def test_a_check_box_is_told_with_its_new_state(self):
+    def test_clicks_on_a_check_box(self):
         """The browser may still say the old state when the click is told; the change has the new one."""
         self.focus("Lanterns", "check box")
         for state in (1, 0):

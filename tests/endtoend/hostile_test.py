@@ -1,8 +1,10 @@
 #!/usr/bin/python3
 """Applications on the accessibility bus that answer whatever they like, or nothing."""
 import sys
+from functools import partial
 
 import hands
+from applications import ControlledApplication
 from desktop import main
 from expected import click
 from faults import FaultTest, HostileApplication, hostile_faults
@@ -14,10 +16,7 @@ KEPT_MEMORY = 8 * MEBIBYTE
 
 
 class Hostile(FaultTest):
-    @classmethod
-    def setUpClass(cls):
-        super().setUpClass()
-        cls.application = cls.open_own("gtk3_app.py")
+    opened = partial(ControlledApplication, "gtk3_app.py")
 
     def test_without_a_fault_it_is_reported(self):
         with HostileApplication("none") as hostile:

@@ -6,11 +6,8 @@ namespace norra::simulated {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pair;
 
 constexpr ProcessIdentifier notes = 501;
-constexpr ProcessIdentifier mail = 502;
 constexpr ProcessIdentifier nobody = 999;
 
 class DesktopTest : public testing::Test {
@@ -18,11 +15,6 @@ class DesktopTest : public testing::Test {
   DesktopTest() {
     desktop_.add("notesRoot", {.process = notes, .attributes = {{"AXRole", "AXApplication"}}});
     desktop_.add({.process = notes, .localizedName = "Notes", .element = ElementReference{"notesRoot"}});
-    desktop_.add({.process = mail, .localizedName = "Mail", .observerError = -25204});
-  }
-
-  AXResult<AXAttributeValue> read(const AXUIElement& element, std::string_view attribute = "AXRole") {
-    return element.primitives().copyAttributeValue(attribute);
   }
 
   std::unique_ptr<AXObserver> observe(const std::string& as, ProcessIdentifier process = notes) {
@@ -33,59 +25,10 @@ class DesktopTest : public testing::Test {
     return std::move(observer.value);
   }
 
-  std::unique_ptr<EventTap> tap(const std::string& as, CGEventMask mask) {
-    return platform_.eventTaps.createEventTap(mask, [this, as](const CGEvent& event) {
-      heard_.push_back(as + " " + std::to_string(static_cast<std::uint32_t>(event.type)));
-    });
-  }
-
   std::vector<std::string> heard_;
   Desktop desktop_;
   Platform platform_ = desktop_.platform();
 };
-
-TEST_F(DesktopTest, ReadsGiveWhatTheElementWasGiven) {
-  const auto other = desktop_.add("other", {});
-  const auto element = desktop_.add("element", {.process = notes,
-                                                .attributes = {{"text", "x"},
-                                                               {"parent", ElementReference{"other"}},
-                                                               {"nothing", std::monostate{}},
-                                                               {"failing", ReadFailure{-25204}}},
-                                                .actions = {"AXPress"}});
-  EXPECT_EQ(std::get<std::string>(read(element, "text").value), "x");
-  EXPECT_EQ(std::get<AXUIElement>(read(element, "parent").value), other);
-  EXPECT_EQ(read(element, "nothing").error, 0);
-  EXPECT_EQ(read(element, "nothing").value, AXAttributeValue{});
-  EXPECT_EQ(read(element, "failing").error, -25204);
-  EXPECT_EQ(read(element, "missing").error, axError::attributeUnsupported);
-  EXPECT_THAT(element.primitives().copyActionNames().value, ElementsAre("AXPress"));
-  EXPECT_EQ(element.primitives().getPid().value, notes);
-  EXPECT_EQ(other.primitives().getPid().error, axError::illegalArgument);
-}
-
-TEST_F(DesktopTest, AnElementKeepsItsProcessWhenItsReadsFail) {
-  const auto destroyed = desktop_.add("destroyed", {.process = mail});
-  const auto ofTerminated = desktop_.add("ofTerminated", {.process = notes});
-  desktop_.destroy("destroyed");
-  desktop_.terminate(notes);
-  for (const auto& element :
-       {destroyed, ofTerminated, platform_.accessibility.createApplication(notes),
-        platform_.accessibility.createApplication(mail), platform_.accessibility.createApplication(nobody)}) {
-    const auto& primitives = element.primitives();
-    EXPECT_EQ(read(element).error, axError::invalidUIElement);
-    EXPECT_EQ(primitives.copyAttributeNames().error, axError::invalidUIElement);
-    EXPECT_EQ(primitives.copyActionNames().error, axError::invalidUIElement);
-    EXPECT_EQ(primitives.getPid().error, axError::success);
-  }
-}
-
-TEST_F(DesktopTest, HandlesOfOneElementAreEqual) {
-  const auto root = [&](ProcessIdentifier process) { return platform_.accessibility.createApplication(process); };
-  EXPECT_EQ(root(notes), root(notes));
-  EXPECT_EQ(root(nobody), root(nobody));
-  EXPECT_FALSE(root(nobody) == root(mail));
-  EXPECT_EQ(platform_.accessibility.createSystemWide(), platform_.accessibility.createSystemWide());
-}
 
 TEST_F(DesktopTest, AHitTestFindsTheFrontmostEntryWithoutItsRightAndBottomEdges) {
   const auto back = desktop_.add("back", {});
@@ -143,78 +86,6 @@ TEST_F(DesktopTest, AForcedNotificationGoesByTheProcessAlone) {
   desktop_.forceNotification("notesRoot", "Odd");
   desktop_.forceNotification("ownerless", "Odd");
   EXPECT_THAT(heard_, ElementsAre("notes Odd"));
-}
-
-TEST_F(DesktopTest, AnObserverThatCannotBeMadeIsNull) {
-  const auto made = platform_.accessibility.createObserver(mail, [](const auto&, auto) {});
-  EXPECT_EQ(made.error, -25204);
-  EXPECT_EQ(made.value, nullptr);
-}
-
-TEST_F(DesktopTest, ATapGetsWhatItAskedForWhileItIsOn) {
-  constexpr CGEventMask leftUp = 1U << 2U;
-  constexpr CGEventMask keyDown = 1U << 10U;
-  const auto clicks = tap("clicks", leftUp);
-  const auto keys = tap("keys", keyDown | leftUp);
-  desktop_.click({0, 0});
-  EXPECT_THAT(heard_, IsEmpty());
-  for (auto* each : {keys.get(), clicks.get()}) {
-    each->addSourceToMainRunLoop();
-    each->enable();
-  }
-  desktop_.click({0, 0});
-  desktop_.click({0, 0}, PointerButton::other);
-  desktop_.pressKey(std::nullopt);
-  EXPECT_THAT(heard_, ElementsAre("clicks 2", "keys 2", "keys 10"));
-}
-
-TEST_F(DesktopTest, ADisabledTapHearsOnlyThatItIsDisabled) {
-  const auto clicks = tap("tap", 1U << 2U);
-  clicks->addSourceToMainRunLoop();
-  clicks->enable();
-  desktop_.disableTaps(CGEventType::tapDisabledByTimeout);
-  desktop_.click({0, 0});
-  EXPECT_THAT(heard_, ElementsAre("tap 4294967294"));
-  clicks->enable();
-  desktop_.click({0, 0});
-  EXPECT_EQ(heard_.back(), "tap 2");
-  clicks->removeSourceFromMainRunLoop();
-  desktop_.disableTaps(CGEventType::tapDisabledByUserInput);
-  EXPECT_EQ(heard_.size(), 2U);
-}
-
-TEST_F(DesktopTest, ActivationsAreAnnouncedToSubscribersInTheirOrder) {
-  const auto listen = [&](const std::string& as) {
-    return platform_.workspace.onActivation([this, as](const auto& application) {
-      heard_.push_back(as + " " + (application ? *application->localizedName : "nobody"));
-    });
-  };
-  const auto first = listen("1");
-  auto second = listen("2");
-  desktop_.activate(mail);
-  second.reset();
-  desktop_.activate(std::nullopt);
-  desktop_.setFrontmost(notes);
-  EXPECT_THAT(heard_, ElementsAre("1 Mail", "2 Mail", "1 nobody"));
-  EXPECT_EQ(platform_.workspace.frontmostApplication()->processIdentifier, notes);
-}
-
-TEST_F(DesktopTest, ATerminatedApplicationIsNoLongerRunningNorInFront) {
-  desktop_.setFrontmost(notes);
-  desktop_.terminate(notes);
-  EXPECT_FALSE(platform_.workspace.frontmostApplication().has_value());
-  EXPECT_FALSE(platform_.workspace.runningApplication(notes).has_value());
-  EXPECT_TRUE(platform_.workspace.runningApplication(mail).has_value());
-}
-
-TEST_F(DesktopTest, CountsPrimitivesByName) {
-  const auto root = platform_.accessibility.createApplication(notes);
-  read(root);
-  read(root);
-  root.primitives().getPid();
-  EXPECT_THAT(desktop_.accessibility().takeCalls(),
-              ElementsAre(Pair("AXUIElementCopyAttributeValue", 2), Pair("AXUIElementGetPid", 1)));
-  EXPECT_THAT(desktop_.accessibility().takeCalls(), IsEmpty());
 }
 
 }  // namespace

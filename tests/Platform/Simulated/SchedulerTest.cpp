@@ -37,24 +37,6 @@ TEST_F(SchedulerTest, RunsTheJobsOfAllQueuesInTheOrderOfPosting) {
   EXPECT_THAT(said_, ElementsAre("1", "2", "3", "4", "5"));
 }
 
-TEST_F(SchedulerTest, KnowsWhoseJobIsRunning) {
-  const auto executor = scheduler_.createSerialExecutor();
-  const auto other = scheduler_.createSerialExecutor();
-  const auto sayWhere = [&] {
-    said_.push_back(scheduler_.isCurrent() ? "main" : executor->isCurrent() ? "executor" : "other");
-  };
-  sayWhere();
-  executor->post([&] {
-    sayWhere();
-    scheduler_.runAndWait(sayWhere);
-    sayWhere();
-  });
-  other->post(sayWhere);
-  scheduler_.post(sayWhere);
-  scheduler_.runReadyJobs();
-  EXPECT_THAT(said_, ElementsAre("main", "executor", "main", "executor", "other", "main"));
-}
-
 TEST_F(SchedulerTest, RunsDelayedWorkAtItsOwnTimeAndTiesInTheOrderOfScheduling) {
   scheduler_.postAfter(30ms, sayingWhen("late"));
   scheduler_.postAfter(10ms, [&] {
@@ -67,25 +49,6 @@ TEST_F(SchedulerTest, RunsDelayedWorkAtItsOwnTimeAndTiesInTheOrderOfScheduling) 
   EXPECT_THAT(said_, ElementsAre("first@10", "posted@10", "tie@10", "rearmed@20"));
   scheduler_.advance(1ms);
   EXPECT_EQ(said_.back(), "late@30");
-}
-
-TEST_F(SchedulerTest, CancelledWorkDoesNotRun) {
-  const auto item = scheduler_.postAfter(10ms, saying("cancelled"));
-  scheduler_.postAfter(5ms, [&] { item->cancel(); });
-  scheduler_.postAfter(10ms, saying("let go"));
-  scheduler_.advance(20ms);
-  EXPECT_THAT(said_, ElementsAre("let go"));
-}
-
-TEST_F(SchedulerTest, AnExecutorThatIsLetGoDropsItsJobsButEndsTheRunningOne) {
-  auto executor = scheduler_.createSerialExecutor();
-  executor->post([&] {
-    executor.reset();
-    said_.push_back("running");
-  });
-  executor->post(saying("dropped"));
-  scheduler_.runReadyJobs();
-  EXPECT_THAT(said_, ElementsAre("running"));
 }
 
 TEST_F(SchedulerTest, NothingRunsAfterTheStop) {

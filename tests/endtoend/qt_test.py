@@ -1,0 +1,55 @@
+#!/usr/bin/python3
+"""Clicks, texts, passwords, values and selections in an application of Qt 5 and in one of Qt 6."""
+from functools import partial
+
+from applications import ControlledApplication
+from desktop import EndToEndTest, main
+from expected import click, click_list_item
+from text_tests import SelectionTests, TextTests
+from widgets import menus, mouse_buttons, option, radio_button, selected, slider, tab, toggle
+
+
+class QtClicks:
+    """Mixed into an EndToEndTest."""
+
+    test_a_button = mouse_buttons("Drop anchor", "push button", "left", "right", "middle")
+    test_a_check_box = toggle("Lanterns", "check box", across=0.1)
+    test_a_radio_button = radio_button("Course")
+    test_a_slider = slider(0, across=0.75)
+    test_an_option = option("Cargo: 1", click("Salt", "list item"))
+    test_menus = menus("menu item")
+    test_a_tab = tab("Pages 1")
+    test_a_cell_of_a_table = selected("Harbours", "table", "Harbours 1 1", "SelectedCells", "30 m",
+                                      click_list_item("Bergen", "row", column="Depth", cell="30 m"))
+    test_a_row_of_a_tree = selected("Fleets", "tree", "Fleets 0:1 0", "SelectedRows", "Tern",
+                                    click_list_item("Tern", "row", column="Fleet", cell="Tern"))
+    test_an_item_of_a_list = selected("Duties", "list", "Duties 1 0", "SelectedChildren", "Lookout", click("Lookout", "list item"))
+
+
+class QtTexts(TextTests, SelectionTests):
+    spin_button = "spin box"
+    selections = [
+        ("Harbours", "table", "SelectedCells", '["Bergen"]', '["Genoa"]'),
+        ("Fleets", "tree", "SelectedRows", '["Gull"]', '["Tern"]'),
+        ("Duties", "list", "SelectedChildren", '["Lookout"]', '["Galley"]'),
+    ]
+
+
+class Qt5Clicks(QtClicks, EndToEndTest):
+    opened = partial(ControlledApplication, "qt_app.py", "PyQt5")
+
+
+class Qt6Clicks(QtClicks, EndToEndTest):
+    opened = partial(ControlledApplication, "qt_app.py", "PyQt6")
+
+
+class Qt5Texts(QtTexts, EndToEndTest):
+    opened = Qt5Clicks.opened
+
+
+class Qt6Texts(QtTexts, EndToEndTest):
+    opened = Qt6Clicks.opened
+
+
+if __name__ == "__main__":
+    main()
