@@ -99,7 +99,7 @@ int playScenario(const ScenarioFile& scenario, PlayingOptions options, std::ostr
     transcript.expectLastMessage();
     return desktop.process().exitStatus();
   });
-  const int status = runService(desktop.platform());
+  const int status = runService([&desktop] { return desktop.platform(); }).value_or(0);
   desktop.endAllWork();  // while the transcript still stands
   return status;
 }

@@ -5,17 +5,18 @@
 
 namespace norra {
 
-int runService(const Platform& platform) {
+std::optional<int> runService(const std::function<Platform()>& startPlatform) {
   auto& logger = serviceLogger();
   logger.changeLogLevel(3);
   logger.changeLogState(1);
   logger.info("Service started");
+  const auto platform = startPlatform();
   platform.process.setAutomaticTerminationSupportEnabled(true);
   ServiceDelegate delegate(platform);
   platform.listener.setDelegate(&delegate);
-  if (const auto status = platform.listener.activate()) return *status;
+  if (const auto status = platform.listener.activate()) return status;
   logger.info("Service stopped");
-  return 0;
+  return std::nullopt;
 }
 
 }  // namespace norra

@@ -1,11 +1,16 @@
 #pragma once
 
+#include <functional>
+#include <optional>
+
 #include "Platform/Platform.h"
 
 namespace norra {
 
 /// The service process over one platform: starts the loggers, accepts connections and serves them until the process is
-/// to end. Main thread. Returns the exit status.
-int runService(const Platform& platform);
+/// to end. The platform is asked for once, when the first line of the log is written, so that whatever it has to log
+/// follows. Main thread. Gives the status that the process was told to exit with; nothing when it ended by itself,
+/// which the log says.
+std::optional<int> runService(const std::function<Platform()>& startPlatform);
 
 }  // namespace norra

@@ -6,6 +6,7 @@
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/runtime/JournalSink.h"
 #include "UserInteractionsCollectorService/ServiceEntry.h"
+#include "UserInteractionsCollectorService/ServiceLogger.h"
 
 namespace {
 
@@ -16,12 +17,14 @@ constexpr const char* description =
 constexpr int wrongUse = 2;
 
 int serve() {
-  const auto [platform, problem] = norra::linux_desktop::LinuxPlatform::create();
-  if (!platform) {
-    std::fprintf(stderr, "norra-collector-service: %s\n", problem.c_str());
+  const auto created = norra::linux_desktop::LinuxPlatform::create();
+  if (!created.platform) {
+    std::fprintf(stderr, "norra-collector-service: %s\n", created.problem.c_str());
     return 1;
   }
-  return norra::runService(platform->facilities());
+  const auto status = norra::runService([&created] { return created.platform->facilities(); });
+  if (status == 0) norra::serviceLogger().info("Service stopped");  // a client asked for it
+  return status.value_or(0);
 }
 
 }  // namespace

@@ -84,7 +84,7 @@ void serve(benchmark::State& state, Interaction interact) {
     if (before != 1 || received != static_cast<std::int64_t>(state.iterations())) state.SkipWithError("lost a report");
     return std::nullopt;
   });
-  runService(desktop.platform());
+  runService([&desktop] { return desktop.platform(); });
   state.SetItemsProcessed(received);
 }
 

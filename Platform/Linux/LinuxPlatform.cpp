@@ -2,7 +2,46 @@
 
 #include <utility>
 
+#include "Platform/Linux/LinuxDesktop.h"
+#include "Platform/Linux/runtime/SerialExecutorThread.h"
+#include "Platform/Linux/runtime/SystemClock.h"
+#include "Platform/Linux/service/ServiceProcess.h"
+#include "Platform/Linux/service/StatisticsObject.h"
+
 namespace norra::linux_desktop {
+
+struct LinuxPlatform::Parts {
+  Parts(EventLoop& loop, BusListener& listener, std::chrono::nanoseconds idleTime);
+  ServiceStatistics statistics();
+
+  EventLoop& loop;
+  BusListener& listener;
+  LinuxDesktop desktop;
+  SystemClock clock;
+  SerialExecutorThreads executors;
+  ServiceProcess process;
+  StatisticsObject statisticsObject;
+};
+
+LinuxPlatform::Parts::Parts(EventLoop& theLoop, BusListener& theListener, std::chrono::nanoseconds idleTime)
+    : loop(theLoop),
+      listener(theListener),
+      desktop(loop),
+      executors(loop),
+      process({loop, executors, listener}, idleTime),
+      statisticsObject(listener.bus(), [this] { return statistics(); }) {}
+
+ServiceStatistics LinuxPlatform::Parts::statistics() {
+  const auto clicks = loop.clickTimes().summary();
+  ServiceStatistics statistics{.reportsSent = listener.counts().sent,
+                               .reportsLost = listener.counts().lost,
+                               .eventsDropped = executors.droppedJobs(),
+                               .clicksMeasured = clicks.count,
+                               .clickToReportMedian = clicks.median,
+                               .clickToReport99thPercentile = clicks.percentile99};
+  desktop.describe(statistics);
+  return statistics;
+}
 
 LinuxPlatform::Created LinuxPlatform::create(std::chrono::nanoseconds idleTime) {
   auto loop = std::make_unique<EventLoop>();
@@ -14,34 +53,20 @@ LinuxPlatform::Created LinuxPlatform::create(std::chrono::nanoseconds idleTime) 
 
 LinuxPlatform::LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener,
                              std::chrono::nanoseconds idleTime)
-    : loop_(std::move(loop)),
-      listener_(std::move(listener)),
-      desktop_(*loop_),
-      executors_(*loop_),
-      process_({*loop_, executors_, *listener_}, idleTime),
-      statisticsObject_(listener_->bus(), [this] { return statistics(); }) {}
+    : loop_(std::move(loop)), listener_(std::move(listener)), idleTime_(idleTime) {}
 
-ServiceStatistics LinuxPlatform::statistics() {
-  const auto clicks = loop_->clickTimes().summary();
-  ServiceStatistics statistics{.reportsSent = listener_->counts().sent,
-                               .reportsLost = listener_->counts().lost,
-                               .eventsDropped = executors_.droppedJobs(),
-                               .clicksMeasured = clicks.count,
-                               .clickToReportMedian = clicks.median,
-                               .clickToReport99thPercentile = clicks.percentile99};
-  desktop_.describe(statistics);
-  return statistics;
-}
+LinuxPlatform::~LinuxPlatform() = default;
 
 Platform LinuxPlatform::facilities() {
-  return {.accessibility = desktop_.accessibility(),
-          .eventTaps = desktop_.eventTaps(),
-          .workspace = desktop_.workspace(),
+  if (!parts_) parts_ = std::make_unique<Parts>(*loop_, *listener_, idleTime_);
+  return {.accessibility = parts_->desktop.accessibility(),
+          .eventTaps = parts_->desktop.eventTaps(),
+          .workspace = parts_->desktop.workspace(),
           .mainRunLoop = *loop_,
-          .serialExecutors = executors_,
-          .clock = clock_,
+          .serialExecutors = parts_->executors,
+          .clock = parts_->clock,
           .listener = *listener_,
-          .process = process_};
+          .process = parts_->process};
 }
 
 }  // namespace norra::linux_desktop

@@ -5,13 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "Platform/Linux/LinuxDesktop.h"
 #include "Platform/Linux/runtime/EventLoop.h"
-#include "Platform/Linux/runtime/SerialExecutorThread.h"
-#include "Platform/Linux/runtime/SystemClock.h"
 #include "Platform/Linux/service/BusListener.h"
-#include "Platform/Linux/service/ServiceProcess.h"
-#include "Platform/Linux/service/StatisticsObject.h"
 #include "Platform/Platform.h"
 
 namespace norra::linux_desktop {
@@ -26,22 +21,25 @@ class LinuxPlatform {
     std::unique_ptr<LinuxPlatform> platform;  // null where the service cannot be offered
     std::string problem;                      // then: why, and what to do
   };
+  /// Takes the service's name on the session bus; looks at nothing yet, and logs nothing.
   static Created create(std::chrono::nanoseconds idleTime = defaultIdleTime);
+  ~LinuxPlatform();
+  LinuxPlatform(const LinuxPlatform&) = delete;
+  LinuxPlatform& operator=(const LinuxPlatform&) = delete;
 
+  /// The first call opens the desktop, and logs what is missing there.
   Platform facilities();
 
  private:
+  struct Parts;
+
   LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener,
                 std::chrono::nanoseconds idleTime);
-  ServiceStatistics statistics();
 
-  std::unique_ptr<EventLoop> loop_;
-  std::unique_ptr<BusListener> listener_;
-  LinuxDesktop desktop_;
-  SystemClock clock_;
-  SerialExecutorThreads executors_;
-  ServiceProcess process_;
-  StatisticsObject statisticsObject_;
+  const std::unique_ptr<EventLoop> loop_;
+  const std::unique_ptr<BusListener> listener_;
+  const std::chrono::nanoseconds idleTime_;
+  std::unique_ptr<Parts> parts_;  // null before the first call of facilities()
 };
 
 }  // namespace norra::linux_desktop

@@ -79,7 +79,7 @@ Outcome soak(const Arguments& arguments) {
     outcome.atEnd = playTenths(events, arguments.events - arguments.events / 10);
     return std::nullopt;
   });
-  runService(desktop.platform());
+  runService([&desktop] { return desktop.platform(); });
   return outcome;
 }
 

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "Platform/Linux/atspi/AtspiMessage.h"
+#include "Platform/Linux/runtime/BusWaiting.h"
 #include "Platform/Linux/runtime/PlatformLogger.h"
 
 namespace norra::linux_desktop {
@@ -12,40 +13,76 @@ constexpr const char* name = "org.a11y.Bus";
 constexpr const char* path = "/org/a11y/bus";
 constexpr const char* properties = "org.freedesktop.DBus.Properties";
 constexpr const char* status = "org.a11y.Status";
-constexpr std::chrono::milliseconds limit{250};
+constexpr const char* isEnabled = "IsEnabled";
+// Only a switch that must be set by hand has this beside it.
+constexpr const char* setByHand = "ScreenReaderEnabled";
+constexpr std::chrono::seconds limit{2};
+constexpr const char* stillOn =
+    "Accessibility could not be switched off again, since the session bus or its accessibility service does not "
+    "answer. "
+    "The next service of this session does it; by hand: gsettings set org.gnome.desktop.interface "
+    "toolkit-accessibility false";
+
+MessagePtr newSetCall(sd_bus* bus, bool on) {
+  sd_bus_message* call = nullptr;
+  sd_bus_message_new_method_call(bus, &call, name, path, properties, "Set");
+  if (call != nullptr) sd_bus_message_append(call, "ssv", status, isEnabled, "b", on ? 1 : 0);
+  return MessagePtr(call);
+}
+
+bool isError(sd_bus_message* message) { return sd_bus_message_is_method_error(message, nullptr) > 0; }
 
 }  // namespace
 
-AccessibilitySwitch::AccessibilitySwitch(sd_event* event) : bus_(openSessionBus(event, "accessibility switch").bus) {
-  if (bus_) askWhetherOn();
+AccessibilitySwitch::AccessibilitySwitch(sd_event* event)
+    : marker_("norra-accessibility-switched-on"), bus_(openSessionBus(event, "accessibility switch").bus) {
+  if (!bus_) return;
+  sd_bus_set_close_on_exit(bus_.get(), 0);  // the end of the loop is not the end of its use
+  ask(setByHand, onKind);
 }
 
 AccessibilitySwitch::~AccessibilitySwitch() {
-  if (!wasSwitchedOn_) return;
-  switchTo(false);
-  sendQueued(bus_.get(), limit);
+  if (!isOurs_ || !marker_.isLastHolder()) return;
+  if (isSwitchedOff()) {
+    marker_.clear();
+  } else {
+    platformLogger().warning(stillOn);
+  }
 }
 
-void AccessibilitySwitch::askWhetherOn() {
+void AccessibilitySwitch::ask(const char* property, sd_bus_message_handler_t answered) {
   sd_bus_slot* slot = nullptr;
-  sd_bus_call_method_async(bus_.get(), &slot, name, path, properties, "Get", onAnswer, this, "ss", status, "IsEnabled");
+  sd_bus_call_method_async(bus_.get(), &slot, name, path, properties, "Get", answered, this, "ss", status, property);
   question_.reset(slot);
 }
 
-int AccessibilitySwitch::onAnswer(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
-  auto& theSwitch = *static_cast<AccessibilitySwitch*>(self);
-  const auto isOn = sd_bus_message_is_method_error(message, nullptr) > 0 ? std::nullopt : readInteger(message);
-  if (isOn != 0) return 0;
-  theSwitch.switchTo(true);
-  theSwitch.wasSwitchedOn_ = true;
-  platformLogger().info(
-      "Accessibility was switched on for this session. Applications that run already may need a restart");
+int AccessibilitySwitch::onKind(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
+  if (!isError(message)) static_cast<AccessibilitySwitch*>(self)->ask(isEnabled, onState);
   return 0;
 }
 
-void AccessibilitySwitch::switchTo(bool on) {
-  sd_bus_call_method_async(bus_.get(), nullptr, name, path, properties, "Set", nullptr, nullptr, "ssv", status,
-                           "IsEnabled", "b", on ? 1 : 0);
+int AccessibilitySwitch::onState(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
+  auto& theSwitch = *static_cast<AccessibilitySwitch*>(self);
+  const auto isOn = isError(message) ? std::nullopt : readInteger(message);
+  theSwitch.isOurs_ = isOn == 0 || (isOn && theSwitch.marker_.isSet());
+  if (isOn == 0) theSwitch.switchOn();
+  if (!theSwitch.isOurs_) theSwitch.marker_.letGo();
+  return 0;
+}
+
+void AccessibilitySwitch::switchOn() {
+  marker_.set();
+  const auto call = newSetCall(bus_.get(), true);
+  sd_bus_send(bus_.get(), call.get(), nullptr);
+  platformLogger().info(
+      "Accessibility was switched on for this session. Applications that run already may need a restart");
+}
+
+bool AccessibilitySwitch::isSwitchedOff() {
+  const auto deadline = std::chrono::steady_clock::now() + limit;
+  if (sd_bus_is_open(bus_.get()) <= 0) bus_ = openSessionBus(deadline);
+  if (!bus_) return false;
+  return answerTo(bus_.get(), newSetCall(bus_.get(), false).get(), deadline) != nullptr;
 }
 
 }  // namespace norra::linux_desktop

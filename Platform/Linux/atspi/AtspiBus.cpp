@@ -16,18 +16,6 @@ constexpr std::chrono::milliseconds pauseAfterFailure{1000};
 constexpr const char* noBus =
     "No accessibility bus: applications cannot be read. Install at-spi2-core and start a new session";
 
-BusPtr ready(BusPtr bus, AtspiBus::TimePoint deadline) {
-  const auto isReady = [&bus] { return sd_bus_is_ready(bus.get()) > 0; };
-  if (bus && !serveBus(bus.get(), deadline, isReady)) bus.reset();
-  return bus;
-}
-
-BusPtr openSessionBus(AtspiBus::TimePoint deadline) {
-  sd_bus* bus = nullptr;
-  if (sd_bus_open_user(&bus) < 0) return nullptr;
-  return ready(BusPtr(bus), deadline);
-}
-
 BusPtr openBus(const std::string& address, AtspiBus::TimePoint deadline) {
   sd_bus* handle = nullptr;
   if (sd_bus_new(&handle) < 0) return nullptr;
@@ -39,23 +27,13 @@ BusPtr openBus(const std::string& address, AtspiBus::TimePoint deadline) {
   return ready(std::move(bus), deadline);
 }
 
-int keepReply(sd_bus_message* message, void* reply, sd_bus_error* /*error*/) {
-  static_cast<MessagePtr*>(reply)->reset(sd_bus_message_ref(message));
-  return 1;
-}
-
 std::optional<std::string> askForAddress(AtspiBus::TimePoint deadline) {
   const auto session = openSessionBus(deadline);
   if (!session) return std::nullopt;
-  MessagePtr reply;
-  sd_bus_slot* slot = nullptr;
-  if (sd_bus_call_method_async(session.get(), &slot, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress",
-                               keepReply, &reply, "") < 0) {
-    return std::nullopt;
-  }
-  const SlotPtr call(slot);
-  if (!serveBus(session.get(), deadline, [&reply] { return reply != nullptr; })) return std::nullopt;
-  return readText(reply.get());
+  sd_bus_message* call = nullptr;
+  sd_bus_message_new_method_call(session.get(), &call, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress");
+  const MessagePtr owned(call);
+  return readText(answerTo(session.get(), call, deadline).get());
 }
 
 std::optional<std::string> currentAddress(AtspiBus::TimePoint deadline) {

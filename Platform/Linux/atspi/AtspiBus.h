@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-#include "Platform/Linux/runtime/SessionBus.h"
+#include "Platform/Linux/runtime/BusWaiting.h"
 
 namespace norra::linux_desktop {
 
@@ -50,20 +50,5 @@ class AtspiBus {
   bool isFailureLogged_ = false;
   std::optional<sd_id128_t> identity_;
 };
-
-/// Serves the bus until `isDone`, the deadline or a failure, however much arrives. Whether it is done.
-template <typename Condition>
-bool serveBus(sd_bus* bus, std::chrono::steady_clock::time_point deadline, const Condition& isDone) {
-  using std::chrono::ceil, std::chrono::microseconds, std::chrono::steady_clock;
-  while (!isDone()) {
-    const auto processed = sd_bus_process(bus, nullptr);
-    const auto left = ceil<microseconds>(deadline - steady_clock::now());
-    if (processed < 0) return false;
-    if (processed > 0 && left.count() > 0) continue;
-    if (left.count() <= 0) return isDone();
-    if (sd_bus_wait(bus, static_cast<std::uint64_t>(left.count())) < 0) return false;
-  }
-  return true;
-}
 
 }  // namespace norra::linux_desktop

@@ -54,7 +54,7 @@ class RunningService {
   void run() {
     const auto [platform, problem] = LinuxPlatform::create();
     isOffered_.set_value();
-    if (platform) status_ = runService(platform->facilities());
+    if (platform) status_ = runService([&] { return platform->facilities(); }).value_or(0);
     hasEnded_ = true;
   }
 
