@@ -88,5 +88,19 @@ TEST_F(DesktopTest, AForcedNotificationGoesByTheProcessAlone) {
   EXPECT_THAT(heard_, ElementsAre("notes Odd"));
 }
 
+TEST_F(DesktopTest, ADisabledTapHearsOnlyThatItIsDisabled) {
+  const auto clicks = platform_.eventTaps.createEventTap(1U << 2U, [this](const CGEvent& event) {
+    heard_.push_back(std::to_string(static_cast<std::uint32_t>(event.type)));
+  });
+  clicks->addSourceToMainRunLoop();
+  clicks->enable();
+  desktop_.disableTaps(CGEventType::tapDisabledByTimeout);
+  desktop_.click({0, 0});
+  EXPECT_THAT(heard_, ElementsAre("4294967294"));
+  clicks->enable();
+  desktop_.click({0, 0});
+  EXPECT_EQ(heard_.back(), "2");
+}
+
 }  // namespace
 }  // namespace norra::simulated
