@@ -5,6 +5,7 @@
 #include "NorraDataCollector/accessibility/ValueChanges.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/interpretation/ClickClassification.h"
+#include "NorraDataCollector/interpretation/NameLists.h"
 #include "NorraDataCollector/interpretation/WebContext.h"
 #include "NorraDataCollector/text/Text.h"
 
@@ -119,6 +120,16 @@ TEST(HostileData, CostsABoundedNumberOfReads) {
     int reads = 0;
     interact(AXUIElement(std::make_shared<HostileElement>(answer, reads)));
     EXPECT_LT(reads, mostReads) << title;
+  }
+}
+
+TEST(HostileData, JoinsNoNamesBeyondTheirBudgetAndLooksOnlySoLong) {
+  for (const auto& [name, mostAsked] :
+       {std::pair(std::optional<std::string>("ten letter"), 7), {std::nullopt, 2'000}}) {
+    int asked = 0;
+    const auto list = joinedLazilyCollectedNames([&](auto) { return ++asked, name; }, 1'000'000);
+    EXPECT_LE(characterCount(list), 100U);
+    EXPECT_LE(asked, mostAsked);
   }
 }
 
