@@ -3,38 +3,59 @@
 #include <algorithm>
 #include <condition_variable>
 #include <deque>
+#include <string>
 #include <utility>
 
+#include "Platform/Linux/runtime/PlatformLogger.h"
+
 namespace norra::linux_desktop {
+namespace {
+
+/// A crowd is over when so many are left of it, so that it is told of twice however long it lasts.
+constexpr std::size_t mostAfterACrowd = SerialExecutorThreads::mostWaiting / 2;
+
+}  // namespace
 
 /// What an executor and its thread share.
 class SerialQueue {
  public:
-  void push(Job job) { pushUnlessCrowded(std::move(job), SIZE_MAX); }
-
-  /// False: so many wait already, and the job is dropped.
-  bool pushUnlessCrowded(Job job, std::size_t most) {
+  void push(Job job) {
     const std::lock_guard lock(mutex_);
-    if (isClosed_) return true;
-    if (jobs_.size() >= most) return false;
-    jobs_.push_back(std::move(job));
-    changed_.notify_one();
-    return true;
+    if (!isClosed_) append(std::move(job));
   }
 
-  /// No further job comes out; the waiting ones are dropped.
-  void close() {
-    std::deque<Job> dropped;  // ended after the lock, since that may run anything
+  /// False: a crowd waits already, and the job is dropped.
+  bool pushUnlessCrowded(Job job) {
+    std::unique_lock lock(mutex_);
+    if (isClosed_) return true;
+    if (jobs_.size() < SerialExecutorThreads::mostWaiting) {
+      append(std::move(job));
+      return true;
+    }
+    const bool isFirst = dropped_++ == 0;
+    lock.unlock();
+    if (isFirst) platformLogger().error("Too many events wait to be reported; what comes now is lost");
+    return false;
+  }
+
+  /// No further job comes out. Gives the waiting ones, whose end may run anything and wait for the main thread: they
+  /// are to be let go where nobody else has to wait for that.
+  [[nodiscard]] std::deque<Job> close() {
     const std::lock_guard lock(mutex_);
     isClosed_ = true;
-    dropped.swap(jobs_);
     changed_.notify_one();
+    return std::exchange(jobs_, {});
   }
 
   /// Runs the jobs until the queue is closed.
   void run() {
     thread_ = std::this_thread::get_id();
-    while (const auto job = next()) job();
+    while (true) {
+      const auto [job, dropped] = next();
+      if (dropped > 0) platformLogger().error(std::to_string(dropped) + " events were lost while too many waited");
+      if (!job) break;
+      job();
+    }
     hasEnded_ = true;
   }
 
@@ -42,20 +63,32 @@ class SerialQueue {
   bool isCurrent() const { return std::this_thread::get_id() == thread_; }
 
  private:
-  /// Empty when the queue was closed.
-  Job next() {
+  struct Next {
+    Job job;                  // empty when the queue was closed
+    std::size_t dropped = 0;  // in a crowd that is over now
+  };
+
+  Next next() {
+    Next next;
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return isClosed_ || !jobs_.empty(); });
-    if (isClosed_) return {};
-    auto job = std::move(jobs_.front());
+    if (isClosed_ || jobs_.size() <= mostAfterACrowd) next.dropped = std::exchange(dropped_, 0);
+    if (isClosed_) return next;
+    next.job = std::move(jobs_.front());
     jobs_.pop_front();
-    return job;
+    return next;
+  }
+
+  void append(Job job) {
+    jobs_.push_back(std::move(job));
+    changed_.notify_one();
   }
 
   std::mutex mutex_;
   std::condition_variable changed_;
-  std::deque<Job> jobs_;   // guarded by mutex_
-  bool isClosed_ = false;  // guarded by mutex_
+  std::deque<Job> jobs_;     // guarded by mutex_
+  std::size_t dropped_ = 0;  // guarded by mutex_; in the crowd that waits
+  bool isClosed_ = false;    // guarded by mutex_
   std::atomic<std::thread::id> thread_;
   std::atomic<bool> hasEnded_ = false;
 };
@@ -64,14 +97,14 @@ class SerialExecutorThreads::Executor final : public SerialExecutor {
  public:
   Executor(SerialExecutorThreads& threads, std::shared_ptr<SerialQueue> queue)
       : threads_(threads), queue_(std::move(queue)) {}
-  ~Executor() override { queue_->close(); }
+  ~Executor() override { const auto dropped = queue_->close(); }
   Executor(const Executor&) = delete;
   Executor& operator=(const Executor&) = delete;
 
   void post(Job job) override { queue_->push(threads_.loop_.clickTimes().continued(std::move(job))); }
   void postUnlessCrowded(Job job) override {
     auto continued = threads_.loop_.clickTimes().continued(std::move(job));
-    if (!queue_->pushUnlessCrowded(std::move(continued), mostWaiting)) ++threads_.dropped_;
+    if (!queue_->pushUnlessCrowded(std::move(continued))) ++threads_.dropped_;
   }
   bool isCurrent() const override { return queue_->isCurrent(); }
 
@@ -84,7 +117,7 @@ std::shared_ptr<SerialExecutor> SerialExecutorThreads::createSerialExecutor() {
   auto queue = std::make_shared<SerialQueue>();
   const std::lock_guard lock(mutex_);
   joinEndedWorkers();
-  if (isClosed_) queue->close();
+  if (isClosed_) static_cast<void>(queue->close());
   workers_.push_back({queue, std::thread([queue, &loop = loop_] {
                         queue->run();
                         loop.post([] {});  // the destructor asks again
@@ -101,9 +134,10 @@ void SerialExecutorThreads::joinEndedWorkers() {
 }
 
 void SerialExecutorThreads::close() {
+  std::vector<std::deque<Job>> dropped;  // let go after the lock, for which the main thread may wait
   const std::lock_guard lock(mutex_);
   isClosed_ = true;
-  for (const auto& worker : workers_) worker.queue->close();
+  for (const auto& worker : workers_) dropped.push_back(worker.queue->close());
 }
 
 SerialExecutorThreads::~SerialExecutorThreads() {

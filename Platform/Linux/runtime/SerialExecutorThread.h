@@ -32,7 +32,8 @@ class SerialExecutorThreads final : public SerialExecutors {
   /// Any thread.
   std::shared_ptr<SerialExecutor> createSerialExecutor() override;
 
-  /// The jobs that were dropped in a crowd, over all executors. Any thread.
+  /// The jobs that were dropped in a crowd, over all executors. The log tells of each crowd when it begins to cost
+  /// jobs, and how many it cost when it is over. Any thread.
   std::uint64_t droppedJobs() const { return dropped_; }
 
   /// No executor begins another job from now on. Any thread.

@@ -1,5 +1,6 @@
 #include "Platform/Linux/service/ClientDelivery.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
@@ -39,6 +40,12 @@ int sendWithoutAnswer(sd_bus_message* call) {
   return result < 0 ? result : sd_bus_send(nullptr, call, nullptr);
 }
 
+/// Said by the bus: the client has gone, with whatever it had not read.
+bool saysThatNobodyIsThere(const sd_bus_error& error) {
+  return sd_bus_error_has_names(&error, SD_BUS_ERROR_NO_REPLY, SD_BUS_ERROR_SERVICE_UNKNOWN,
+                                SD_BUS_ERROR_NAME_HAS_NO_OWNER, SD_BUS_ERROR_DISCONNECTED) != 0;
+}
+
 }  // namespace
 
 bool UnreadReports::add(std::size_t bytes) {
@@ -59,8 +66,7 @@ ClientDelivery::ClientDelivery(Client client, ErrorHandler errorHandler)
 
 bool ClientDelivery::admit(const std::string& event) {
   if (unread_.add(event.size())) return true;
-  ++client_.counts.lost;
-  errorHandler_("The client " + client_.name + " does not read its reports");
+  lose(1, "The client " + client_.name + " does not read its reports");
   return false;
 }
 
@@ -69,8 +75,13 @@ void ClientDelivery::send(const std::string& event, std::chrono::system_clock::t
   ++nextOrdinal_;
   sent_.push_back(event.size());
   const int result = sendReport(event, date, isApplicationEvent);
-  ++(result < 0 ? client_.counts.lost : client_.counts.sent);
-  if (result < 0) return errorHandler_(describe(result));
+  if (result < 0) {
+    unread_.remove(event.size());
+    sent_.pop_back();
+    --nextOrdinal_;
+    return lose(1, describe(result));
+  }
+  ++client_.counts.sent;
   if (sent_.size() >= client_.limits.reports / 2) askForSignOfLife();
 }
 
@@ -97,29 +108,43 @@ void ClientDelivery::askForSignOfLife() {
   if (result >= 0) callAsync(ping.get(), signOfLife_.answer, onSignOfLife, this);
 }
 
-std::size_t ClientDelivery::answered(Question& question) {
-  const auto unanswered = sent_.size();
+void ClientDelivery::take(sd_bus_message* answer, Question& question) {
   question.answer.reset();
-  for (auto first = nextOrdinal_ - sent_.size(); first < question.readBefore; ++first) {
+  const auto* error = sd_bus_message_get_error(answer);
+  if (error != nullptr && saysThatNobodyIsThere(*error)) {
+    lose(settle(nextOrdinal_), describe(*error));
+  } else if (error != nullptr && &question == &report_) {
+    lose(std::max(settle(question.readBefore), std::size_t{1}), describe(*error));
+  } else {
+    settle(question.readBefore);
+  }
+  if (!sent_.empty() && !report_.answer) askForSignOfLife();
+}
+
+std::size_t ClientDelivery::settle(std::uint64_t before) {
+  const auto unsettled = sent_.size();
+  for (auto first = nextOrdinal_ - sent_.size(); first < before; ++first) {
     unread_.remove(sent_.front());
     sent_.pop_front();
   }
-  return unanswered - sent_.size();
+  return unsettled - sent_.size();
+}
+
+void ClientDelivery::lose(std::size_t reports, const std::string& why) {
+  if (reports == 0) return;
+  client_.counts.lost += reports;
+  errorHandler_(reports == 1 ? why : std::to_string(reports) + " reports were lost: " + why);
 }
 
 int ClientDelivery::onAnswer(sd_bus_message* answer, void* self, sd_bus_error*) noexcept {
   const auto delivery = static_cast<ClientDelivery*>(self)->shared_from_this();
-  const auto reports = delivery->answered(delivery->report_);
-  const auto* error = sd_bus_message_get_error(answer);
-  if (error == nullptr) return 1;
-  delivery->client_.counts.lost += reports;
-  delivery->errorHandler_(describe(*error));
+  delivery->take(answer, delivery->report_);
   return 1;
 }
 
-int ClientDelivery::onSignOfLife(sd_bus_message*, void* self, sd_bus_error*) noexcept {
+int ClientDelivery::onSignOfLife(sd_bus_message* answer, void* self, sd_bus_error*) noexcept {
   const auto delivery = static_cast<ClientDelivery*>(self)->shared_from_this();
-  delivery->answered(delivery->signOfLife_);
+  delivery->take(answer, delivery->signOfLife_);
   return 1;
 }
 

@@ -21,7 +21,7 @@ struct UnreadLimits {
 
 /// Of the reports to all clients. Any thread.
 struct DeliveryCounts {
-  std::atomic<std::uint64_t> sent = 0;
+  std::atomic<std::uint64_t> sent = 0;  // those that were lost on their way included
   std::atomic<std::uint64_t> lost = 0;
 };
 
@@ -40,8 +40,9 @@ class UnreadReports {
 };
 
 /// Sends the reports without waiting. At most one of them at a time asks for an answer, which tells that all up to it
-/// were read; a client that reads and never answers is asked for a sign of life when half the limit is reached. So the
-/// bus has at most two open questions for each client to keep. Main thread, admit() excepted.
+/// were read; a client is asked for a sign of life where reports behind that one are left, and, since it may read and
+/// never answer, when half the limit is reached. So as long as a report may still be lost a question is open that would
+/// tell, and the bus has at most two for each client to keep. Main thread, admit() excepted.
 class ClientDelivery : public std::enable_shared_from_this<ClientDelivery> {
  public:
   using ErrorHandler = std::function<void(const std::string& description)>;
@@ -71,8 +72,11 @@ class ClientDelivery : public std::enable_shared_from_this<ClientDelivery> {
   int sendReport(const std::string& event, std::chrono::system_clock::time_point date, bool isApplicationEvent);
   int sendAskingForAnswer(sd_bus_message* report);
   void askForSignOfLife();
-  /// How many reports the answer is about.
-  std::size_t answered(Question& question);
+  /// Settles what the answer tells of: reports that were read, or that are lost.
+  void take(sd_bus_message* answer, Question& question);
+  /// How many of the reports before this one were not settled yet; now they are.
+  std::size_t settle(std::uint64_t before);
+  void lose(std::size_t reports, const std::string& why);
   static int onAnswer(sd_bus_message* answer, void* delivery, sd_bus_error* error) noexcept;
   static int onSignOfLife(sd_bus_message* answer, void* delivery, sd_bus_error* error) noexcept;
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "Platform/Linux/runtime/SerialExecutorThread.h"
+#include "tests/RecordingSink.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -24,6 +25,7 @@ class SerialExecutorThreadTest : public testing::Test {
     executors.reset();
   }
 
+  RecordingSink log;
   EventLoop loop;
   std::optional<SerialExecutorThreads> executors{std::in_place, loop};
 };
@@ -64,7 +66,7 @@ TEST_F(SerialExecutorThreadTest, IsCurrentInItsOwnJobsOnly) {
   });
 }
 
-TEST_F(SerialExecutorThreadTest, DropsAndCountsInACrowdWhatMayBeDropped) {
+TEST_F(SerialExecutorThreadTest, DropsCountsAndLogsInACrowdWhatMayBeDropped) {
   const auto executor = executors->createSerialExecutor();
   std::size_t jobs = 0;
   std::promise<void> begin;
@@ -79,6 +81,8 @@ TEST_F(SerialExecutorThreadTest, DropsAndCountsInACrowdWhatMayBeDropped) {
   runOn(*executor, [] {});
   EXPECT_EQ(jobs, SerialExecutorThreads::mostWaiting) << "what may not be dropped is not";
   EXPECT_EQ(executors->droppedJobs(), 3U);
+  EXPECT_THAT(log.texts(LogLevel::error), testing::ElementsAre(testing::HasSubstr("what comes now is lost"),
+                                                               "3 events were lost while too many waited"));
 }
 
 TEST_F(SerialExecutorThreadTest, DropsWaitingJobsWhenItIsLetGo) {
@@ -140,6 +144,43 @@ TEST_F(SerialExecutorThreadTest, ItsEndServesAJobThatWaitsForTheMainThread) {
   mayWait.set_value();
   endAll();
   EXPECT_TRUE(hasRunOnMainThread);
+}
+
+/// As a collector does when its last owner lets go of it.
+class EndsOnTheMainThread {
+ public:
+  EndsOnTheMainThread(EventLoop& loop, std::promise<void>& ending) : loop_(loop), ending_(ending) {}
+  ~EndsOnTheMainThread() {
+    ending_.set_value();
+    loop_.runAndWait([] {});
+  }
+  EndsOnTheMainThread(const EndsOnTheMainThread&) = delete;
+  EndsOnTheMainThread& operator=(const EndsOnTheMainThread&) = delete;
+
+ private:
+  EventLoop& loop_;
+  std::promise<void>& ending_;
+};
+
+// One client's stop runs while another's waits, which is the last owner of its collector, and a third one starts.
+TEST_F(SerialExecutorThreadTest, AStartNeedNotWaitForWhatAStopLetsGoOf) {
+  const auto stopping = executors->createSerialExecutor();
+  const auto busy = executors->createSerialExecutor();
+  std::promise<void> begun;
+  std::promise<void> mayEnd;
+  std::promise<void> ending;
+  busy->post([&] {
+    begun.set_value();
+    mayEnd.get_future().wait();
+  });
+  begun.get_future().wait();
+  busy->post([owner = std::make_shared<EndsOnTheMainThread>(loop, ending)] {});
+  stopping->post([&] { executors->close(); });
+  ending.get_future().wait();
+  const auto starting = executors->createSerialExecutor();
+  EXPECT_NE(starting, nullptr);
+  mayEnd.set_value();
+  endAll();
 }
 
 }  // namespace

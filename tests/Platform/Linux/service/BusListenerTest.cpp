@@ -236,6 +236,31 @@ TEST_F(BusListenerTest, AReportToAVanishedClientGivesWhatTheBusSays) {
   EXPECT_EQ(listener->counts().lost, 1U);
 }
 
+TEST_F(BusListenerTest, EveryReportThatAClientHadNotReadWhenItVanishedIsToldAsLost) {
+  TestClient client(loop.event());
+  const auto object = started(client);
+  client.stopReading();
+  for (int report = 0; report < 5; ++report) object->client->addEvent("unread", {}, false);
+  ASSERT_TRUE(runUntil([&] { return listener->counts().sent == 5; }));
+  client.vanish();
+  ASSERT_TRUE(runUntil([&] { return !object->errors.empty(); }));
+  EXPECT_THAT(object->errors, ElementsAre(HasSubstr("5 reports were lost: ")));
+  EXPECT_EQ(listener->counts().lost, 5U);
+}
+
+// The answer to the first report says nothing about those that were sent while it was awaited.
+TEST_F(BusListenerTest, AReportBehindTheOneThatWasAnsweredIsToldAsLostToo) {
+  TestClient client(loop.event());
+  const auto object = started(client);
+  client.stopReading();
+  for (const auto* report : {"read", "unread"}) object->client->addEvent(report, {}, false);
+  ASSERT_TRUE(runUntil([&] { return listener->counts().sent == 2; }));
+  client.readEvents(1, limit);
+  client.vanish();
+  ASSERT_TRUE(runUntil([&] { return !object->errors.empty(); }));
+  EXPECT_EQ(listener->counts().lost, 1U);
+}
+
 class ServiceProcessTest : public BusListenerTest {
  protected:
   std::optional<SerialExecutorThreads> executors{std::in_place, loop};

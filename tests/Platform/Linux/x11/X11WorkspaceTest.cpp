@@ -3,10 +3,10 @@
 
 #include <csignal>
 
-#include "NorraLogging/NorraOSLoggerFactory.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/x11/X11Workspace.h"
 #include "tests/Platform/Linux/PrivateDisplay.h"
+#include "tests/RecordingSink.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -14,18 +14,6 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-
-class RecordingSink final : public LogSink {
- public:
-  RecordingSink() { NorraOSLoggerFactory::setSink(this); }
-  ~RecordingSink() override { NorraOSLoggerFactory::setSink(nullptr); }
-  void write(const LogMessage& message) override {
-    if (message.level == LogLevel::error) errors.emplace_back(message.text);
-    if (message.level == LogLevel::info) infos.emplace_back(message.text);
-  }
-  std::vector<std::string> errors;
-  std::vector<std::string> infos;
-};
 
 class X11WorkspaceTest : public testing::Test {
  protected:
@@ -65,7 +53,7 @@ TEST_F(X11WorkspaceTest, TellsOfEveryActivation) {
   activate(second);
   ASSERT_TRUE(serve([&] { return seen.size() == 2; }));
   for (const auto& application : seen) EXPECT_EQ(application->processIdentifier, getpid());
-  EXPECT_THAT(log.errors, IsEmpty());
+  EXPECT_THAT(log.texts(LogLevel::error), IsEmpty());
 }
 
 TEST_F(X11WorkspaceTest, TellsNothingAfterTheRegistrationIsLetGo) {
@@ -119,11 +107,11 @@ TEST_F(X11WorkspaceTest, KnowsProcessesWithoutAWindow) {
 
 TEST_F(X11WorkspaceTest, SaysWhenNoWindowManagerIsThereAndWhenOneComesBack) {
   open();
-  EXPECT_THAT(log.errors, ElementsAre(HasSubstr("No window manager")));
+  EXPECT_THAT(log.texts(LogLevel::error), ElementsAre(HasSubstr("No window manager")));
   display.startWindowManager();
-  ASSERT_TRUE(serve([&] { return log.infos.size() == 1; }));
+  ASSERT_TRUE(serve([&] { return log.texts(LogLevel::info).size() == 1; }));
   display.endWindowManager();
-  ASSERT_TRUE(serve([&] { return log.errors.size() == 2; }));
+  ASSERT_TRUE(serve([&] { return log.texts(LogLevel::error).size() == 2; }));
   display.startWindowManager();
   const TestWindow first(*client, {.className = "First"});
   const TestWindow second(*client, {.className = "Second"});
@@ -132,15 +120,15 @@ TEST_F(X11WorkspaceTest, SaysWhenNoWindowManagerIsThereAndWhenOneComesBack) {
   activate(second);
   activate(first);
   EXPECT_TRUE(serve([&] { return seen.size() >= 2; }));
-  EXPECT_EQ(log.infos.size(), 2);
+  EXPECT_EQ(log.texts(LogLevel::info).size(), 2);
 }
 
 TEST_F(X11WorkspaceTest, SaysOnceThatTheServerHasGone) {
   display.startWindowManager();
   open();
   display.server().signal(SIGKILL);
-  ASSERT_TRUE(serve([&] { return !log.errors.empty(); }));
-  EXPECT_THAT(log.errors, ElementsAre(HasSubstr("The X server has gone")));
+  ASSERT_TRUE(serve([&] { return !log.texts(LogLevel::error).empty(); }));
+  EXPECT_THAT(log.texts(LogLevel::error), ElementsAre(HasSubstr("The X server has gone")));
   EXPECT_EQ(workspace->frontmostApplication(), std::nullopt);
   EXPECT_TRUE(workspace->runningApplication(getpid()));
 }
