@@ -3,6 +3,8 @@
 #include <array>
 #include <utility>
 
+#include "NorraDataCollector/model/KeyWords.h"
+
 namespace norra {
 namespace {
 
@@ -104,7 +106,7 @@ ActionWords words(const ChangePasswordData& data) {
 template <CodingKeys kind>
 ActionWords words(const KeyPressData<kind>& data) {
   const auto place = joined(data.controlType, " ", data.elementName);
-  return {"Pressed", data.key, place.empty() ? std::nullopt : std::optional("in " + place)};
+  return {"Pressed", keyWords(data.key), place.empty() ? std::nullopt : std::optional("in " + place)};
 }
 
 ActionWords words(const ExternalData& data) { return {"Message from elsewhere", data.message, std::nullopt}; }

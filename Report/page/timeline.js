@@ -2,8 +2,8 @@
 
 const shownAtFirst = 10;
 const drawnWidth = 2000;
-const tickSteps = [1, 2, 5, 10, 15, 30, 60, 120, 300, 600, 900, 1800, 3600, 7200, 10800, 21600, 43200, 86400, 172800,
-  604800].map(seconds => seconds * second);
+// Of the column on a printed page, in pixels.
+const printedWidth = 240;
 
 function bySpentTime(session) {
   return [...session.applications].sort((left, right) => right.timeInFront - left.timeInFront ||
@@ -26,7 +26,7 @@ class Timeline {
     this.length = Math.max(session.end, 1);
     this.extents = this.extentsByApplication();
     this.table = byId("timeline");
-    this.ticks = this.findTicks();
+    this.ticks = ticksOf(session, this.length);
     this.show();
   }
 
@@ -36,9 +36,17 @@ class Timeline {
     this.fill(shownAtFirst);
     more.hidden = this.applications.length <= shownAtFirst;
     more.textContent = `Show all ${formatNumber(this.applications.length)} applications`;
-    more.addEventListener("click", () => { this.fill(Infinity); more.hidden = true; });
+    more.addEventListener("click", () => {
+      this.fill(Infinity);
+      this.showLabels(this.axis.clientWidth);
+      more.hidden = true;
+    });
     byId("timeline-legend").textContent = this.legend();
     byId("timeline-section").hidden = this.applications.length === 0;
+    addEventListener("resize", () => this.showLabels(this.axis.clientWidth));
+    addEventListener("beforeprint", () => this.showLabels(printedWidth));
+    addEventListener("afterprint", () => this.showLabels(this.axis.clientWidth));
+    this.showLabels(this.axis.clientWidth);
   }
 
   legend() {
@@ -56,9 +64,9 @@ class Timeline {
   head() {
     const heading = (label, kind) => element("th", { scope: "col", class: kind }, label);
     this.pointedTime = element("span", { class: "pointed-time", hidden: true });
-    const axis = element("span", { class: "axis", "aria-hidden": "true" }, this.pointedTime,
+    this.axis = element("span", { class: "axis", "aria-hidden": "true" }, this.pointedTime,
       ...this.ticks.map(({ time, label }) => element("span", { style: `left:${100 * time / this.length}%` }, label)));
-    const timeline = element("th", { scope: "col", class: "drawn" }, element("span", { class: "visually-hidden" }, "Timeline"), axis);
+    const timeline = element("th", { scope: "col", class: "drawn" }, element("span", { class: "visually-hidden" }, "Timeline"), this.axis);
     return element("thead", {}, element("tr", {}, heading("Application"), timeline, heading("Time in front", "number"),
       heading("Share", "number"), heading("Switches", "number"), heading("Actions", "number")));
   }
@@ -122,16 +130,15 @@ class Timeline {
 
   tickPath() { return this.ticks.map(({ time }) => `M${drawnWidth * time / this.length} 0V1`).join(""); }
 
-  // At most eight, at round times of the reader's clock.
-  findTicks() {
-    const step = tickSteps.find(candidate => this.length / candidate <= 8) ?? tickSteps.at(-1);
-    const offset = this.session.dateAt(0).getTimezoneOffset() * minute;
-    const format = step >= day ? monthDayFormat : step >= minute ? minuteFormat : timeFormat;
-    const first = step - (this.session.begin - offset) % step;
-    const ticks = [];
-    for (let time = first; time < 0.97 * this.length && ticks.length < 60; time += step) {
-      ticks.push({ time, label: format.format(this.session.dateAt(time)) });
-    }
-    return ticks;
+  // Every so many ticks have a label, so that none touches the next one or stands out of the column.
+  showLabels(width) {
+    const labels = [...this.axis.children].filter(label => label !== this.pointedTime);
+    for (const label of labels) label.hidden = false;
+    const widest = Math.max(...labels.map(label => label.offsetWidth));
+    const stride = labelStride(this.ticks, this.length, width, widest);
+    labels.forEach((label, index) => {
+      const place = width * this.ticks[index].time / this.length;
+      label.hidden = index % stride !== 0 || place < widest / 2 || place > width - widest / 2;
+    });
   }
 }

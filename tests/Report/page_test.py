@@ -39,6 +39,11 @@ class PageTest(unittest.TestCase):
         return self.browser.evaluate(
             f"[...document.querySelectorAll({selector!r})].map(node => node.innerText.replace(/\\s+/g, ' ').trim())")
 
+    def frames(self, selector):
+        """[left, right] of each, in pixels."""
+        return self.browser.evaluate(f"[...document.querySelectorAll({selector!r})].map(each => each.getBoundingClientRect())"
+                                     ".map(frame => [frame.left, frame.right])")
+
     def status(self):
         return self.texts("#status")[0]
 
@@ -73,7 +78,7 @@ class Whole(PageTest):
         sentences = self.sentences()
         self.assertEqual(len(sentences), 44)
         for sentence in ["Collection started", "Switched to Text Editor shopping.txt", "Clicked button New Document",
-                         "Pressed Command + b in text area Document", "Opened menu File", "Clicked check box Keep me signed in on",
+                         "Pressed Super+B in text area Document", "Opened menu File", "Clicked check box Keep me signed in on",
                          "Clicked link Statements https://bank.example/accounts/17/statements?year=2025",
                          "Clicked row March Amount: 1,204.00", "Chose radio button Landscape in Orientation",
                          "Clicked with another button on button without a name"]:
@@ -92,6 +97,28 @@ class Whole(PageTest):
         self.assertEqual(self.texts("#figures dd"), ["1 min 40 s", "1 min 0 s in 1 pause", "7", "2", "3", "0"])
         drawn = "document.querySelectorAll('#timeline tbody tr')[1].querySelector('path:last-child').getAttribute('d')"
         self.assertEqual(self.browser.evaluate(drawn), "M562 0H750V1H562Z")
+
+    def test_says_keys_as_people_do_and_tells_their_reported_names(self):
+        self.show([sessions.report(0, "PressKeyCombination", elementName="List", controlType="list", automationID="",
+                                   key="NumericPad + Function + down arrow")])
+        self.assertEqual(self.sentences(), ["Pressed Down in list List"])
+        self.browser.click("#list summary")
+        self.browser.wait_for("document.querySelector('#list .members') !== null")
+        self.assertIn("NumericPad + Function + down arrow", self.texts("#list .members dd"))
+
+    def test_has_ticks_that_do_not_touch_and_reach_to_the_end(self):
+        minute, day = 60, 86400
+        lengths = [0.004, 0.05, 0.9, 7, 45, 3 * minute, 47 * minute, 5 * 60 * minute, day, 3 * day, 11 * day, 40 * day, 200 * day,
+                   608 * day, 1500 * day, 30 * 365 * day]
+        for length in lengths:
+            with self.subTest(seconds=length):
+                self.show([sessions.start(0), sessions.switch(0, "Notes"), sessions.stop(length)])
+                [[begin, end]] = self.frames("#timeline .axis")
+                labels = self.frames("#timeline .axis span:not([hidden])")
+                self.assertGreaterEqual(len(labels), 2)
+                bounds = [begin - 1] + [bound for label in labels for bound in label] + [end + 1]
+                self.assertEqual(bounds, sorted(bounds), "labels touch or stand out")
+                self.assertLess(end - labels[-1][1], 1.6 * (labels[-1][0] - labels[-2][0]), "ends before the end")
 
     def test_keeps_hostile_texts_as_texts(self):
         self.show([sessions.start(0)] + [sessions.click(1, text, text) for text in HOSTILE]
