@@ -1,6 +1,4 @@
-#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -44,13 +42,6 @@ TEST_F(LineWriterTest, AppendsWholeLinesAndEndsAnUnfinishedOne) {
   EXPECT_EQ(content(), "old\nnew\n");
 }
 
-TEST_F(LineWriterTest, MakesAFileThatOnlyItsOwnerCanRead) {
-  EXPECT_TRUE(open().isAtBeginning());
-  struct stat status {};
-  ASSERT_EQ(stat(path_.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 07777, 0600U);
-}
-
 TEST_F(LineWriterTest, SaysWhyAFileCannotBeOpened) {
   const auto [descriptor, problem] = LineWriter::open(folder_.path().string());
   EXPECT_LT(descriptor, 0);
@@ -67,14 +58,6 @@ TEST_F(LineWriterTest, TearsNoLineWhereTheRoomEnds) {
   limit.set(100);
   EXPECT_EQ(writer.write("three"), 0);
   EXPECT_EQ(content(), "one\ntwo\nthree\n");
-}
-
-TEST(LineWriter, LosesALineOfWhichNothingWasWritten) {
-  const int full = ::open("/dev/full", O_WRONLY | O_CLOEXEC);
-  LineWriter writer(full);
-  EXPECT_EQ(writer.write("a"), ENOSPC);
-  EXPECT_EQ(writer.write("b"), ENOSPC);
-  close(full);
 }
 
 }  // namespace

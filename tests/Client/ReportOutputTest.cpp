@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <fstream>
 
 #include "Client/ReportOutput.h"
@@ -15,7 +14,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::HasSubstr;
-using testing::IsEmpty;
 using testing::StartsWith;
 
 const Report report{encode(OpenMenuData{.elementName = "a \"b\", c", .automationID = ""}), {}, false};
@@ -45,10 +43,6 @@ class ReportOutputTest : public testing::Test {
   linux_desktop::TemporaryFolder folder;
   std::vector<std::string> messages;
 };
-
-TEST_F(ReportOutputTest, PrintsNoMoreThanItsCount) {
-  EXPECT_EQ(printIntoFile({.format = "jsonl", .formatting = {}, .name = {}, .wanted = {}, .count = 2}, 5).size(), 2U);
-}
 
 TEST_F(ReportOutputTest, HasOneHeadInAFileThatIsWrittenTwice) {
   const OutputOptions options{.format = "csv", .formatting = {}, .name = {}, .wanted = {}, .count = {}};
@@ -86,33 +80,6 @@ TEST_F(ReportOutputTest, SaysOnceThatADiskIsFullAndGoesOn) {
   EXPECT_EQ(print(full, options, 3), Reception::goOn);
   EXPECT_THAT(messages, ElementsAre(HasSubstr("FILE cannot be written (No space left on device)")));
   close(full);
-}
-
-TEST_F(ReportOutputTest, TellsAtItsEndWhatWasLostLast) {
-  const OutputOptions options{.format = "jsonl", .formatting = {}, .name = "FILE", .wanted = {}, .count = {}};
-  const auto endsWell = [&](const char* path) {
-    const int file = open(path, O_WRONLY | O_CLOEXEC);
-    ReportOutput output(file, options, [this](const std::string& text) { messages.push_back(text); });
-    output.print(report);
-    output.print(report);
-    close(file);
-    return output.end();
-  };
-  EXPECT_TRUE(endsWell("/dev/null"));
-  EXPECT_THAT(messages, IsEmpty());
-  EXPECT_FALSE(endsWell("/dev/full"));
-  EXPECT_THAT(messages, ElementsAre(HasSubstr("FILE cannot be written"), "Reports lost at the end: 2."));
-}
-
-TEST_F(ReportOutputTest, NoticesThatNobodyReads) {
-  std::signal(SIGPIPE, SIG_IGN);
-  std::array<int, 2> ends{};
-  ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
-  close(ends[0]);
-  EXPECT_EQ(print(ends[1], {.format = "text", .formatting = {}, .name = {}, .wanted = {}, .count = {}}, 1),
-            Reception::closed);
-  EXPECT_THAT(messages, IsEmpty());
-  close(ends[1]);
 }
 
 }  // namespace
