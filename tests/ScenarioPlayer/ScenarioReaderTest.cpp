@@ -14,13 +14,15 @@ struct FaultyFile {
   const char* pointer;
 };
 
+void expectRefused(const std::string& text, const std::string& pointer) {
+  const auto read = readScenario(text);
+  ASSERT_TRUE(std::holds_alternative<ScenarioFault>(read)) << text;
+  EXPECT_EQ(std::get<ScenarioFault>(read).pointer, pointer) << text;
+}
+
 class FaultyFiles : public testing::TestWithParam<FaultyFile> {};
 
-TEST_P(FaultyFiles, AreRefusedWithThePlaceOfTheFault) {
-  const auto read = readScenario(GetParam().text);
-  ASSERT_TRUE(std::holds_alternative<ScenarioFault>(read)) << GetParam().text;
-  EXPECT_EQ(std::get<ScenarioFault>(read).pointer, GetParam().pointer) << GetParam().text;
-}
+TEST_P(FaultyFiles, AreRefusedWithThePlaceOfTheFault) { expectRefused(GetParam().text, GetParam().pointer); }
 
 INSTANTIATE_TEST_SUITE_P(
     Texts, FaultyFiles,
@@ -69,10 +71,7 @@ std::string withAttribute(const std::string& value) {
 class FaultyAttributes : public testing::TestWithParam<FaultyFile> {};
 
 TEST_P(FaultyAttributes, AreRefusedWithThePlaceOfTheFault) {
-  const auto read = readScenario(withAttribute(GetParam().text));
-  ASSERT_TRUE(std::holds_alternative<ScenarioFault>(read)) << GetParam().text;
-  EXPECT_EQ(std::get<ScenarioFault>(read).pointer, std::string("/elements/a/attributes/v") + GetParam().pointer)
-      << GetParam().text;
+  expectRefused(withAttribute(GetParam().text), std::string("/elements/a/attributes/v") + GetParam().pointer);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -89,10 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
 class FaultySteps : public testing::TestWithParam<FaultyFile> {};
 
 TEST_P(FaultySteps, AreRefusedWithThePlaceOfTheFault) {
-  const auto text = std::string(R"({"applications":[{"pid":1}],"steps":[{"advance":1},)") + GetParam().text + "]}";
-  const auto read = readScenario(text);
-  ASSERT_TRUE(std::holds_alternative<ScenarioFault>(read)) << text;
-  EXPECT_EQ(std::get<ScenarioFault>(read).pointer, std::string("/steps/1") + GetParam().pointer) << text;
+  expectRefused(std::string(R"({"applications":[{"pid":1}],"steps":[{"advance":1},)") + GetParam().text + "]}",
+                std::string("/steps/1") + GetParam().pointer);
 }
 
 INSTANTIATE_TEST_SUITE_P(
