@@ -34,7 +34,7 @@ class Window(Gtk.Window):
         return widget
 
     def labelled(self, text, widget):
-        label = Gtk.Label(label=text, xalign=0)
+        label = self.named(f"{text} around", Gtk.Label(label=text, xalign=0))
         label.set_mnemonic_widget(widget)
         box = Gtk.Box(spacing=4)
         box.add(label)
@@ -93,6 +93,8 @@ class Window(Gtk.Window):
         book.get_accessible().set_name("Log book")
         book.set_size_request(-1, 60)
         column.add(self.named("Log book", book))
+        column.add(self.labelled("Letter", Gtk.TextView()))
+        column.add(self.named("Nameless around", Gtk.Frame(label="Notes", child=self.named("Nameless", Gtk.TextView()))))
         pages = Gtk.Notebook()
         for tab, text in (("Charts", "Unroll"), ("Stores", "Count")):
             label = self.named(tab, Gtk.Label(label=tab))
@@ -182,6 +184,8 @@ class Places:
 
     def value(self, name):
         widget = self.widgets[name]
+        if isinstance(widget, Gtk.TextView):
+            return widget.get_buffer().props.text
         if isinstance(widget, Gtk.ToggleButton):
             return widget.get_active()
         if isinstance(widget, Gtk.ComboBoxText):

@@ -32,7 +32,7 @@ class Window(Gtk.Window):
         return widget
 
     def labelled(self, text, widget):
-        label = Gtk.Label(label=text, xalign=0)
+        label = self.named(f"{text} around", Gtk.Label(label=text, xalign=0))
         label.set_mnemonic_widget(widget)
         box = Gtk.Box(spacing=4)
         box.append(label)
@@ -72,6 +72,9 @@ class Window(Gtk.Window):
         book = self.named("Log book", Gtk.TextView(height_request=60))
         book.update_property([Gtk.AccessibleProperty.LABEL], ["Log book"])
         column.append(book)
+        column.append(self.labelled("Letter", Gtk.TextView()))
+        frame = Gtk.Frame(label="Notes", child=self.named("Nameless", Gtk.TextView()))
+        column.append(self.named("Nameless around", frame))
 
 
 class Places:
@@ -116,6 +119,8 @@ class Places:
 
     def value(self, name):
         widget = self.widgets[name]
+        if isinstance(widget, Gtk.TextView):
+            return widget.get_buffer().props.text
         for answer in ("get_value", "get_active", "get_text"):
             if hasattr(widget, answer):
                 return getattr(widget, answer)()

@@ -38,7 +38,7 @@ class Window(QtWidgets.QMainWindow):
         return widget
 
     def labelled(self, text, widget):
-        label = QtWidgets.QLabel(text)
+        label = self.named(f"{text} around", QtWidgets.QLabel(text))
         label.setBuddy(self.named(text, widget))
         box = QtWidgets.QHBoxLayout()
         box.addWidget(label)
@@ -70,6 +70,10 @@ class Window(QtWidgets.QMainWindow):
         book.setAccessibleName("Log book")
         book.setMaximumHeight(60)
         column.addWidget(book)
+        column.addLayout(self.labelled("Letter", QtWidgets.QTextEdit(maximumHeight=40)))
+        box = self.named("Nameless around", QtWidgets.QGroupBox("Notes"))
+        QtWidgets.QGridLayout(box).addWidget(self.named("Nameless", QtWidgets.QTextEdit(maximumHeight=40)))
+        column.addWidget(box)
         pages = self.named("Pages", QtWidgets.QTabWidget())
         for tab, text in (("Charts", "Unroll"), ("Stores", "Count")):
             page = QtWidgets.QWidget()
@@ -134,7 +138,7 @@ class Places:
 
     def value(self, name):
         widget = self.widgets[name]
-        for answer in ("isChecked", "currentText", "value", "text"):
+        for answer in ("isChecked", "currentText", "value", "text", "toPlainText"):
             if isinstance(widget, QtWidgets.QPushButton) and answer == "isChecked":
                 continue
             if hasattr(widget, answer):

@@ -1,4 +1,4 @@
-"""Browsers that show tests/applications/page.html, which says where its elements are as our own applications do."""
+"""Browsers that show a page of tests/applications, which says where its elements are as our own applications do."""
 import http.server
 import json
 import queue
@@ -14,9 +14,10 @@ from waiting import PATIENCE, wait_until
 
 
 class PageServer:
-    """Serves the page, hands it questions as server-sent events and takes its answers."""
+    """Serves a page, hands it questions as server-sent events and takes its answers."""
 
-    def __init__(self, certificate=None):
+    def __init__(self, page, certificate=None):
+        self.page = page
         self.questions, self.answers = queue.Queue(), queue.Queue()
         self.server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), self._handler())
         self.server.daemon_threads = True
@@ -26,6 +27,9 @@ class PageServer:
             self.server.socket = context.wrap_socket(self.server.socket, server_side=True)
         self.port = self.server.server_address[1]
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
+
+    # By path; the empty name is the page itself.
+    FILES = {"/": ("", "text/html"), "/page.js": ("page.js", "text/javascript")}
 
     def _handler(self):
         pages = self
@@ -37,9 +41,10 @@ class PageServer:
                     while True:
                         self.wfile.write(b"data: " + json.dumps(pages.questions.get()).encode() + b"\n\n")
                         self.wfile.flush()
-                self.begin("text/html" if self.path == "/" else "image/x-icon")
-                if self.path == "/":
-                    self.wfile.write((FOLDER / "page.html").read_bytes())
+                file, content_type = pages.FILES.get(self.path, (None, "image/x-icon"))
+                self.begin(content_type)
+                if file is not None:
+                    self.wfile.write((FOLDER / (file or pages.page)).read_bytes())
 
             def do_POST(self):
                 body = self.rfile.read(int(self.headers["Content-Length"]))
@@ -73,11 +78,11 @@ def own_certificate(folder):
 
 
 class Browser(ApplicationWithWidgets):
-    """One window with the page. `host` is the name under which the page is shown, over HTTPS; none: plain localhost."""
+    """One window with a page. `host` is the name under which the page is shown, over HTTPS; none: plain localhost."""
 
-    def __init__(self, host=None):
+    def __init__(self, host=None, page="page.html"):
         self.folder = tempfile.TemporaryDirectory(prefix="norra-browser-", ignore_cleanup_errors=True)
-        self.server = PageServer(own_certificate(self.folder.name) if host else None)
+        self.server = PageServer(page, own_certificate(self.folder.name) if host else None)
         self.address = f"https://{host}/" if host else f"http://localhost:{self.server.port}/"
         super().__init__(self.command(host), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.wait_until_in_front()

@@ -26,6 +26,16 @@ AXError errorOf(sd_bus_message* reply) {
   return isGone ? axError::invalidUIElement : axError::failure;
 }
 
+// Nothing else is asked for: of no attributes, roles and interfaces an element has all.
+int append(sd_bus_message* message, const FirstWithState& wanted) {
+  constexpr int all = 1;
+  constexpr unsigned inTheirOrder = 1;
+  const auto states = std::uint64_t{1} << wanted.state;
+  return sd_bus_message_append(message, "(aiia{ss}iaiiasib)uib", 2, static_cast<std::uint32_t>(states),
+                               static_cast<std::uint32_t>(states >> 32), all, 0, all, 0, all, 0, all, 0, inTheirOrder,
+                               wanted.count, 1);
+}
+
 int append(sd_bus_message* message, const AtspiArgument& argument) {
   if (const auto* number = std::get_if<std::int32_t>(&argument)) {
     return sd_bus_message_append_basic(message, SD_BUS_TYPE_INT32, number);
@@ -33,6 +43,7 @@ int append(sd_bus_message* message, const AtspiArgument& argument) {
   if (const auto* number = std::get_if<std::uint32_t>(&argument)) {
     return sd_bus_message_append_basic(message, SD_BUS_TYPE_UINT32, number);
   }
+  if (const auto* wanted = std::get_if<FirstWithState>(&argument)) return append(message, *wanted);
   return sd_bus_message_append_basic(message, SD_BUS_TYPE_STRING, std::get<std::string>(argument).c_str());
 }
 

@@ -17,7 +17,13 @@
 
 namespace norra::linux_desktop {
 
-using AtspiArgument = std::variant<std::int32_t, std::uint32_t, std::string>;
+/// All arguments of the Collection interface's GetMatches: the first elements below the target that have a state.
+struct FirstWithState {
+  std::uint8_t state = 0;
+  std::int32_t count = 1;
+};
+
+using AtspiArgument = std::variant<std::int32_t, std::uint32_t, std::string, FirstWithState>;
 
 /// A call of a method. The texts of interface and member are literals.
 struct AtspiCall {

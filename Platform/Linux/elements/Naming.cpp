@@ -5,6 +5,7 @@
 #include <charconv>
 #include <vector>
 
+#include "Platform/Linux/elements/PageNames.h"
 #include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
@@ -111,12 +112,14 @@ std::string properDescription(const AtspiFacts& facts) {
 AttributeResult titleOf(const ElementView& view) {
   const auto& facts = view.need(Ask::name);
   if (isListMark(facts)) return noValue();
-  return textOrNoValue(withoutOwnLabel(view, properName(facts.name, view.role(), view.toolkit())));
+  const auto name = view.application().showsWebPages() ? nameInPage(view) : facts.name;
+  return textOrNoValue(withoutOwnLabel(view, properName(name, view.role(), view.toolkit())));
 }
 
 AttributeResult descriptionOf(const ElementView& view) {
   const auto& facts = view.need(Ask::description);
   if (facts.description.empty()) return noValue();
+  if (view.application().showsWebPages() && isDescribedByField(view)) return noValue();
   return textOrNoValue(properDescription(view.has(AtspiInterface::value) ? view.need(Ask::currentValue) : facts));
 }
 
@@ -156,15 +159,19 @@ AttributeResult titleElementOf(const ElementView& view) {
   if (label.isNull()) return noValue();
   view.reader().expect(label, view.generalAsks());
   if (isOwnPart(view, label)) return noValue();
+  const auto named = view.other(label);
+  if (view.application().showsWebPages() && isFieldOfPage(named)) return noValue();
   return valueOf(view.context().element(label));
 }
 
 void keepNames(const ElementView& view) {
   const auto asks = view.generalAsks() | Ask::localizedRoleName;
   if (!view.need(asks).answered(Ask::role)) return;
+  titleOf(view);
   view.reader().keep(view.reference(), AtspiReader::KeptFor::silence);
   const auto label = firstLabel(view);
   if (label.isNull() || !view.other(label).need(asks).answered(Ask::role)) return;
+  titleOf(view.other(label));
   view.reader().keep(label, AtspiReader::KeptFor::silence);
 }
 

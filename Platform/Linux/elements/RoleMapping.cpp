@@ -100,9 +100,18 @@ RoleAndSubrole comboBox(const AtspiFacts& facts, Toolkit toolkit) {
   return {hasField || hasState(facts.states, AtspiState::editable) ? "AXComboBox" : "AXPopUpButton", ""};
 }
 
+// Firefox takes an editor for a single line where the page does not say that it has more.
+bool isEditorOfPage(const AtspiFacts& facts, Toolkit toolkit) {
+  const auto tag = facts.attributes.find("tag");
+  const bool isInput = tag == facts.attributes.end() || tag->second == "input";
+  return toolkit == Toolkit::gecko && hasState(facts.states, AtspiState::editable) && !isInput &&
+         hasXmlRole(facts, "textbox");
+}
+
 RoleAndSubrole textField(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
   if (surroundings.hidesText) return {"AXTextField", "AXSecureTextField"};
-  if (hasState(facts.states, AtspiState::multiLine)) return {"AXTextArea", ""};
+  const bool isEditor = hasState(facts.states, AtspiState::multiLine) || isEditorOfPage(facts, surroundings.toolkit);
+  if (isEditor) return {"AXTextArea", ""};
   const bool isSearch = hasXmlRole(facts, "searchbox") || (facts.attributes.contains("text-input-type") &&
                                                            facts.attributes.at("text-input-type") == "search");
   return {"AXTextField", isSearch ? "AXSearchField" : ""};

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "Platform/Linux/elements/PageNames.h"
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Tables.h"
 #include "Platform/Linux/reading/ElementView.h"
@@ -89,7 +90,14 @@ std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t l
   return children;
 }
 
+// What lies in an editor is its content.
+bool isEditor(const ElementView& view) {
+  if (isTextField(view.role()) && view.hasState(AtspiState::multiLine)) return true;
+  return view.application().showsWebPages() && isWritten(view);
+}
+
 AttributeResult childrenOf(const ElementView& view) {
+  if (isEditor(view)) return noValue();
   // The page that GTK 3 puts below a tab does not belong to it.
   if (view.role() == AtspiRole::pageTab && view.toolkit() == Toolkit::gtk3) return noValue();
   const auto count = view.needOnly(Ask::childCount).childCount;

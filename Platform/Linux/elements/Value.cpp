@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "Platform/Linux/elements/PageNames.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Text.h"
 #include "Platform/Linux/reading/ElementView.h"
@@ -69,6 +70,7 @@ constexpr std::array textHolders{AtspiRole::label,     AtspiRole::staticText,   
 AttributeResult textBesideName(const ElementView& view) {
   if (std::ranges::find(textHolders, view.role()) == textHolders.end()) return noValue();
   if (!view.need(Ask::name).name.empty() || !view.has(AtspiInterface::text)) return noValue();
+  if (view.application().showsWebPages() && (isWritten(view) || view.role() == AtspiRole::label)) return noValue();
   return textValue(view);
 }
 

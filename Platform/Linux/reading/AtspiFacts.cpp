@@ -3,11 +3,14 @@
 #include <string_view>
 #include <utility>
 
+#include "Platform/Linux/atspi/AtspiRole.h"
+
 namespace norra::linux_desktop {
 namespace {
 
 constexpr const char* accessible = "org.a11y.atspi.Accessible";
 constexpr const char* action = "org.a11y.atspi.Action";
+constexpr const char* collection = "org.a11y.atspi.Collection";
 constexpr const char* component = "org.a11y.atspi.Component";
 constexpr const char* document = "org.a11y.atspi.Document";
 constexpr const char* hyperlink = "org.a11y.atspi.Hyperlink";
@@ -27,7 +30,8 @@ enum class ArgumentKind : std::uint8_t {
   uriName,
   urlName,
   fromStartToEnd,
-  firstParagraph
+  firstParagraph,
+  firstFields
 };
 
 struct Question {
@@ -116,6 +120,8 @@ constexpr std::array<Question, askCount> questions{{
     {Ask::wholeText, Access::method, text, "GetText", take<&Facts::wholeText, readText>, ArgumentKind::fromStartToEnd},
     {Ask::displayedText, Access::method, text, "GetStringAtOffset", take<&Facts::displayedText, readText>,
      ArgumentKind::firstParagraph},
+    {Ask::fieldsBelow, Access::method, collection, "GetMatches", take<&Facts::fieldsBelow, readReferences>,
+     ArgumentKind::firstFields},
 }};
 
 const Question& questionFor(Ask ask) { return questions[static_cast<std::size_t>(ask)]; }
@@ -131,6 +137,7 @@ std::vector<AtspiArgument> argumentsFor(ArgumentKind kind) {
     case ArgumentKind::urlName: return {std::string("DocURL")};
     case ArgumentKind::fromStartToEnd: return {std::int32_t{0}, std::int32_t{-1}};
     case ArgumentKind::firstParagraph: return {std::int32_t{0}, std::uint32_t{4}};
+    case ArgumentKind::firstFields: return {FirstWithState{static_cast<std::uint8_t>(AtspiState::editable), 2}};
   }
   return {};
 }

@@ -45,8 +45,9 @@ enum class Ask : std::uint8_t {
   columnCount,
   wholeText,
   displayedText,
+  fieldsBelow,
 };
-inline constexpr std::size_t askCount = 31;
+inline constexpr std::size_t askCount = 32;
 
 /// A set of questions.
 class Asks {
@@ -135,6 +136,8 @@ struct AtspiFacts {
   std::string wholeText;
   /// The first paragraph as it stands on the screen.
   std::string displayedText;
+  /// The first elements below that can be written in, at any depth. Few; whether there are more is not known.
+  std::vector<AtspiReference> fieldsBelow;
 
   AXError error(Ask ask) const { return errors[static_cast<std::size_t>(ask)]; }
   bool answered(Ask ask) const { return asked.has(ask) && error(ask) == axError::success; }

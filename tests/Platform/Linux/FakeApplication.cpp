@@ -169,6 +169,17 @@ FakeElement FakeApplication::elementOf(sd_bus_message* call) const {
   return found != elements_.end() ? found->second : elsewhere_.value();
 }
 
+void FakeApplication::appendFieldsBelow(sd_bus_message* reply, const FakeElement& element) const {
+  constexpr std::uint64_t editable = std::uint64_t{1} << 7;
+  for (const auto& key : element.children) {
+    const auto child = elements_.find(key);
+    if (child == elements_.end()) continue;
+    if ((child->second.states & editable) != 0)
+      sd_bus_message_append(reply, "(so)", name_.c_str(), pathOf(key).c_str());
+    appendFieldsBelow(reply, child->second);
+  }
+}
+
 int FakeApplication::replyReference(sd_bus_message* call, const std::string& key) {
   return sd_bus_reply_method_return(call, "(so)", name_.c_str(), pathOf(key).c_str());
 }
@@ -232,6 +243,14 @@ int FakeApplication::replyMethod(sd_bus_message* call, const std::string& member
       for (const auto& key : element.children) {
         sd_bus_message_append(reply, "(so)", name_.c_str(), pathOf(key).c_str());
       }
+      sd_bus_message_close_container(reply);
+    });
+  }
+  if (member == "GetMatches") {
+    return replyWith(call, [&](sd_bus_message* reply) {
+      sd_bus_message_open_container(reply, 'a', "(so)");
+      const std::lock_guard lock(mutex_);
+      appendFieldsBelow(reply, element);
       sd_bus_message_close_container(reply);
     });
   }

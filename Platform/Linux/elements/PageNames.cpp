@@ -1,0 +1,167 @@
+#include "Platform/Linux/elements/PageNames.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <vector>
+
+#include "Platform/Linux/elements/RoleMapping.h"
+#include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/reading/ElementView.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+enum class Relation : std::uint8_t { labelledBy = 2, describedBy = 18 };
+
+constexpr std::string_view embedded = "\uFFFC";  // stands in a text for another element
+constexpr std::size_t mostParts = 16;
+constexpr int mostLevels = 4;
+
+constexpr std::array fields{AtspiRole::comboBox, AtspiRole::listBox, AtspiRole::slider, AtspiRole::spinButton};
+constexpr std::array partsOfTexts{AtspiRole::paragraph, AtspiRole::section, AtspiRole::staticText};
+
+std::string_view attributeOf(const ElementView& view, std::string_view name) {
+  const auto& attributes = view.need(Ask::attributes).attributes;
+  const auto found = attributes.find(name);
+  return found == attributes.end() ? std::string_view() : std::string_view(found->second);
+}
+
+bool isPage(const ElementView& view) {
+  return view.role() == AtspiRole::documentWeb || view.role() == AtspiRole::documentFrame;
+}
+
+// A page may make an editor of elements that are not editable and take the keys itself.
+bool liesInTextArea(const ElementView& view) {
+  auto at = view.reference();
+  for (int level = 0; level < mostLevels && !at.isNull(); ++level) {
+    const auto& facts = view.other(at).needOnly(Asks{Ask::role, Ask::states, Ask::parent});
+    const auto role = static_cast<AtspiRole>(facts.role);
+    if (isTextField(role) && hasState(facts.states, AtspiState::multiLine)) return level > 0;
+    if (!isOneOf(partsOfTexts, role)) return false;
+    at = facts.parent;
+  }
+  return false;
+}
+
+// What a browser shows is a leaf of its own; it has no tag.
+bool isMereText(const ElementView& view) {
+  return view.role() == AtspiRole::staticText && attributeOf(view, "tag").empty();
+}
+
+bool holdsField(const ElementView& view) {
+  if (isMereText(view)) return false;
+  const auto& facts = view.need(Ask::fieldsBelow);
+  return !facts.answered(Ask::fieldsBelow) || !facts.fieldsBelow.empty();
+}
+
+bool holdsEditor(const ElementView& view) {
+  return std::ranges::any_of(view.need(Ask::fieldsBelow).fieldsBelow,
+                             [&](const auto& field) { return view.other(field).hasState(AtspiState::multiLine); });
+}
+
+// The elements that stand in the text as one character each. Chromium's children are its mere texts too.
+std::vector<AtspiReference> embeddedIn(const ElementView& view) {
+  auto children = firstChildren(view, mostParts);
+  if (view.toolkit() != Toolkit::chromium) return children;
+  std::vector<AtspiQuestion> questions;
+  for (const auto& child : children) questions.push_back({child, view.generalAsks()});
+  view.reader().read(questions);
+  std::erase_if(children, [&](const auto& child) {
+    const auto part = view.other(child);
+    return isMereText(part) || attributeOf(part, "tag") == "::marker";
+  });
+  return children;
+}
+
+std::string textWithoutFields(const ElementView& view, int level = 0) {
+  if (level > mostLevels || isFieldOfPage(view) || !view.has(AtspiInterface::text)) return {};
+  if (level > 0 && holdsEditor(view)) return {};
+  std::string text = view.need(Ask::wholeText).wholeText;
+  if (text.find(embedded) == std::string::npos) return text;
+  const auto parts = embeddedIn(view);
+  std::size_t next = 0;
+  for (auto at = text.find(embedded); at != std::string::npos; at = text.find(embedded, at)) {
+    const auto part = next < parts.size() ? textWithoutFields(view.other(parts[next++]), level + 1) : std::string();
+    text.replace(at, embedded.size(), " " + part + " ");
+  }
+  return text;
+}
+
+bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+std::string withoutNeedlessBlanks(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    if (!isBlank(c)) result += c;
+    if (isBlank(c) && !result.empty() && result.back() != ' ') result += ' ';
+  }
+  if (result.ends_with(' ')) result.pop_back();
+  return result;
+}
+
+std::vector<AtspiReference> targetsOf(const ElementView& view, Relation type) {
+  std::vector<AtspiReference> targets;
+  for (const auto& relation : view.need(Ask::relations).relations) {
+    if (relation.type != static_cast<std::uint32_t>(type)) continue;
+    targets.insert(targets.end(), relation.targets.begin(), relation.targets.end());
+  }
+  return targets;
+}
+
+// A label around the field that it names holds that one, and a browser leaves it out.
+bool isOrHoldsOtherField(const ElementView& view, const AtspiReference& target) {
+  if (target == view.reference()) return true;
+  const auto other = view.other(target);
+  const auto& facts = other.need(other.generalAsks() | Ask::fieldsBelow);
+  if (isFieldOfPage(other) || !facts.answered(Ask::fieldsBelow)) return true;
+  return std::ranges::any_of(facts.fieldsBelow, [&](const auto& field) { return field != view.reference(); });
+}
+
+bool isToldByField(const ElementView& view, Relation type) {
+  return std::ranges::any_of(targetsOf(view, type),
+                             [&](const auto& target) { return isOrHoldsOtherField(view, target); });
+}
+
+// Chromium does not say so by a relation.
+bool isToldByItself(const ElementView& view, Relation type, std::string_view from, std::string_view how) {
+  return view.hasState(AtspiState::editable) && attributeOf(view, from) == how && targetsOf(view, type).empty();
+}
+
+bool isNamedByField(const ElementView& view) {
+  return isToldByField(view, Relation::labelledBy) ||
+         isToldByItself(view, Relation::labelledBy, "name-from", "related-element");
+}
+
+// Not from a label, an attribute, or the like.
+std::string nameFromContent(const ElementView& view) {
+  if (isWritten(view)) return {};
+  if (view.role() == AtspiRole::label || holdsField(view)) return withoutNeedlessBlanks(textWithoutFields(view));
+  return view.need(Ask::name).name;
+}
+
+}  // namespace
+
+std::string nameInPage(const ElementView& view) {
+  const auto& name = view.need(Ask::name).name;
+  if (view.role() == AtspiRole::label) return nameFromContent(view);
+  if (name.empty() || isPage(view)) return name;
+  if (attributeOf(view, "explicit-name") == "true") return isNamedByField(view) ? std::string() : name;
+  return isTextField(view.role()) ? name : nameFromContent(view);
+}
+
+bool isDescribedByField(const ElementView& view) {
+  return isToldByField(view, Relation::describedBy) ||
+         isToldByItself(view, Relation::describedBy, "description-from", "aria-describedby");
+}
+
+bool isFieldOfPage(const ElementView& view) {
+  return isTextField(view.role()) || isOneOf(fields, view.role()) || isWritten(view);
+}
+
+bool isWritten(const ElementView& view) {
+  if (isTextField(view.role()) || isOneOf(fields, view.role()) || isPage(view)) return false;
+  return view.hasState(AtspiState::editable) || liesInTextArea(view);
+}
+
+}  // namespace norra::linux_desktop
