@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include "Platform/Linux/pointer/PointedElement.h"
-#include "Platform/Linux/reading/AtspiContext.h"
 #include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra::benchmarks {
@@ -17,8 +16,8 @@ class NothingKept final : public ReadingEpoch {
   std::optional<std::uint64_t> current() const override { return std::nullopt; }
 };
 
-Place insideWindow(AtspiContext& context, const AtspiReference& topLevel, const WindowOnScreen& window, Place place) {
-  const auto extents = context.reader().read(topLevel, Ask::windowExtents).windowExtents;
+Place insideWindow(AtspiReader& reader, const AtspiReference& topLevel, const WindowOnScreen& window, Place place) {
+  const auto extents = reader.read(topLevel, Ask::windowExtents).windowExtents;
   const bool saysShadow = window.shadow != ShadowExtents{};
   const auto left = saysShadow ? window.shadow.left : (window.client.width - extents.width) / 2;
   const auto top = saysShadow ? window.shadow.top : (window.client.height - extents.height) / 2;
@@ -42,18 +41,20 @@ Target findTarget(Place onScreen, const WayToAsk& way) {
   if (!connection) throw std::runtime_error("no X server");
   X11Windows windows(std::move(connection));
   const NothingKept epoch;
-  AtspiContext context(epoch, windows);
+  AtspiSession session(epoch);
+  Focus focus(session);
+  PointedElement pointed(session, focus, windows);
   const CGPoint point{double(onScreen.x), double(onScreen.y)};
-  auto element = elementAt(context, point);
+  auto element = pointed.at(point);
   const auto window = windows.topLevelWindowAt(point);
   if (element.isNull() || !window) throw std::runtime_error("nothing is there");
-  Target target{onScreen, onScreen, context.topLevels.find(*window), {}};
+  Target target{onScreen, onScreen, pointed.knownTopLevelOf(*window), {}};
   if (way.hitTest == WayToAsk::HitTest::inWindow) {
-    target.asked = insideWindow(context, target.window, *window, onScreen);
+    target.asked = insideWindow(session.reader(), target.window, *window, onScreen);
   }
   for (int level = 0; level <= way.levelsToControl + way.levelsBeyond; ++level) {
     target.chain.push_back(element);
-    element = context.reader().read(element, Ask::parent).parent;
+    element = session.reader().read(element, Ask::parent).parent;
   }
   return target;
 }

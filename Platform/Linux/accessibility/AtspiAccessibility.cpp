@@ -30,11 +30,16 @@ AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows
     : switch_(event),
       eventTaps_(eventTaps),
       epoch_(event),
-      context_(epoch_, windows),
-      events_(event, context_.shared, [this](const std::string& name) { context_.forget(name); }),
-      focusEvents_(context_, events_),
-      services_{context_, events_, focusEvents_,
-                [this](std::function<void()> noteInput) { return watchInput(std::move(noteInput)); }} {}
+      windows_(windows),
+      session_(epoch_),
+      focus_(session_),
+      pointed_(session_, focus_, windows),
+      handles_(session_, focus_, pointed_, windows),
+      events_(event, session_.shared, [this](const std::string& name) { session_.forget(name); }),
+      focusEvents_(focus_, events_),
+      services_{session_,     focus_,
+                handles_,     events_,
+                focusEvents_, [this](std::function<void()> noteInput) { return watchInput(std::move(noteInput)); }} {}
 
 AXResult<std::unique_ptr<AXObserver>> AtspiAccessibility::createObserver(ProcessIdentifier process,
                                                                          AXObserverCallback callback) {
@@ -47,7 +52,7 @@ std::unique_ptr<Registration> AtspiAccessibility::watchInput(std::function<void(
 }
 
 void AtspiAccessibility::describe(ServiceStatistics& statistics) {
-  auto& [bus, resting, counts] = context_.shared;
+  auto& [bus, resting, counts] = session_.shared;
   statistics.reads = counts.reads;
   statistics.waves = counts.waves;
   statistics.timeOuts = counts.timeOuts;
@@ -57,14 +62,8 @@ void AtspiAccessibility::describe(ServiceStatistics& statistics) {
 }
 
 bool AtspiAccessibility::isSecretFocused() {
-  const auto window = context_.windows.activeWindow();
-  if (!window) return false;
-  for (const auto& name : context_.processes.busNamesOf(window->process, context_.reader())) {
-    const auto focused = context_.focus.followed(name);
-    const auto application = context_.applications.find(name);
-    if (focused && application && application->wasPassword(focused->path)) return true;
-  }
-  return false;
+  const auto window = windows_.activeWindow();
+  return window && focus_.isSecret(window->process);
 }
 
 }  // namespace norra::linux_desktop

@@ -8,8 +8,6 @@
 #include "Platform/EventTap.h"
 #include "Platform/Linux/accessibility/AtspiObserver.h"
 #include "Platform/Linux/atspi/AccessibilitySwitch.h"
-#include "Platform/Linux/pointer/PointedElement.h"
-#include "Platform/Linux/reading/AtspiContext.h"
 #include "Platform/Linux/reading/ReadingEpoch.h"
 
 namespace norra::linux_desktop {
@@ -21,15 +19,15 @@ class AtspiAccessibility final : public Accessibility {
   /// without an event. All must outlive this.
   AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps);
 
-  AXUIElement createSystemWide() override { return context_.systemWide(); }
-  AXUIElement createApplication(ProcessIdentifier process) override { return context_.application(process); }
+  AXUIElement createSystemWide() override { return handles_.systemWide(); }
+  AXUIElement createApplication(ProcessIdentifier process) override { return handles_.application(process); }
   AXResult<std::unique_ptr<AXObserver>> createObserver(ProcessIdentifier process, AXObserverCallback callback) override;
 
   /// Whether the element with the keyboard focus is known to be a field with a hidden text. Reads nothing. Main thread.
   bool isSecretFocused();
 
-  /// See linux_desktop::notePress. Main thread.
-  void notePress(std::optional<CGPoint> place) { linux_desktop::notePress(context_, place); }
+  /// See PointedElement::notePress. Main thread.
+  void notePress(std::optional<CGPoint> place) { pointed_.notePress(place); }
 
   /// What reading has cost so far, and whether it is possible. Any thread.
   void describe(ServiceStatistics& statistics);
@@ -40,7 +38,11 @@ class AtspiAccessibility final : public Accessibility {
   AccessibilitySwitch switch_;
   EventTaps& eventTaps_;
   const EventLoopEpoch epoch_;
-  AtspiContext context_;
+  WindowsOnScreen& windows_;
+  AtspiSession session_;
+  Focus focus_;
+  PointedElement pointed_;
+  const ElementHandles handles_;
   AtspiEvents events_;
   FocusEvents focusEvents_;
   ObserverServices services_;

@@ -1,31 +1,32 @@
 // The root of an application, known by its process.
 #pragma once
 
-#include "Platform/Accessibility.h"
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/accessibility/ElementHandles.h"
 
 namespace norra::linux_desktop {
 
-class AtspiApplicationElement final : public AXUIElementPrimitives {
+class AtspiApplicationElement final : public DesktopElement {
  public:
-  AtspiApplicationElement(AtspiContext& context, ProcessIdentifier process) : context_(context), process_(process) {}
+  AtspiApplicationElement(const ElementHandles& handles, AtspiSession& session, Focus& focus, WindowsOnScreen& windows,
+                          ProcessIdentifier process)
+      : DesktopElement(handles), session_(session), focus_(focus), windows_(windows), process_(process) {}
 
   ProcessIdentifier process() const { return process_; }
 
   AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const override;
   AXResult<std::vector<std::string>> copyAttributeNames() const override;
   AXResult<std::vector<std::string>> copyActionNames() const override;
-  AXResult<std::optional<AXUIElement>> copyElementAtPosition(float x, float y) const override;
   AXResult<ProcessIdentifier> getPid() const override { return {axError::success, process_}; }
-  AXUIElement createApplication(ProcessIdentifier process) const override { return context_.application(process); }
-  std::optional<std::string> roleDescription(std::string_view role,
-                                             std::optional<std::string_view> subrole) const override;
   bool isEqual(const AXUIElementPrimitives& other) const override;
 
  private:
-  bool hasRoot() const;
+  AtspiReference root() const { return session_.processes.rootOf(process_, session_.reader()); }
+  AXResult<AXAttributeValue> focusedWindow(const AtspiReference& root) const;
+  AXResult<AXAttributeValue> handleOrNothing(const AtspiReference& reference) const;
 
-  AtspiContext& context_;
+  AtspiSession& session_;
+  Focus& focus_;
+  WindowsOnScreen& windows_;
   const ProcessIdentifier process_;
 };
 

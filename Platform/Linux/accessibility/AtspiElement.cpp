@@ -4,12 +4,10 @@
 #include <array>
 
 #include "Platform/Linux/elements/Naming.h"
-#include "Platform/Linux/elements/RoleDescriptions.h"
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Tables.h"
 #include "Platform/Linux/elements/Value.h"
-#include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -59,24 +57,27 @@ constexpr std::array attributes{
     Attribute{"AXSelectedChildren", selectedChildrenOf},
 };
 
+// Of an element that has gone there is nothing to say, not even that it has no value.
+AttributeResult unlessGone(const ElementView& view, AttributeResult result) {
+  if (result.error != axError::noValue && result.error != axError::attributeUnsupported) return result;
+  const auto& facts = view.reader().known(view.reference());
+  return !facts.asked.has(Ask::role) || facts.answered(Ask::role) ? result : failed(facts.error(Ask::role));
+}
+
 }  // namespace
 
 AXResult<AXAttributeValue> AtspiElement::copyAttributeValue(std::string_view attribute) const {
   const auto* row = std::ranges::find(attributes, attribute, &Attribute::name);
-  if (row == attributes.end() && part_.kind == AtspiPart::Kind::whole) return unsupported();
-  if (isOfAFormerBus()) return failed(axError::invalidUIElement);
-  const ElementView view(context_, context_.reader(), reference_);
-  auto result = part_.kind == AtspiPart::Kind::whole ? row->read(view) : partAttribute(view, part_, attribute);
-  if (result.error != axError::noValue && result.error != axError::attributeUnsupported) return result;
-  // Of an element that has gone there is nothing to say, not even that it has no value.
-  const auto& facts = context_.reader().known(reference_);
-  if (!facts.asked.has(Ask::role) || facts.answered(Ask::role)) return result;
-  return failed(facts.error(Ask::role));
+  if (row == attributes.end() && isWhole()) return {axError::attributeUnsupported, {}};
+  if (isOfAFormerBus()) return {axError::invalidUIElement, {}};
+  const auto element = view();
+  auto result = isWhole() ? row->read(element) : partAttribute(element, key_.part, attribute);
+  return handles().valueOf(unlessGone(element, std::move(result)));
 }
 
 AXResult<std::vector<std::string>> AtspiElement::copyAttributeNames() const {
   AXResult<std::vector<std::string>> names;
-  names.error = ElementView(context_, context_.reader(), reference_).roleError();
+  names.error = view().roleError();
   if (names.error != axError::success) return names;
   for (const auto& attribute : attributes) {
     const auto value = copyAttributeValue(attribute.name);
@@ -86,31 +87,20 @@ AXResult<std::vector<std::string>> AtspiElement::copyAttributeNames() const {
 }
 
 AXResult<std::vector<std::string>> AtspiElement::copyActionNames() const {
-  if (part_.kind != AtspiPart::Kind::whole || isOfAFormerBus()) return {};
-  return actionNamesOf(ElementView(context_, context_.reader(), reference_));
-}
-
-AXResult<std::optional<AXUIElement>> AtspiElement::copyElementAtPosition(float /*x*/, float /*y*/) const {
-  return {axError::illegalArgument, std::nullopt};
+  if (!isWhole() || isOfAFormerBus()) return {};
+  return actionNamesOf(view());
 }
 
 AXResult<ProcessIdentifier> AtspiElement::getPid() const {
   if (isOfAFormerBus()) return {axError::invalidUIElement, 0};
-  const auto process = context_.processes.processOf(reference_.busName, context_.reader());
+  const auto process = session_.processes.processOf(reference().busName, session_.reader());
   if (process == 0) return {axError::invalidUIElement, 0};
   return {axError::success, process};
 }
 
-AXUIElement AtspiElement::createApplication(ProcessIdentifier process) const { return context_.application(process); }
-
-std::optional<std::string> AtspiElement::roleDescription(std::string_view role,
-                                                         std::optional<std::string_view> subrole) const {
-  return englishRoleDescription(role, subrole);
-}
-
 bool AtspiElement::isEqual(const AXUIElementPrimitives& other) const {
   const auto* element = dynamic_cast<const AtspiElement*>(&other);
-  return element && element->reference_ == reference_ && element->part_ == part_ && element->generation_ == generation_;
+  return element && element->key_ == key_ && element->generation_ == generation_;
 }
 
 }  // namespace norra::linux_desktop

@@ -1,39 +1,34 @@
 // One element of an application: an AT-SPI object, or a row or column made up for a table.
 #pragma once
 
-#include "Platform/Accessibility.h"
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/accessibility/ElementHandles.h"
 
 namespace norra::linux_desktop {
 
-class AtspiElement final : public AXUIElementPrimitives {
+class AtspiElement final : public DesktopElement {
  public:
-  AtspiElement(AtspiContext& context, AtspiReference reference, AtspiPart part)
-      : context_(context),
-        reference_(std::move(reference)),
-        part_(part),
-        generation_(context.shared.bus.generation()) {}
+  AtspiElement(const ElementHandles& handles, AtspiSession& session, ElementKey key)
+      : DesktopElement(handles),
+        session_(session),
+        key_(std::move(key)),
+        generation_(session.shared.bus.generation()) {}
 
-  const AtspiReference& reference() const { return reference_; }
-  AtspiPart part() const { return part_; }
+  const AtspiReference& reference() const { return key_.reference; }
 
   AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const override;
   AXResult<std::vector<std::string>> copyAttributeNames() const override;
   AXResult<std::vector<std::string>> copyActionNames() const override;
-  AXResult<std::optional<AXUIElement>> copyElementAtPosition(float x, float y) const override;
   AXResult<ProcessIdentifier> getPid() const override;
-  AXUIElement createApplication(ProcessIdentifier process) const override;
-  std::optional<std::string> roleDescription(std::string_view role,
-                                             std::optional<std::string_view> subrole) const override;
   bool isEqual(const AXUIElementPrimitives& other) const override;
 
  private:
+  bool isWhole() const { return key_.part.kind == AtspiPart::Kind::whole; }
   /// Its name may be another application's since then.
-  bool isOfAFormerBus() const { return context_.shared.bus.generation() != generation_; }
+  bool isOfAFormerBus() const { return session_.shared.bus.generation() != generation_; }
+  ElementView view() const { return {session_.reader(), key_.reference}; }
 
-  AtspiContext& context_;
-  const AtspiReference reference_;
-  const AtspiPart part_;
+  AtspiSession& session_;
+  const ElementKey key_;
   const std::uint64_t generation_;  // of the bus that it was found on
 };
 

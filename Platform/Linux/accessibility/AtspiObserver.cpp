@@ -36,7 +36,7 @@ AtspiObserver::AtspiObserver(ObserverServices& services, ProcessIdentifier proce
       focusChange_(services.events.loop(), [this] { tellFocus(); }),
       lateFocusCheck_(services.events.loop(), [this] { checkFocus(); }),
       cleanUp_(services.events.loop(), [this] { ended_.clear(); }) {
-  wake(services.context, process);
+  wake(services.session, process);
 }
 
 AXError AtspiObserver::addNotification(const AXUIElement& element, std::string_view notification) {
@@ -66,8 +66,8 @@ AXError AtspiObserver::removeNotification(const AXUIElement& element, std::strin
 AXError AtspiObserver::addFocus(std::string_view notification) {
   if (notification != focusChanged) return axError::notificationUnsupported;
   if (focusEvents_) return axError::notificationAlreadyRegistered;
-  timeOuts_ = services_.context.shared.statistics.timeOuts;
-  focused_ = focusedElementOf(services_.context, process_);
+  timeOuts_ = services_.session.shared.statistics.timeOuts;
+  focused_ = services_.focus.of(process_);
   isMute_ = !answers(focused_);
   focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
   checkFocusLater(firstFocusCheckMicroseconds);
@@ -81,8 +81,8 @@ AXError AtspiObserver::removeFocus(std::string_view notification) {
 }
 
 void AtspiObserver::focusArrived(const AtspiReference& element) {
-  auto& context = services_.context;
-  if (context.processes.processOf(element.busName, context.reader()) != process_) return;
+  auto& session = services_.session;
+  if (session.processes.processOf(element.busName, session.reader()) != process_) return;
   focusChange_.request();
 }
 
@@ -95,42 +95,42 @@ void AtspiObserver::checkFocus() {
   if (!focusEvents_) return;
   tellFocus();
   tellFocusThatWasMute();
-  const bool isTold = !focused_.isNull() && !services_.context.focus.found(focused_.busName);
+  const bool isTold = !focused_.isNull() && services_.focus.isTold(focused_.busName);
   const bool isMissed = tellFocusThatWasMissed();
   const bool isSure = isTold && !isMissed && !isMute_;
   if (!isSure && nextFocusCheck_ < lastFocusCheckMicroseconds) checkFocusLater(nextFocusCheck_);
 }
 
 bool AtspiObserver::answers(const AtspiReference& element) const {
-  return element.isNull() || services_.context.reader().read(element, Ask::role).answered(Ask::role);
+  return element.isNull() || services_.session.reader().read(element, Ask::role).answered(Ask::role);
 }
 
 // GTK 4 tells of elements before they can be asked.
 void AtspiObserver::tellFocusThatWasMute() {
   if (!isMute_ || !answers(focused_)) return;
   isMute_ = false;
-  tell(services_.context.application(process_), focusChanged);
+  tell(services_.handles.application(process_), focusChanged);
 }
 
 // An application that starts may be too busy to say what has the focus. Whether answers were missed since it was asked.
 bool AtspiObserver::tellFocusThatWasMissed() {
-  auto& shared = services_.context.shared;
+  auto& shared = services_.session.shared;
   const auto timeOuts = shared.statistics.timeOuts.load();
   if (timeOuts == timeOuts_) return false;
   if (shared.resting.isResting(focused_.busName, std::chrono::steady_clock::now())) return true;
   timeOuts_ = timeOuts;
-  tell(services_.context.application(process_), focusChanged);
+  tell(services_.handles.application(process_), focusChanged);
   return true;
 }
 
 void AtspiObserver::tellFocus() {
   if (!focusEvents_) return;
-  const auto focused = focusedElementOf(services_.context, process_);
+  const auto focused = services_.focus.of(process_);
   if (focused_ == focused) return;
   focused_ = focused;
   isMute_ = !answers(focused_);
   if (isMute_) checkFocusLater(firstCheckOfMuteMicroseconds);
-  tell(services_.context.application(process_), focusChanged);
+  tell(services_.handles.application(process_), focusChanged);
 }
 
 void AtspiObserver::tell(const AXUIElement& element, std::string_view notification) {
@@ -139,7 +139,7 @@ void AtspiObserver::tell(const AXUIElement& element, std::string_view notificati
 
 void AtspiObserver::tellOf(const AtspiReference& element, std::string_view notification) {
   const bool isOfApplication = notification == focusChanged;
-  tell(isOfApplication ? services_.context.application(process_) : services_.context.element(element), notification);
+  tell(isOfApplication ? services_.handles.application(process_) : services_.handles.element(element), notification);
 }
 
 ElementWatch* AtspiObserver::watchOf(const AtspiReference& element) {
@@ -149,7 +149,7 @@ ElementWatch* AtspiObserver::watchOf(const AtspiReference& element) {
 
 ElementWatch& AtspiObserver::newWatch(const AtspiReference& element) {
   watches_.push_back(std::make_unique<ElementWatch>(
-      services_.context, services_.events, element,
+      services_.session, services_.events, element,
       [this, element](std::string_view notification) { tellOf(element, notification); }));
   return *watches_.back();
 }

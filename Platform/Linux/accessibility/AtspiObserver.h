@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "Platform/Accessibility.h"
+#include "Platform/Linux/accessibility/ElementHandles.h"
 #include "Platform/Linux/following/ElementWatch.h"
 #include "Platform/Linux/following/FocusEvents.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
@@ -15,7 +16,9 @@ namespace norra::linux_desktop {
 
 /// What observers share. Outlives them.
 struct ObserverServices {
-  AtspiContext& context;
+  AtspiSession& session;
+  Focus& focus;
+  const ElementHandles& handles;
   AtspiEvents& events;
   FocusEvents& focusEvents;
   /// Makes noteInput be called for what the user does, until it is let go.

@@ -58,7 +58,7 @@ void AtspiBus::noteIdentity(sd_bus* bus) {
   sd_id128_t identity{};
   if (sd_bus_get_bus_id(bus, &identity) < 0 || !isAnother(identity)) return;
   ++generation_;
-  forget_();
+  for (const auto& forget : forgetting_) forget();
 }
 
 bool AtspiBus::isAnother(const sd_id128_t& identity) {

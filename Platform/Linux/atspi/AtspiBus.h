@@ -8,6 +8,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "Platform/Linux/runtime/BusWaiting.h"
 
@@ -28,8 +29,9 @@ class AtspiBus {
 
   /// Of the bus that was reached last: one that was started anew gives the names of the former one to others.
   std::uint64_t generation() const { return generation_; }
-  /// Called before connect() gives the first connection to a bus that was started anew; on its thread.
-  void onNewGeneration(std::function<void()> forget) { forget_ = std::move(forget); }
+  /// Called, with all that were given before, before connect() gives the first connection to a bus that was started
+  /// anew; on its thread. To be given before the first connect().
+  void onNewGeneration(std::function<void()> forget) { forgetting_.push_back(std::move(forget)); }
 
   /// What was wrong when it was tried last; empty: nothing, or it was not tried yet.
   std::string problem();
@@ -41,7 +43,7 @@ class AtspiBus {
   bool isAnother(const sd_id128_t& identity);
 
   const std::optional<std::string> knownAddress_;
-  std::function<void()> forget_ = [] {};
+  std::vector<std::function<void()>> forgetting_;
   std::atomic<std::uint64_t> generation_ = 0;
 
   std::mutex mutex_;

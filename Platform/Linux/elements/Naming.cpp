@@ -161,7 +161,7 @@ AttributeResult titleElementOf(const ElementView& view) {
   if (isOwnPart(view, label)) return noValue();
   const auto named = view.other(label);
   if (view.application().showsWebPages() && isFieldOfPage(named)) return noValue();
-  return valueOf(view.context().element(label));
+  return elementNamed(label);
 }
 
 void keepNames(const ElementView& view) {

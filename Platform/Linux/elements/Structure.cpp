@@ -49,10 +49,8 @@ AtspiReference withoutPageTab(const ElementView& view, const AtspiReference& par
   return above.role() == AtspiRole::pageTab ? above.need(Ask::parent).parent : parent;
 }
 
-AXUIElement elementOrApplication(const ElementView& view, const AtspiReference& reference) {
-  auto& context = view.context();
-  if (!isRoot(reference)) return context.element(reference);
-  return context.application(context.processes.processOf(reference.busName, view.reader()));
+AttributeResult elementOrApplication(const AtspiReference& reference) {
+  return elementNamed(reference, {isRoot(reference) ? AtspiPart::Kind::application : AtspiPart::Kind::whole});
 }
 
 }  // namespace
@@ -66,7 +64,7 @@ AttributeResult parentOf(const ElementView& view) {
   noteRadioGroup(view, parent);
   const auto visible = withoutPageTab(view, parent);
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(visible);
-  return visible.isNull() ? noValue() : valueOf(elementOrApplication(view, visible));
+  return visible.isNull() ? noValue() : elementOrApplication(visible);
 }
 
 AtspiReference childAt(const ElementView& view, std::size_t index) {
@@ -103,10 +101,10 @@ AttributeResult childrenOf(const ElementView& view) {
   const auto count = view.needOnly(Ask::childCount).childCount;
   const bool hasMany = count > static_cast<std::int64_t>(mostChildrenAtOnce);
   const auto children = firstChildren(view, hasMany ? mostChildrenOfMany : mostChildrenAtOnce);
-  std::vector<AXUIElement> elements;
+  std::vector<ElementKey> elements;
   for (const auto& child : children) {
     if (elements.size() < childrenReadAhead) view.reader().expect(child, view.generalAsks());
-    elements.push_back(view.context().element(child));
+    elements.push_back({child});
   }
   return valueOf(std::move(elements));
 }
@@ -115,7 +113,7 @@ AttributeResult windowOf(const ElementView& view) {
   auto above = view.need(Ask::parent).parent;
   for (int i = 0; i < mostLevels && !above.isNull() && !isRoot(above); ++i) {
     const auto next = view.other(above);
-    if (mappedRole(next).role == "AXWindow") return valueOf(view.context().element(above));
+    if (mappedRole(next).role == "AXWindow") return elementNamed(above);
     above = next.need(Ask::parent).parent;
   }
   return noValue();

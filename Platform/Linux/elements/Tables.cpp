@@ -49,9 +49,9 @@ std::optional<CellPlace> placeOf(const ElementView& cell) {
   return CellPlace{row, column};
 }
 
-AttributeResult elementsOf(const ElementView& view, const std::vector<AtspiReference>& references) {
-  std::vector<AXUIElement> elements;
-  for (const auto& one : references) elements.push_back(view.context().element(one));
+AttributeResult elementsNamed(const std::vector<AtspiReference>& references) {
+  std::vector<ElementKey> elements;
+  for (const auto& one : references) elements.push_back({one});
   return valueOf(std::move(elements));
 }
 
@@ -92,7 +92,7 @@ bool isView(const ElementView& container) {
 
 // Qt's views do not say which of their items are selected, and its trees not even which rows.
 std::vector<AtspiReference> selectedItemsOfView(const ElementView& container) {
-  const auto noted = container.context().selectedItems.notedIn(container.reference());
+  const auto noted = container.application().selectedItems.notedIn(container.reference());
   std::vector<AtspiQuestion> questions;
   for (const auto& item : noted) questions.push_back({item, Asks{Ask::states, Ask::indexInParent}});
   auto& reader = container.reader();
@@ -114,8 +114,8 @@ std::vector<std::int32_t> rowsOf(const ElementView& container, const std::vector
 }
 
 AttributeResult partsOf(const ElementView& view, AtspiPart::Kind kind, const std::vector<std::int32_t>& indices) {
-  std::vector<AXUIElement> parts;
-  for (const auto index : indices) parts.push_back(view.context().element(view.reference(), {kind, index}));
+  std::vector<ElementKey> parts;
+  for (const auto index : indices) parts.push_back({view.reference(), {kind, index}});
   return valueOf(std::move(parts));
 }
 
@@ -126,7 +126,7 @@ AttributeResult childrenAtSelectedRows(const ElementView& list) {
     if (calls.size() >= mostSelected) break;
     calls.push_back({list.reference(), "org.a11y.atspi.Accessible", "GetChildAtIndex", {row}});
   }
-  return elementsOf(list, referencesIn(list.reader().exchange(calls)));
+  return elementsNamed(referencesIn(list.reader().exchange(calls)));
 }
 
 AttributeResult cellsOfRow(const ElementView& view, std::int32_t row) {
@@ -137,14 +137,14 @@ AttributeResult cellsOfRow(const ElementView& view, std::int32_t row) {
   }
   const auto cells = referencesIn(view.reader().exchange(calls));
   for (const auto& cell : cells) view.reader().expect(cell, view.generalAsks());
-  return elementsOf(view, cells);
+  return elementsNamed(cells);
 }
 
 AttributeResult headerOfColumn(const ElementView& view, std::int32_t column) {
   const auto reply = view.reader().call({view.reference(), table, "GetColumnHeader", {column}});
   const auto header = readReference(reply.message.get());
   if (!header || header->isNull()) return noValue();
-  return valueOf(view.context().element(*header));
+  return elementNamed(*header);
 }
 
 AttributeResult isRowSelected(const ElementView& view, std::int32_t row) {
@@ -172,11 +172,11 @@ AttributeResult columnAttribute(const ElementView& view, std::int32_t column, st
 
 }  // namespace
 
-std::optional<AXUIElement> madeUpRowOf(const ElementView& view) {
+std::optional<ElementKey> madeUpRowOf(const ElementView& view) {
   if (!liesRightBelowTable(view)) return std::nullopt;
   const auto place = placeOf(view);
   if (!place) return std::nullopt;
-  return view.context().element(view.need(Ask::parent).parent, {AtspiPart::Kind::row, place->row});
+  return ElementKey{view.need(Ask::parent).parent, {AtspiPart::Kind::row, place->row}};
 }
 
 AttributeResult columnsOf(const ElementView& view) {
@@ -200,7 +200,7 @@ AttributeResult rowIndexRangeOf(const ElementView& cell) {
 AttributeResult rowHeadersOf(const ElementView& cell) {
   if (!cell.has(AtspiInterface::tableCell)) return unsupported();
   const auto reply = cell.reader().call({cell.reference(), "org.a11y.atspi.TableCell", "GetRowHeaderCells", {}});
-  return elementsOf(cell, readReferences(reply.message.get()).value_or(std::vector<AtspiReference>{}));
+  return elementsNamed(readReferences(reply.message.get()).value_or(std::vector<AtspiReference>{}));
 }
 
 AttributeResult selectedRowsOf(const ElementView& view) {
@@ -212,24 +212,24 @@ AttributeResult selectedRowsOf(const ElementView& view) {
     return partsOf(view, AtspiPart::Kind::row, view.need(Ask::selectedRows).selectedRows);
   }
   if (!view.has(AtspiInterface::selection)) return unsupported();
-  return elementsOf(view, selectedOfRole(view, "AXRow"));
+  return elementsNamed(selectedOfRole(view, "AXRow"));
 }
 
 AttributeResult selectedCellsOf(const ElementView& view) {
   if (!isTableLike(view.role())) return unsupported();
-  if (isView(view)) return elementsOf(view, selectedItemsOfView(view));
+  if (isView(view)) return elementsNamed(selectedItemsOfView(view));
   if (!view.has(AtspiInterface::selection)) return unsupported();
-  return elementsOf(view, selectedOfRole(view, "AXCell"));
+  return elementsNamed(selectedOfRole(view, "AXCell"));
 }
 
 AttributeResult selectedChildrenOf(const ElementView& view) {
-  if (view.has(AtspiInterface::selection)) return elementsOf(view, selectedElements(view));
+  if (view.has(AtspiInterface::selection)) return elementsNamed(selectedElements(view));
   if (view.toolkit() == Toolkit::qt && view.has(AtspiInterface::table)) return childrenAtSelectedRows(view);
   return unsupported();
 }
 
 AttributeResult partAttribute(const ElementView& view, AtspiPart part, std::string_view attribute) {
-  if (attribute == "AXParent") return valueOf(view.context().element(view.reference()));
+  if (attribute == "AXParent") return elementNamed(view.reference());
   if (part.kind == AtspiPart::Kind::row) return rowAttribute(view, part.index, attribute);
   return columnAttribute(view, part.index, attribute);
 }

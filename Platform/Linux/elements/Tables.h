@@ -4,14 +4,13 @@
 #include <optional>
 
 #include "Platform/Linux/elements/AttributeContent.h"
-#include "Platform/Linux/reading/AtspiContext.h"
 
 namespace norra::linux_desktop {
 
 class ElementView;
 
 /// The row that a cell lies in, where its table has cells only; nothing for whatever else.
-std::optional<AXUIElement> madeUpRowOf(const ElementView& view);
+std::optional<ElementKey> madeUpRowOf(const ElementView& view);
 
 AttributeResult columnsOf(const ElementView& table);
 AttributeResult columnIndexRangeOf(const ElementView& cell);

@@ -17,9 +17,9 @@ constexpr std::uint64_t pauseAfterInputMicroseconds = 40'000;
 
 }  // namespace
 
-ElementWatch::ElementWatch(AtspiContext& context, AtspiEvents& events, AtspiReference element,
+ElementWatch::ElementWatch(AtspiSession& session, AtspiEvents& events, AtspiReference element,
                            std::function<void(std::string_view)> changed)
-    : context_(context),
+    : session_(session),
       events_(events),
       element_(std::move(element)),
       changed_(std::move(changed)),
@@ -45,7 +45,7 @@ void ElementWatch::unwant(std::string_view notification) {
 }
 
 void ElementWatch::listenToValue() {
-  const ElementView view(context_, context_.reader(), element_);
+  const ElementView view(session_.reader(), element_);
   keepNames(view);
   isSilent_ = changesSilently(view);
   wasHidden_ = hidesText(view);
@@ -59,7 +59,7 @@ void ElementWatch::listenToValue() {
 }
 
 void ElementWatch::listenToSelection() {
-  for (auto& kind : selectionEvents(ElementView(context_, context_.reader(), element_))) {
+  for (auto& kind : selectionEvents(ElementView(session_.reader(), element_))) {
     selectionEvents_.push_back(events_.subscribe(std::move(kind), [this](const AtspiEvent& event) {
       if (event.source == element_)
         isSelectionDue_ = true;
@@ -80,32 +80,32 @@ void ElementWatch::noteInput() {
 bool ElementWatch::isValueNew() {
   if (!isSilent_) return true;
   const auto before = fingerprint_;
-  fingerprint_ = valueFingerprint(ElementView(context_, context_.reader(), element_));
+  fingerprint_ = valueFingerprint(ElementView(session_.reader(), element_));
   return fingerprint_ != before;
 }
 
 // Items tell of themselves to whoever listens to their application.
 void ElementWatch::noteChangedItems() {
   const auto items = std::exchange(changedItems_, {});
-  auto& reader = context_.reader();
+  auto& reader = session_.reader();
   std::vector<AtspiQuestion> questions;
   for (const auto& item : items) questions.push_back({item, Ask::parent});
   reader.read(questions);
   for (const auto& item : items) {
     if (reader.known(item).parent != element_) continue;
-    context_.selectedItems.note(element_, item);
+    session_.applications.of(element_.busName)->selectedItems.note(element_, item);
     isSelectionDue_ = true;
   }
 }
 
 void ElementWatch::tellChanges() {
-  const bool isHidden = hidesText(ElementView(context_, context_.reader(), element_));
+  const bool isHidden = hidesText(ElementView(session_.reader(), element_));
   // What turns out to be a field with a hidden text has to be looked at anew before its text is.
   if (std::exchange(wasHidden_, isHidden) != isHidden) changed_(focusChanged);
   if (std::exchange(isValueDue_, false) && isValueNew()) tell(valueChanged);
   noteChangedItems();
   if (!std::exchange(isSelectionDue_, false)) return;
-  tell(selectionNotification(ElementView(context_, context_.reader(), element_)));
+  tell(selectionNotification(ElementView(session_.reader(), element_)));
 }
 
 void ElementWatch::tell(std::string_view notification) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "Platform/Linux/atspi/AtspiEvents.h"
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/reading/AtspiSession.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
 
 namespace norra::linux_desktop {
@@ -16,7 +16,7 @@ namespace norra::linux_desktop {
 class ElementWatch {
  public:
   /// `changed` is called, whenever a burst of events is over, with the name of each notification that is due.
-  ElementWatch(AtspiContext& context, AtspiEvents& events, AtspiReference element,
+  ElementWatch(AtspiSession& session, AtspiEvents& events, AtspiReference element,
                std::function<void(std::string_view notification)> changed);
   ElementWatch(const ElementWatch&) = delete;
   ElementWatch& operator=(const ElementWatch&) = delete;
@@ -44,7 +44,7 @@ class ElementWatch {
   bool isValueNew();
   void tell(std::string_view notification);
 
-  AtspiContext& context_;
+  AtspiSession& session_;
   AtspiEvents& events_;
   const AtspiReference element_;
   const std::function<void(std::string_view)> changed_;

@@ -7,17 +7,17 @@
 
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/following/MenuItems.h"
 #include "Platform/Linux/following/Waking.h"
-#include "Platform/Linux/reading/AtspiContext.h"
-#include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
 namespace {
 
+using std::chrono::steady_clock;
+
 constexpr std::size_t mostElementsSearched = 1200;
 constexpr std::size_t mostChildrenSearched = 40;
 constexpr int mostLevelsOfItems = 4;
-constexpr int mostLevelsOfMenus = 8;
 
 constexpr std::array items{AtspiRole::listItem, AtspiRole::tableCell, AtspiRole::tableRow,
                            AtspiRole::treeItem, AtspiRole::icon,      AtspiRole::tableRowHeader};
@@ -63,127 +63,128 @@ AtspiReference searchFocused(const ElementView& window) {
   return best;
 }
 
-// What an application told of holds until it tells of something else; what was found holds while it is so.
-bool isStillFocused(AtspiContext& context, const std::string& busName) {
-  const auto found = context.focus.found(busName);
-  if (!found) return true;
-  const auto& facts = context.reader().read(*found, Asks{Ask::role, Ask::states});
-  return isFocused(facts) && !mayOnlySaySo(facts);
-}
-
-AtspiReference rememberedFocus(AtspiContext& context, ProcessIdentifier process, AtspiReader& reader) {
-  for (const auto& name : context.processes.busNamesOf(process, reader)) {
-    auto focused = settleFocus(context, name);
-    if (!focused.isNull() && isStillFocused(context, name)) return focused;
-  }
-  return {};
-}
-
-bool saysPlaceOnScreen(const ElementView& view) { return view.toolkit() != Toolkit::gtk4; }
-
-Asks keptOf(const ElementView& item) {
-  const Asks kept{Ask::localizedRoleName};
-  return saysPlaceOnScreen(item) ? kept | Ask::extents : kept;
-}
-
-bool isPartOfMenu(AtspiRole role) { return roleDependsOnParent(role) || role == AtspiRole::popupMenu; }
-
-// The combo box whose list of options this is; null: it is none.
-AtspiReference comboBoxOfList(const ElementView& list) {
-  if (list.role() != AtspiRole::list) return {};
-  const auto parent = list.need(Ask::parent).parent;
-  return list.other(parent).role() == AtspiRole::comboBox ? parent : AtspiReference{};
-}
-
-// An option in the open list of a combo box.
-bool isOption(const ElementView& item) {
-  if (item.role() != AtspiRole::listItem) return false;
-  return !comboBoxOfList(item.other(item.need(Ask::parent).parent)).isNull();
-}
-
-void rememberHighlight(const ElementView& item) {
-  const auto comboBox = comboBoxOf(item);
-  const auto& facts = item.need(Ask::extents);
-  if (!facts.answered(Ask::extents) || mappedRole(item).role == "AXMenu") return;
-  item.context().highlightedItems.highlighted(item.reference(), facts.extents, comboBox,
-                                              std::chrono::steady_clock::now());
-}
-
 // The button in a combo box of GTK 3 is part of it.
 AtspiReference withoutOwnButton(const ElementView& button) {
   const auto parent = button.need(Ask::parent).parent;
   return button.other(parent).role() == AtspiRole::comboBox ? parent : button.reference();
 }
 
-}  // namespace
-
-bool isItemOfMenu(const ElementView& view) { return isPartOfMenu(view.role()) || isOption(view); }
-
-AtspiReference comboBoxOf(const ElementView& item) {
-  auto current = item.reference();
-  for (int level = 0; level < mostLevelsOfMenus && !current.isNull(); ++level) {
-    const auto view = item.other(current);
-    const auto parent = view.need(item.generalAsks() | (level == 0 ? keptOf(item) : Asks{})).parent;
-    view.reader().keep(current, AtspiReader::KeptFor::silenceAndEnd);
-    if (view.role() == AtspiRole::comboBox) return current;
-    const bool mayGoOn = isPartOfMenu(view.role()) || view.role() == AtspiRole::list || level == 0;
-    if (!mayGoOn) break;
-    current = parent;
+// The list, table or tree that an item lies in; null: it is no item of one.
+AtspiReference containerOf(const ElementView& item) {
+  if (!isOneOf(items, item.role())) return {};
+  auto above = item.need(Ask::parent).parent;
+  for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
+    const auto container = item.other(above);
+    if (isItemContainer(container.role())) return above;
+    above = container.need(Ask::parent).parent;
   }
   return {};
 }
 
-AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root) {
-  const ElementView view(context, context.reader(), root);
-  const auto children = shownChildren(view);
+// What is followed while the element has the focus.
+AtspiReference followedElement(const ElementView& focused) {
+  if (focused.role() == AtspiRole::toggleButton) return withoutOwnButton(focused);
+  auto container = containerOf(focused);
+  return container.isNull() ? focused.reference() : container;
+}
+
+void noteSelected(const ElementView& focused, const AtspiReference& followed) {
+  const bool isItem = isOneOf(items, focused.role()) && followed != focused.reference();
+  if (isItem) focused.application().selectedItems.note(followed, focused.reference());
+}
+
+}  // namespace
+
+AtspiReference activeWindowOf(const ElementView& root) {
+  const auto children = shownChildren(root);
   const auto found = std::ranges::find_if(
-      children, [&](const auto& child) { return hasState(view.reader().known(child).states, AtspiState::active); });
+      children, [&](const auto& child) { return hasState(root.reader().known(child).states, AtspiState::active); });
   return found != children.end() ? *found : AtspiReference{};
 }
 
-AtspiReference followedElement(const ElementView& focused) {
-  if (focused.role() == AtspiRole::toggleButton) return withoutOwnButton(focused);
-  if (!isOneOf(items, focused.role())) return focused.reference();
-  auto above = focused.need(Ask::parent).parent;
-  for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
-    const auto container = focused.other(above);
-    if (isItemContainer(container.role())) {
-      focused.context().selectedItems.note(above, focused.reference());
-      return above;
-    }
-    above = container.need(Ask::parent).parent;
-  }
-  return focused.reference();
+Focus::Focus(AtspiSession& session) : session_(session) {
+  session.shared.bus.onNewGeneration([this] { highlightedItems_.clear(); });
 }
 
-AtspiReference settleFocus(AtspiContext& context, const std::string& busName) {
-  if (const auto arrived = context.focus.takeArrival(busName)) {
-    const ElementView view(context, context.reader(), *arrived);
-    if (const auto comboBox = comboBoxOfList(view); !comboBox.isNull()) {
-      context.highlightedItems.wentToList(*arrived, comboBox, std::chrono::steady_clock::now());
-    } else if (isItemOfMenu(view)) {
-      if (saysPlaceOnScreen(view)) rememberHighlight(view);
-    } else {
-      context.focus.follow(followedElement(view));
-      // A page that has just been loaded or turned to.
-      if (view.role() == AtspiRole::documentWeb) wake(context, context.processes.processOf(busName, context.reader()));
-    }
-  }
-  return context.focus.followed(busName).value_or(AtspiReference{});
+void Focus::arrived(const AtspiReference& element) {
+  session_.applications.of(element.busName)->focus.noteArrival(element);
+  highlightedItems_.left(element.busName, steady_clock::now());
 }
 
-AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process) {
-  auto& reader = context.reader();
-  if (auto remembered = rememberedFocus(context, process, reader); !remembered.isNull()) return remembered;
-  const auto root = context.processes.rootOf(process, reader);
-  if (root.isNull()) return {};
-  const auto window = activeWindowOf(context, root);
-  if (window.isNull()) return {};
-  const auto found = searchFocused(ElementView(context, reader, window));
+AtspiReference Focus::settle(const std::string& busName) {
+  const auto application = session_.applications.find(busName);
+  if (!application) return {};
+  const auto arrived = application->focus.takeArrival();
+  if (!arrived.isNull()) look(ElementView(session_.reader(), arrived));
+  return application->focus.followed();
+}
+
+void Focus::look(const ElementView& arrived) {
+  if (const auto comboBox = comboBoxOfList(arrived); !comboBox.isNull()) {
+    highlightedItems_.wentToList(arrived.reference(), comboBox, steady_clock::now());
+  } else if (isItemOfMenu(arrived)) {
+    if (saysPlaceOnScreen(arrived)) rememberHighlight(arrived);
+  } else {
+    const auto followed = followedElement(arrived);
+    noteSelected(arrived, followed);
+    arrived.application().focus.follow(followed);
+    // A page that has just been loaded or turned to.
+    const auto& busName = arrived.reference().busName;
+    if (arrived.role() == AtspiRole::documentWeb)
+      wake(session_, session_.processes.processOf(busName, arrived.reader()));
+  }
+}
+
+void Focus::rememberHighlight(const ElementView& item) {
+  keepMenuOf(item);
+  const auto& facts = item.need(Ask::extents);
+  if (!facts.answered(Ask::extents) || mappedRole(item).role == "AXMenu") return;
+  highlightedItems_.highlighted(item.reference(), facts.extents, comboBoxOf(item), steady_clock::now());
+}
+
+// What an application told of holds until it tells of something else; what was found holds while it is so.
+bool Focus::isStillFocused(const AtspiReference& found) {
+  if (found.isNull()) return true;
+  const auto& facts = session_.reader().read(found, Asks{Ask::role, Ask::states});
+  return isFocused(facts) && !mayOnlySaySo(facts);
+}
+
+AtspiReference Focus::remembered(ProcessIdentifier process) {
+  for (const auto& name : session_.processes.busNamesOf(process, session_.reader())) {
+    auto focused = settle(name);
+    if (!focused.isNull() && isStillFocused(session_.applications.of(name)->focus.found())) return focused;
+  }
+  return {};
+}
+
+AtspiReference Focus::of(ProcessIdentifier process) {
+  auto focused = remembered(process);
+  return focused.isNull() ? search(process) : focused;
+}
+
+AtspiReference Focus::search(ProcessIdentifier process) {
+  auto& reader = session_.reader();
+  const auto root = session_.processes.rootOf(process, reader);
+  const auto window = root.isNull() ? root : activeWindowOf(ElementView(reader, root));
+  const auto found = window.isNull() ? window : searchFocused(ElementView(reader, window));
   if (found.isNull()) return {};
-  auto followed = followedElement(ElementView(context, reader, found));
-  context.focus.followFound(followed, found);
+  const ElementView view(reader, found);
+  auto followed = followedElement(view);
+  noteSelected(view, followed);
+  view.application().focus.followFound(followed, found);
   return followed;
+}
+
+bool Focus::isTold(const std::string& busName) const {
+  const auto application = session_.applications.find(busName);
+  return !application || application->focus.found().isNull();
+}
+
+bool Focus::isSecret(ProcessIdentifier process) {
+  return std::ranges::any_of(session_.processes.busNamesOf(process, session_.reader()), [this](const auto& name) {
+    const auto application = session_.applications.find(name);
+    return application && application->wasPassword(application->focus.followed().path);
+  });
 }
 
 }  // namespace norra::linux_desktop

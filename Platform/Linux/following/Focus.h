@@ -1,33 +1,50 @@
 // Which element has the keyboard focus.
 #pragma once
 
-#include "Platform/Accessibility.h"
-#include "Platform/Linux/atspi/AtspiReference.h"
+#include <string>
+
+#include "Platform/Linux/following/HighlightedItems.h"
+#include "Platform/Linux/reading/AtspiSession.h"
+#include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
 
-class AtspiContext;
-class ElementView;
+/// Any thread. What is told by events is looked at later: when a burst of them is over, or somebody asks.
+class Focus {
+ public:
+  /// `session` must outlive this.
+  explicit Focus(AtspiSession& session);
 
-/// The element of a process that has the focus, as its events told, else as a bounded search finds it; null: none. In
-/// lists, tables and trees it is the container.
-AtspiReference focusedElementOf(AtspiContext& context, ProcessIdentifier process);
+  /// An event told that the element has the focus. Reads nothing.
+  void arrived(const AtspiReference& element);
+  /// Looks at the element that events of an application told of last, if that was not done yet, and gives the one that
+  /// is followed now; null: none is known. An item of a menu, or of the list of a combo box, is remembered as such and
+  /// not followed.
+  AtspiReference settle(const std::string& busName);
 
-/// Looks at the element that events of an application told of last, if that was not done yet, and gives the one that is
-/// followed now; null: none is known. An item of a menu, or of the list of a combo box, is remembered as such and not
-/// followed.
-AtspiReference settleFocus(AtspiContext& context, const std::string& busName);
+  /// The element of a process that has the focus, as its events told, else as a bounded search finds it; null: none. In
+  /// lists, tables and trees it is the container.
+  AtspiReference of(ProcessIdentifier process);
 
-/// Whether the element is an item of a menu, or of the open list of a combo box.
-bool isItemOfMenu(const ElementView& view);
-/// The combo box that the item of a menu belongs to; null: none. Reads the item and the menus above it, which stays
-/// readable when they have gone.
-AtspiReference comboBoxOf(const ElementView& item);
+  /// Whether the element that is followed was told of, not found.
+  bool isTold(const std::string& busName) const;
+  /// Whether the element of the process that is followed is known to be a field with a hidden text. Reads no element.
+  bool isSecret(ProcessIdentifier process);
+
+  HighlightedItems& highlightedItems() { return highlightedItems_; }
+
+ private:
+  AtspiReference remembered(ProcessIdentifier process);
+  bool isStillFocused(const AtspiReference& found);
+  void look(const ElementView& arrived);
+  void rememberHighlight(const ElementView& item);
+  AtspiReference search(ProcessIdentifier process);
+
+  AtspiSession& session_;
+  HighlightedItems highlightedItems_;
+};
 
 /// The top-level of an application that is active; null: none.
-AtspiReference activeWindowOf(AtspiContext& context, const AtspiReference& root);
-
-/// The list, table or tree that an item lies in, if it is an item of one; else the element itself.
-AtspiReference followedElement(const ElementView& focused);
+AtspiReference activeWindowOf(const ElementView& root);
 
 }  // namespace norra::linux_desktop

@@ -2,8 +2,6 @@
 
 #include <utility>
 
-#include "Platform/Linux/following/Focus.h"
-
 namespace norra::linux_desktop {
 
 class FocusEvents::Handle final : public Registration {
@@ -19,11 +17,11 @@ class FocusEvents::Handle final : public Registration {
   const std::list<Listener>::iterator listener_;
 };
 
-FocusEvents::FocusEvents(AtspiContext& context, AtspiEvents& events)
-    : context_(context), events_(events), settling_(events.loop(), [this] { settleArrivals(); }) {}
+FocusEvents::FocusEvents(Focus& focus, AtspiEvents& events)
+    : focus_(focus), events_(events), settling_(events.loop(), [this] { settleArrivals(); }) {}
 
 void FocusEvents::settleArrivals() {
-  for (const auto& name : std::exchange(unsettled_, {})) settleFocus(context_, name);
+  for (const auto& name : std::exchange(unsettled_, {})) focus_.settle(name);
 }
 
 std::unique_ptr<Registration> FocusEvents::listen(Listener listener) {
@@ -40,8 +38,7 @@ void FocusEvents::arrived(const AtspiEvent& event) {
   unsettled_.insert(event.source.busName);
   settling_.request();
   for (const auto& listener : listeners_) listener(event.source);
-  context_.focus.noteArrival(event.source);
-  context_.highlightedItems.left(event.source.busName, std::chrono::steady_clock::now());
+  focus_.arrived(event.source);
 }
 
 }  // namespace norra::linux_desktop

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "Platform/Linux/atspi/AtspiEvents.h"
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/following/Focus.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
 
 namespace norra::linux_desktop {
@@ -18,10 +18,10 @@ class FocusEvents {
   using Listener = std::function<void(const AtspiReference& element)>;
 
   /// Both must outlive this.
-  FocusEvents(AtspiContext& context, AtspiEvents& events);
+  FocusEvents(Focus& focus, AtspiEvents& events);
 
   /// Tells of every element of any application that gets the focus, as its toolkit says it: several times perhaps.
-  /// Right after, when the burst is over, the element is looked at for the context's memory. Until the result, which
+  /// Right after, when the burst is over, the element is looked at. Until the result, which
   /// must not outlive this, is let go.
   [[nodiscard]] std::unique_ptr<Registration> listen(Listener listener);
 
@@ -30,7 +30,7 @@ class FocusEvents {
   void arrived(const AtspiEvent& event);
   void settleArrivals();
 
-  AtspiContext& context_;
+  Focus& focus_;
   AtspiEvents& events_;
   std::list<Listener> listeners_;
   std::set<std::string> unsettled_;  // bus names

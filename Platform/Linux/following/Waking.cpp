@@ -1,6 +1,7 @@
 #include "Platform/Linux/following/Waking.h"
 
 #include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/reading/AtspiSession.h"
 #include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
@@ -15,11 +16,11 @@ AtspiCall hitTestInTheMiddle(const AtspiReference& element, const AtspiRectangle
 
 }  // namespace
 
-void wake(AtspiContext& context, ProcessIdentifier process) {
-  auto& reader = context.reader();
-  const auto root = context.processes.rootOf(process, reader);
+void wake(AtspiSession& session, ProcessIdentifier process) {
+  auto& reader = session.reader();
+  const auto root = session.processes.rootOf(process, reader);
   if (root.isNull()) return;
-  const ElementView view(context, reader, root);
+  const ElementView view(reader, root);
   if (!view.application().showsWebPages()) return;
   const auto windows = fewChildren(view);
   std::vector<AtspiQuestion> questions;

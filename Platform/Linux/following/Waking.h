@@ -5,10 +5,10 @@
 
 namespace norra::linux_desktop {
 
-class AtspiContext;
+class AtspiSession;
 
 /// Asks the windows of an application what makes it show its contents. To be repeated when the application is followed
 /// again, since it may have stopped, and when it shows another page.
-void wake(AtspiContext& context, ProcessIdentifier process);
+void wake(AtspiSession& session, ProcessIdentifier process);
 
 }  // namespace norra::linux_desktop

@@ -136,15 +136,12 @@ AtspiReference withoutDropDownsButton(const ElementView& topLevel, const AtspiRe
   return found;
 }
 
-}  // namespace
-
-AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return ask(view, point, 0, Ask::role); }
-
-AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point) {
+// Level by level; pages of notebooks, whose own hit test stops at their tabs, by extents.
+AtspiReference hitTestGtk3(const ElementView& topLevel, const PointedAt& at) {
   auto& reader = topLevel.reader();
   auto current = topLevel.reference();
   for (int level = 0; level < mostLevels; ++level) {
-    const auto step = stepGtk3(topLevel.other(current), point, level == 0);
+    const auto step = stepGtk3(topLevel.other(current), at.point, level == 0);
     if (step.next.isNull() || step.next == current) break;
     // The menu in a window of its own belongs to the combo box or the menu that opened it.
     const bool isParentSure = level > 0 || static_cast<AtspiRole>(reader.known(current).role) != AtspiRole::window;
@@ -155,12 +152,14 @@ AtspiReference hitTestGtk3(const ElementView& topLevel, CGPoint point) {
   return current;
 }
 
-AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window) {
+// In coordinates of the window, since it knows no others; a popover has its place in that of the window it belongs to.
+AtspiReference hitTestGtk4(const ElementView& topLevel, const PointedAt& at) {
+  const auto& window = at.window;
   const bool saysShadow = window.shadow != ShadowExtents{};
   const auto place = saysShadow ? AtspiRectangle{} : topLevel.needOnly({Ask::windowExtents, Ask::role}).windowExtents;
   const auto left = saysShadow ? window.shadow.left : (window.client.width - place.width) / 2;
   const auto top = saysShadow ? window.shadow.top : (window.client.height - place.height) / 2;
-  const CGPoint inside{point.x - window.client.x - left + place.x, point.y - window.client.y - top + place.y};
+  const CGPoint inside{at.point.x - window.client.x - left + place.x, at.point.y - window.client.y - top + place.y};
   // It finds nothing in popovers.
   const auto answer = window.overrideRedirect ? AtspiReference{} : ask(topLevel, inside, 1, Ask::role);
   const auto hit = answer.isNull() ? topLevel : topLevel.other(answer);
@@ -169,16 +168,10 @@ AtspiReference hitTestGtk4(const ElementView& topLevel, CGPoint point, const Win
   return withoutDropDownsButton(topLevel, deepestByPlace(hit, inside, Coordinates::ofWindow));
 }
 
-AtspiReference hitTestQt(const ElementView& topLevel, CGPoint point) {
-  const auto answer = toolkitsAnswer(topLevel, point);
+// The deepest element comes at once.
+AtspiReference hitTestQt(const ElementView& topLevel, const PointedAt& at) {
+  const auto answer = toolkitsAnswer(topLevel, at.point);
   return answer.isNull() ? topLevel.reference() : answer;
-}
-
-AtspiReference hitTestWeb(const ElementView& topLevel, CGPoint point) {
-  const bool wasAskedAtPress = !topLevel.context().pressed.at(point).isNull();
-  if (!wasAskedAtPress) toolkitsAnswer(topLevel, point);
-  const auto answer = toolkitsAnswer(topLevel, point);
-  return answer.isNull() ? topLevel.reference() : withoutHiddenOption(topLevel, answer);
 }
 
 // A closed select answers with an option that is not on the screen.
@@ -193,6 +186,43 @@ AtspiReference withoutHiddenOption(const ElementView& topLevel, AtspiReference a
     answer = parent;
   }
   return answer;
+}
+
+// The first answer may be of the place that was asked for before.
+AtspiReference hitTestWeb(const ElementView& topLevel, const PointedAt& at) {
+  if (at.pressed.isNull()) toolkitsAnswer(topLevel, at.point);
+  const auto answer = toolkitsAnswer(topLevel, at.point);
+  return answer.isNull() ? topLevel.reference() : withoutHiddenOption(topLevel, answer);
+}
+
+bool isAt(const ElementView& view, CGPoint point) {
+  return !view.reference().isNull() && contains(view.needOnly(Ask::extents).extents, point);
+}
+
+// While a list is open, Gecko finds nothing in the window below it. The element that opened it was pressed, and has the
+// keyboard focus.
+AtspiReference hitTestGecko(const ElementView& topLevel, const PointedAt& at) {
+  auto found = hitTestWeb(topLevel, at);
+  if (found != topLevel.reference()) return found;
+  if (!at.pressed.isNull()) return withoutHiddenOption(topLevel, at.pressed);
+  const auto focused = at.focused();
+  return isAt(topLevel.other(focused), at.point) ? focused : found;
+}
+
+}  // namespace
+
+AtspiReference toolkitsAnswer(const ElementView& view, CGPoint point) { return ask(view, point, 0, Ask::role); }
+
+AtspiReference hitTest(const ElementView& topLevel, const PointedAt& at) {
+  switch (topLevel.toolkit()) {
+    case Toolkit::gtk3: return hitTestGtk3(topLevel, at);
+    case Toolkit::gtk4: return hitTestGtk4(topLevel, at);
+    case Toolkit::chromium: return hitTestWeb(topLevel, at);
+    case Toolkit::gecko: return hitTestGecko(topLevel, at);
+    case Toolkit::qt:
+    case Toolkit::other: return hitTestQt(topLevel, at);
+  }
+  return {};
 }
 
 }  // namespace norra::linux_desktop

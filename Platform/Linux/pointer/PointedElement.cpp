@@ -3,13 +3,17 @@
 #include <algorithm>
 #include <cmath>
 
-#include "Platform/Linux/following/Focus.h"
+#include "Platform/Linux/following/MenuItems.h"
 #include "Platform/Linux/pointer/HitTestByToolkit.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/runtime/PlatformLogger.h"
 
 namespace norra::linux_desktop {
 namespace {
+
+using std::chrono::steady_clock;
+
+constexpr std::size_t mostMissing = 256;
 
 // GTK 4 does not say where its windows are, only how large.
 double distance(const AtspiRectangle& place, const ScreenRectangle& window, Coordinates coordinates) {
@@ -45,58 +49,12 @@ AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window)
   return best && mayBe(window, bestDistance) ? best->reference : AtspiReference{};
 }
 
-bool isAt(const ElementView& view, CGPoint point) {
-  return !view.reference().isNull() && contains(view.needOnly(Ask::extents).extents, point);
-}
-
-// While a list is open, Gecko finds nothing in the window below it. The element that opened it was pressed, and has the
-// keyboard focus.
-AtspiReference hitTestGecko(const ElementView& topLevel, CGPoint point) {
-  auto found = hitTestWeb(topLevel, point);
-  if (found != topLevel.reference()) return found;
-  auto& context = topLevel.context();
-  const auto pressed = context.pressed.at(point);
-  if (!pressed.isNull()) return withoutHiddenOption(topLevel, pressed);
-  const auto focused = settleFocus(context, found.busName);
-  return isAt(topLevel.other(focused), point) ? focused : found;
-}
-
-AtspiReference hitTest(const ElementView& topLevel, CGPoint point, const WindowOnScreen& window) {
-  switch (topLevel.toolkit()) {
-    case Toolkit::gtk3: return hitTestGtk3(topLevel, point);
-    case Toolkit::gtk4: return hitTestGtk4(topLevel, point, window);
-    case Toolkit::chromium: return hitTestWeb(topLevel, point);
-    case Toolkit::gecko: return hitTestGecko(topLevel, point);
-    case Toolkit::qt:
-    case Toolkit::other: return hitTestQt(topLevel, point);
-  }
-  return {};
-}
-
-// The list of a combo box opens under the pointer, on the item that is chosen. Until an item of it is highlighted, the
-// click that opened it is not over.
-AtspiReference comboBoxThatOpens(AtspiContext& context, const AtspiReference& hit) {
-  const ElementView view(context, context.reader(), hit);
-  if (!isItemOfMenu(view)) return hit;
-  const auto comboBox = comboBoxOf(view);
-  if (comboBox.isNull()) return hit;
-  return context.highlightedItems.isOpen(comboBox, std::chrono::steady_clock::now()) ? hit : comboBox;
-}
-
-AtspiReference hitTestBelow(AtspiContext& context, const AtspiReference& topLevel, CGPoint point,
-                            const WindowOnScreen& window) {
-  auto& reader = context.reader();
-  const auto hit = hitTest(ElementView(context, reader, topLevel), point, window);
-  reader.notePath(hit);
-  return comboBoxThatOpens(context, hit);
-}
-
 // A popover of GTK 4 is a window of its own, while its accessible lies below that of the widget that opened it. The
 // keyboard focus went into it.
 AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
   AtspiReference best;
   double bestDistance = mostDistanceOfPopover;
-  auto current = root.context().focus.lastArrival(root.reference().busName);
+  auto current = root.application().focus.lastArrival();
   for (int level = 0; level < mostLevelsOfPopover && !current.isNull(); ++level) {
     const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
     if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
@@ -118,81 +76,120 @@ AtspiReference windowOrPopover(const ElementView& root, const WindowOnScreen& wi
   return isPopover(window, root.toolkit()) ? popoverOf(root, window) : topLevelOf(root, window);
 }
 
-AtspiReference findTopLevel(AtspiContext& context, const WindowOnScreen& window) {
-  auto& reader = context.reader();
-  const auto root = context.processes.rootOf(window.process, reader);
+}  // namespace
+
+PointedElement::PointedElement(AtspiSession& session, Focus& focus, WindowsOnScreen& windows)
+    : session_(session), focus_(focus), windows_(windows) {
+  session.shared.bus.onNewGeneration([this] {
+    topLevels_.clear();
+    pressed_.forget();
+  });
+}
+
+PointedAt PointedElement::pointedAt(CGPoint point, const WindowOnScreen& window, const std::string& busName) {
+  return {point, window, pressed_.at(point), [this, busName] { return focus_.settle(busName); }};
+}
+
+// The list of a combo box opens under the pointer, on the item that is chosen. Until an item of it is highlighted, the
+// click that opened it is not over.
+AtspiReference PointedElement::comboBoxThatOpens(const AtspiReference& hit) {
+  const auto item = view(hit);
+  if (!isItemOfMenu(item)) return hit;
+  keepMenuOf(item);
+  auto comboBox = comboBoxOf(item);
+  if (comboBox.isNull()) return hit;
+  return focus_.highlightedItems().isOpen(comboBox, steady_clock::now()) ? hit : comboBox;
+}
+
+AtspiReference PointedElement::hitTestBelow(const AtspiReference& topLevel, CGPoint point,
+                                            const WindowOnScreen& window) {
+  const auto hit = hitTest(view(topLevel), pointedAt(point, window, topLevel.busName));
+  session_.reader().notePath(hit);
+  return comboBoxThatOpens(hit);
+}
+
+AtspiReference PointedElement::findTopLevel(const WindowOnScreen& window) {
+  const auto root = session_.processes.rootOf(window.process, session_.reader());
   if (root.isNull()) return {};
-  auto topLevel = windowOrPopover(ElementView(context, reader, root), window);
-  if (!topLevel.isNull()) context.topLevels.note(window, topLevel);
+  auto topLevel = windowOrPopover(view(root), window);
+  if (!topLevel.isNull()) topLevels_.note(window, topLevel);
   return topLevel;
 }
 
 // The list of a select in a page has no accessible of its own, and nothing in it is highlighted below the pointer. What
 // the option says now is what it is called when it has gone.
-AtspiReference optionAt(AtspiContext& context, std::string_view busName, CGPoint point) {
-  const auto highlighted = context.highlightedItems.highlightedIn(busName);
+AtspiReference PointedElement::optionAt(const std::string& busName, CGPoint point) {
+  const auto highlighted = focus_.highlightedItems().highlightedIn(busName);
   if (highlighted.isNull()) return {};
-  const ElementView item(context, context.reader(), highlighted);
+  const auto item = view(highlighted);
   auto option = childAtHeight(item.other(item.need(Ask::parent).parent), point);
   if (option.isNull() || !item.other(option).hasState(AtspiState::showing)) return {};
-  comboBoxOf(item.other(option));
+  keepMenuOf(item.other(option));
   return option;
 }
 
-AtspiReference elementIn(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
-  auto pressed = window.overrideRedirect ? context.pressed.at(point) : AtspiReference{};
+AtspiReference PointedElement::elementIn(const WindowOnScreen& window, CGPoint point) {
+  auto& reader = session_.reader();
+  auto pressed = window.overrideRedirect ? pressed_.at(point) : AtspiReference{};
   if (!pressed.isNull()) return pressed;
-  const auto known = context.topLevels.find(window);
+  const auto known = topLevels_.find(window);
   if (!known.isNull()) {
-    auto hit = hitTestBelow(context, known, point, window);
-    if (context.reader().read(known, Ask::role).answered(Ask::role)) return hit;
-    context.topLevels.forget(window);
+    auto hit = hitTestBelow(known, point, window);
+    if (reader.read(known, Ask::role).answered(Ask::role)) return hit;
+    topLevels_.forget(window);
   }
-  const auto topLevel = findTopLevel(context, window);
-  if (!topLevel.isNull()) return hitTestBelow(context, topLevel, point, window);
+  const auto topLevel = findTopLevel(window);
+  if (!topLevel.isNull()) return hitTestBelow(topLevel, point, window);
   // An application that has just opened a menu may still tell which item of it is highlighted.
-  if (window.overrideRedirect) return context.processes.rootOf(window.process, context.reader());
-  if (context.processes.busNamesOf(window.process, context.reader()).empty()) context.noteMissing(window);
+  if (window.overrideRedirect) return session_.processes.rootOf(window.process, reader);
+  if (session_.processes.busNamesOf(window.process, reader).empty()) noteMissing(window);
   return {};
 }
 
-AtspiReference pressedInBrowser(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
-  auto topLevel = context.topLevels.find(window);
-  if (topLevel.isNull()) topLevel = findTopLevel(context, window);
-  return topLevel.isNull() ? AtspiReference{} : toolkitsAnswer({context, context.reader(), topLevel}, point);
+AtspiReference PointedElement::pressedInBrowser(const WindowOnScreen& window, CGPoint point) {
+  auto topLevel = topLevels_.find(window);
+  if (topLevel.isNull()) topLevel = findTopLevel(window);
+  return topLevel.isNull() ? AtspiReference{} : toolkitsAnswer(view(topLevel), point);
 }
 
 // Null without a call for applications that need not be asked.
-AtspiReference pressedElement(AtspiContext& context, const WindowOnScreen& window, CGPoint point) {
-  for (const auto& name : context.processes.busNamesOf(window.process, context.reader())) {
-    const auto application = context.applications.find(name);
-    if (!application) continue;
-    if (isPopover(window, application->toolkit)) return elementIn(context, window, point);
+AtspiReference PointedElement::pressedElement(const WindowOnScreen& window, CGPoint point) {
+  for (const auto& name : session_.processes.busNamesOf(window.process, session_.reader())) {
+    const auto application = session_.applications.find(name);
+    if (!application || !application->isMet()) continue;
+    if (isPopover(window, application->toolkit())) return elementIn(window, point);
     if (!application->showsWebPages()) continue;
-    return window.overrideRedirect ? optionAt(context, name, point) : pressedInBrowser(context, window, point);
+    return window.overrideRedirect ? optionAt(name, point) : pressedInBrowser(window, point);
   }
   return {};
 }
 
-}  // namespace
-
-void notePress(AtspiContext& context, std::optional<CGPoint> place) {
-  context.pressed.forget();
-  const auto window = place ? context.windows.topLevelWindowAt(*place) : std::nullopt;
+void PointedElement::notePress(std::optional<CGPoint> place) {
+  pressed_.forget();
+  const auto window = place ? windows_.topLevelWindowAt(*place) : std::nullopt;
   if (!window || window->process == 0) return;
-  const auto pressed = pressedElement(context, *window, *place);
-  if (context.topLevels.find(*window) != pressed) context.pressed.note(*place, pressed);
+  const auto pressed = pressedElement(*window, *place);
+  if (topLevels_.find(*window) != pressed) pressed_.note(*place, pressed);
 }
 
-AtspiReference elementAt(AtspiContext& context, CGPoint point) {
-  auto found = context.highlightedItems.clicked(point, std::chrono::steady_clock::now());
+AtspiReference PointedElement::at(CGPoint point) {
+  auto found = focus_.highlightedItems().clicked(point, steady_clock::now());
   if (found.isNull()) {
-    const auto window = context.windows.topLevelWindowAt(point);
+    const auto window = windows_.topLevelWindowAt(point);
     if (!window || window->process == 0) return {};
-    found = elementIn(context, *window, point);
+    found = elementIn(*window, point);
   }
-  context.reader().notePath(found);
+  session_.reader().notePath(found);
   return found;
+}
+
+// Its elements cannot be read, which is logged once for each process.
+void PointedElement::noteMissing(const WindowOnScreen& window) {
+  const std::lock_guard lock(mutex_);
+  if (missing_.size() >= mostMissing || !missing_.insert(window.process).second) return;
+  platformLogger().info("The application of window '" + window.title + "' (process " + std::to_string(window.process) +
+                        ") is not on the accessibility bus: its elements cannot be read. If it supports "
+                        "accessibility, start it again");
 }
 
 }  // namespace norra::linux_desktop

@@ -19,6 +19,11 @@ Toolkit toolkitNamed(std::string_view name, std::string_view version) {
   return Toolkit::other;
 }
 
+void AtspiApplication::noteToolkit(Toolkit toolkit, bool isItsOwnWord) {
+  toolkit_ = toolkit;
+  isMet_ = isItsOwnWord;
+}
+
 std::string AtspiApplication::roleName(std::uint32_t role) const {
   const std::lock_guard lock(mutex_);
   const auto found = roleNames_.find(role);
@@ -43,18 +48,20 @@ void AtspiApplication::notePassword(const std::string& path) {
   passwords_.insert(path);
 }
 
+std::shared_ptr<AtspiApplication> AtspiApplications::of(const std::string& busName) {
+  const std::lock_guard lock(mutex_);
+  auto& application = applications_[busName];
+  if (!application) application = std::make_shared<AtspiApplication>();
+  return application;
+}
+
 std::shared_ptr<AtspiApplication> AtspiApplications::find(std::string_view busName) const {
   const std::lock_guard lock(mutex_);
   const auto found = applications_.find(busName);
   return found == applications_.end() ? nullptr : found->second;
 }
 
-void AtspiApplications::add(std::string busName, std::shared_ptr<AtspiApplication> application) {
-  const std::lock_guard lock(mutex_);
-  applications_.insert_or_assign(std::move(busName), std::move(application));
-}
-
-void AtspiApplications::remove(std::string_view busName) {
+void AtspiApplications::forget(std::string_view busName) {
   const std::lock_guard lock(mutex_);
   const auto found = applications_.find(busName);
   if (found != applications_.end()) applications_.erase(found);

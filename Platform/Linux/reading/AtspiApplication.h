@@ -10,6 +10,8 @@
 #include <unordered_set>
 
 #include "Platform/Linux/reading/AtspiFacts.h"
+#include "Platform/Linux/reading/FocusMemory.h"
+#include "Platform/Linux/reading/SelectedItems.h"
 
 namespace norra::linux_desktop {
 
@@ -19,10 +21,15 @@ enum class Toolkit : std::uint8_t { other, gtk3, gtk4, qt, chromium, gecko };
 /// By what an application says of itself.
 Toolkit toolkitNamed(std::string_view name, std::string_view version);
 
-struct AtspiApplication {
-  explicit AtspiApplication(Toolkit madeWith) : toolkit(madeWith) {}
+/// All that is known of one application. Any thread.
+class AtspiApplication {
+ public:
+  /// What it was made with, as far as it is known.
+  Toolkit toolkit() const { return toolkit_; }
+  /// Whether it has said so itself.
+  bool isMet() const { return isMet_; }
+  void noteToolkit(Toolkit toolkit, bool isItsOwnWord);
 
-  const Toolkit toolkit;
   /// Whether a question is of no use here, because one element of this application does not know it and none will.
   bool isUnknown(Ask ask) const { return Asks::fromBits(unknown_).has(ask); }
   void noteUnknown(Ask ask) { unknown_ |= Asks(ask).bits(); }
@@ -36,13 +43,16 @@ struct AtspiApplication {
   void notePassword(const std::string& path);
 
   /// Whether a role is called the same on every element, so that its name can be remembered.
-  bool hasOneNameForEachRole() const {
-    return toolkit == Toolkit::gtk3 || toolkit == Toolkit::chromium || toolkit == Toolkit::gecko;
-  }
+  bool hasOneNameForEachRole() const { return toolkit() == Toolkit::gtk3 || showsWebPages(); }
   /// Whether its accessibles are, or may be, those of web pages.
-  bool showsWebPages() const { return toolkit == Toolkit::chromium || toolkit == Toolkit::gecko; }
+  bool showsWebPages() const { return toolkit() == Toolkit::chromium || toolkit() == Toolkit::gecko; }
+
+  FocusMemory focus;
+  SelectedItems selectedItems;
 
  private:
+  std::atomic<Toolkit> toolkit_ = Toolkit::other;
+  std::atomic<bool> isMet_ = false;
   std::atomic<std::uint32_t> unknown_ = 0;
   mutable std::mutex mutex_;
   // guarded by mutex_
@@ -53,10 +63,11 @@ struct AtspiApplication {
 /// Any thread.
 class AtspiApplications {
  public:
-  /// Null: not met yet.
+  /// Made at the first time. Never null.
+  std::shared_ptr<AtspiApplication> of(const std::string& busName);
+  /// Null: nothing is known of it.
   std::shared_ptr<AtspiApplication> find(std::string_view busName) const;
-  void add(std::string busName, std::shared_ptr<AtspiApplication> application);
-  void remove(std::string_view busName);
+  void forget(std::string_view busName);
   void clear();
 
  private:

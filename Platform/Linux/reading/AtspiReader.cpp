@@ -139,16 +139,16 @@ AtspiReply AtspiReader::call(AtspiCall call) {
 }
 
 std::shared_ptr<AtspiApplication> AtspiReader::application(const AtspiReference& element) {
-  if (auto known = applications_.find(element.busName)) return known;
+  auto application = applications_.of(element.busName);
+  if (application->isMet()) return application;
   const AtspiReference root{element.busName, AtspiReference::rootPath};
   const std::array<AtspiCall, 2> calls{propertyCall(root, "org.a11y.atspi.Application", "ToolkitName"),
                                        propertyCall(root, "org.a11y.atspi.Application", "Version")};
   const auto replies = exchange(calls);
   const auto toolkit =
       toolkitNamed(readText(replies[0].message.get()).value_or(""), readText(replies[1].message.get()).value_or(""));
-  auto application =
-      std::make_shared<AtspiApplication>(toolkit == Toolkit::other ? toolkitOfPath(element.path) : toolkit);
-  if (replies[0].error != axError::cannotComplete) applications_.add(element.busName, application);
+  application->noteToolkit(toolkit == Toolkit::other ? toolkitOfPath(element.path) : toolkit,
+                           replies[0].error != axError::cannotComplete);
   return application;
 }
 

@@ -16,6 +16,9 @@
 
 namespace norra::linux_desktop {
 
+/// What is known of elements; a value that one reader may take over from another.
+using AtspiFactsByElement = std::unordered_map<AtspiReference, AtspiFacts, AtspiReferenceHash>;
+
 /// An element and what is asked of it.
 struct AtspiQuestion {
   AtspiReference element;
@@ -43,6 +46,9 @@ class AtspiReader {
   std::vector<AtspiReply> read(std::span<const AtspiQuestion> questions, std::vector<AtspiCall> calls = {});
   /// What is known already.
   const AtspiFacts& known(const AtspiReference& element) { return facts_[element]; }
+  const AtspiFactsByElement& allKnown() const { return facts_; }
+  /// Goes on, in this event, from what another reader has read; what this one knows of an element already stands.
+  void takeOver(AtspiFactsByElement facts) { facts_.merge(facts); }
   /// Will be asked together with the next question that has to be asked; nothing is asked for it alone.
   void expect(const AtspiReference& element, Asks asks) { expected_.push_back({element, asks}); }
   /// States the parent of an element, as learnt on the way down to it.
@@ -93,7 +99,7 @@ class AtspiReader {
   std::optional<std::uint64_t> currentEpoch_;
   std::uint64_t generation_ = 0;           // of the bus
   TimePoint deadline_ = TimePoint::min();  // of this epoch; min: nothing was read in it
-  std::unordered_map<AtspiReference, AtspiFacts, AtspiReferenceHash> facts_;
+  AtspiFactsByElement facts_;
   std::vector<AtspiQuestion> expected_;
   std::unordered_set<AtspiReference, AtspiReferenceHash> path_;
   std::unordered_set<AtspiReference, AtspiReferenceHash> radioGroups_;

@@ -3,25 +3,21 @@
 
 #include <memory>
 
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/reading/AtspiReader.h"
 #include "Platform/Linux/reading/RoleKinds.h"
 
 namespace norra::linux_desktop {
 
 class ElementView {
  public:
-  ElementView(AtspiContext& context, AtspiReader& reader, AtspiReference reference)
-      : context_(context),
-        reader_(reader),
-        reference_(std::move(reference)),
-        application_(reader.application(reference_)) {}
+  ElementView(AtspiReader& reader, AtspiReference reference)
+      : reader_(reader), reference_(std::move(reference)), application_(reader.application(reference_)) {}
 
-  AtspiContext& context() const { return context_; }
   AtspiReader& reader() const { return reader_; }
   const AtspiReference& reference() const { return reference_; }
   AtspiApplication& application() const { return *application_; }
-  Toolkit toolkit() const { return application_->toolkit; }
-  ElementView other(const AtspiReference& reference) const { return {context_, reader_, reference}; }
+  Toolkit toolkit() const { return application_->toolkit(); }
+  ElementView other(const AtspiReference& reference) const { return {reader_, reference}; }
 
   /// The facts, with these among them; what is sure to be needed soon is asked for in the same wave.
   const AtspiFacts& need(Asks asks) const;
@@ -42,7 +38,6 @@ class ElementView {
   Asks detailAsks(const AtspiFacts& facts) const;
   void expectAncestors() const;
 
-  AtspiContext& context_;
   AtspiReader& reader_;
   const AtspiReference reference_;
   const std::shared_ptr<AtspiApplication> application_;

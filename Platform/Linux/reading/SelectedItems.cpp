@@ -19,16 +19,6 @@ std::vector<AtspiReference> SelectedItems::notedIn(const AtspiReference& contain
   return {found->items.begin(), found->items.end()};
 }
 
-void SelectedItems::forget(std::string_view busName) {
-  const std::lock_guard lock(mutex_);
-  std::erase_if(containers_, [&](const auto& items) { return items.container.busName == busName; });
-}
-
-void SelectedItems::clear() {
-  const std::lock_guard lock(mutex_);
-  containers_.clear();
-}
-
 // With the lock held.
 SelectedItems::Items& SelectedItems::itemsOf(const AtspiReference& container) {
   const auto found = std::ranges::find(containers_, container, &Items::container);

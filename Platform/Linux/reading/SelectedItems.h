@@ -1,9 +1,9 @@
-// Items that were selected in containers that cannot say which of theirs are: what the events of the items told.
+// Items that were selected in containers of one application that cannot say which of theirs are: what the events of the
+// items told.
 #pragma once
 
 #include <deque>
 #include <mutex>
-#include <string_view>
 #include <vector>
 
 #include "Platform/Linux/atspi/AtspiReference.h"
@@ -20,8 +20,6 @@ class SelectedItems {
   void note(const AtspiReference& container, const AtspiReference& item);
   /// All that were noted and not pushed out by newer ones. Whether they still are selected has to be asked.
   std::vector<AtspiReference> notedIn(const AtspiReference& container) const;
-  void forget(std::string_view busName);
-  void clear();
 
  private:
   struct Items {

@@ -12,8 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "Platform/Linux/accessibility/AtspiElement.h"
-#include "Platform/Linux/reading/AtspiContext.h"
+#include "Platform/Linux/accessibility/ElementHandles.h"
 #include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra::linux_desktop {
@@ -114,28 +113,33 @@ void walk(AXUIElement element, Meter& meter) {
   std::printf("walk %s\n", meter.lap().c_str());
 }
 
-std::optional<AXUIElement> find(const std::vector<std::string>& arguments, AtspiContext& context) {
+std::optional<AXUIElement> find(const std::vector<std::string>& arguments, const ElementHandles& handles) {
   if (arguments.size() == 2 && arguments[0] != "focused") {
-    return context.systemWide()
+    return handles.systemWide()
         .primitives()
         .copyElementAtPosition(std::stof(arguments[0]), std::stof(arguments[1]))
         .value;
   }
   const auto owner =
-      arguments.size() == 2 ? context.application(std::atoi(arguments[1].c_str())) : context.systemWide();
+      arguments.size() == 2 ? handles.application(std::atoi(arguments[1].c_str())) : handles.systemWide();
   return elementIn(owner.primitives().copyAttributeValue("AXFocusedUIElement"));
 }
 
-void inspect(const std::vector<std::string>& arguments, AtspiContext& context, CountedEpoch& epoch) {
-  Meter meter(context.shared.statistics);
+void inspect(const std::vector<std::string>& arguments, WindowsOnScreen& windows) {
+  CountedEpoch epoch;
+  AtspiSession session(epoch);
+  Focus focus(session);
+  PointedElement pointed(session, focus, windows);
+  const ElementHandles handles(session, focus, pointed, windows);
+  Meter meter(session.shared.statistics);
   for (int i = 0; i < 3; ++i) {
     epoch.begin();
-    const auto found = find(arguments, context);
+    const auto found = find(arguments, handles);
     std::printf("found %s\n", meter.lap().c_str());
     if (found) walk(*found, meter);
   }
   epoch.begin();
-  auto element = find(arguments, context);
+  auto element = find(arguments, handles);
   meter.lap();
   for (int level = 0; element && level < mostLevels; ++level) {
     std::printf("%d\n", level);
@@ -157,8 +161,6 @@ int main(int count, char** values) {
   NoWindowsOnScreen noWindows;
   auto connection = X11Connection::open();
   const auto windows = connection ? std::make_unique<X11Windows>(std::move(connection)) : nullptr;
-  CountedEpoch epoch;
-  AtspiContext context(epoch, windows ? static_cast<WindowsOnScreen&>(*windows) : noWindows);
-  inspect(arguments, context, epoch);
+  inspect(arguments, windows ? static_cast<WindowsOnScreen&>(*windows) : noWindows);
   return 0;
 }

@@ -4,9 +4,9 @@
 #include <cstdlib>
 
 #include "Platform/Linux/atspi/AtspiRole.h"
-#include "Platform/Linux/reading/AtspiContext.h"
 #include "tests/Platform/Linux/FakeApplication.h"
 #include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -51,14 +51,13 @@ class Elements : public testing::Test {
   std::optional<std::string> text(const std::string& key, const char* attribute) {
     return text(element(key), attribute);
   }
-  AXUIElement element(const std::string& key) { return context_.element(application_.reference(key)); }
+  AXUIElement element(const std::string& key) { return elements_.handles.element(application_.reference(key)); }
   std::vector<std::string> actions(const std::string& key) { return element(key).primitives().copyActionNames().value; }
-  std::uint64_t waves() const { return context_.shared.statistics.waves; }
+  std::uint64_t waves() const { return elements_.session.shared.statistics.waves; }
 
   PrivateAccessibilityBus bus_;
-  CountedEpoch epoch_;
   NoWindowsOnScreen windows_;
-  AtspiContext context_{epoch_, windows_};
+  TestElements elements_{windows_};
   FakeApplication application_;
 };
 
@@ -83,14 +82,14 @@ TEST_F(Elements, AreReadOnceInAnEventAndAnewInTheNext) {
   }
   EXPECT_EQ(text("save", "AXTitle"), "Save");
   EXPECT_EQ(application_.calls(), calls);
-  epoch_.begin();
+  elements_.epoch.begin();
   EXPECT_EQ(text("save", "AXTitle"), "Store");
 }
 
 TEST_F(Elements, NeedTwoWavesForTheNameOfAButton) {
   application_.set("save", button);
   text("save", "AXRole");  // what is read of an application once
-  epoch_.begin();
+  elements_.epoch.begin();
   const auto before = waves();
   for (const auto* attribute : {"AXRole", "AXURL", "AXTitle", "AXDescription", "AXPlaceholderValue", "AXValue",
                                 "AXHelp", "AXIdentifier", "AXTitleUIElement", "AXSubrole", "AXRoleDescription"}) {
@@ -106,7 +105,7 @@ TEST_F(Elements, ThatAreGoneGiveErrors) {
   application_.set("save", button);
   EXPECT_EQ(text("save", "AXTitle"), "Save");
   application_.remove("save");
-  epoch_.begin();
+  elements_.epoch.begin();
   EXPECT_EQ(text("save", "AXTitle"), std::nullopt);
 }
 
@@ -154,7 +153,7 @@ TEST_F(Elements, ThatWerePasswordsOnceStayPasswords) {
   application_.set("password", passwordField("secret"));
   EXPECT_EQ(text("password", "AXSubrole"), "AXSecureTextField");
   application_.set("password", field("secret"));
-  epoch_.begin();
+  elements_.epoch.begin();
   EXPECT_EQ(text("password", "AXSubrole"), "AXSecureTextField");
   EXPECT_EQ(text("password", "AXValue")->find("secret"), std::string::npos);
   EXPECT_EQ(application_.calls("GetText"), 0);
@@ -182,20 +181,20 @@ TEST_F(Elements, LabelledByAPartOfThemselvesHaveNoTitleElement) {
   gtk4.set("label", {.role = number(AtspiRole::label), .name = "5", .parent = "box"});
   gtk4.set("box", {.role = number(AtspiRole::panel), .parent = "key"});
   gtk4.set("other", {.role = number(AtspiRole::text), .relations = {{2, "label"}}});
-  EXPECT_EQ(read<AXUIElement>(context_.element(gtk4.reference("key")), "AXTitleUIElement"), std::nullopt);
-  EXPECT_EQ(text(context_.element(gtk4.reference("key")), "AXTitle"), "5");
-  EXPECT_EQ(read<AXUIElement>(context_.element(gtk4.reference("other")), "AXTitleUIElement"),
-            context_.element(gtk4.reference("label")));
+  EXPECT_EQ(read<AXUIElement>(elements_.handles.element(gtk4.reference("key")), "AXTitleUIElement"), std::nullopt);
+  EXPECT_EQ(text(elements_.handles.element(gtk4.reference("key")), "AXTitle"), "5");
+  EXPECT_EQ(read<AXUIElement>(elements_.handles.element(gtk4.reference("other")), "AXTitleUIElement"),
+            elements_.handles.element(gtk4.reference("label")));
 }
 
 TEST_F(Elements, ThatOnlyDisplayBulletsAreSecureInGtk4) {
   FakeApplication gtk4("GTK", "4.8.3");
   gtk4.set("hidden", field("secret", "\u25CF\u25CF\u25CF\u25CF\u25CF\u25CF"));
   gtk4.set("shown", field("kayak", "kayak"));
-  const auto hidden = context_.element(gtk4.reference("hidden"));
+  const auto hidden = elements_.handles.element(gtk4.reference("hidden"));
   EXPECT_EQ(text(hidden, "AXSubrole"), "AXSecureTextField");
   EXPECT_EQ(text(hidden, "AXValue"), "\u2022\u2022\u2022\u2022\u2022\u2022");
-  EXPECT_EQ(text(context_.element(gtk4.reference("shown")), "AXValue"), "kayak");
+  EXPECT_EQ(text(elements_.handles.element(gtk4.reference("shown")), "AXValue"), "kayak");
   EXPECT_EQ(gtk4.calls("GetText"), 0);
 }
 
@@ -204,9 +203,9 @@ TEST_F(Elements, OfWebPagesHaveADomIdentifier) {
   browser.set("named", {.attributes = {{"tag", "p"}, {"id", "intro"}}});
   browser.set("nameless", {.attributes = {{"tag", "p"}}});
   browser.set("toolbar", {.attributes = {{"id", "view_1036"}}});
-  EXPECT_EQ(text(context_.element(browser.reference("named")), "AXDOMIdentifier"), "intro");
-  EXPECT_EQ(text(context_.element(browser.reference("nameless")), "AXDOMIdentifier"), "");
-  EXPECT_EQ(text(context_.element(browser.reference("toolbar")), "AXDOMIdentifier"), std::nullopt);
+  EXPECT_EQ(text(elements_.handles.element(browser.reference("named")), "AXDOMIdentifier"), "intro");
+  EXPECT_EQ(text(elements_.handles.element(browser.reference("nameless")), "AXDOMIdentifier"), "");
+  EXPECT_EQ(text(elements_.handles.element(browser.reference("toolbar")), "AXDOMIdentifier"), std::nullopt);
   EXPECT_EQ(text("root", "AXDOMIdentifier"), std::nullopt);
 }
 
@@ -222,16 +221,16 @@ TEST_F(Elements, OfASilentApplicationFailWithoutHarmToOthers) {
   FakeApplication silent;
   silent.set("save", button);
   application_.set("save", button);
-  const auto slow = context_.element(silent.reference("save"));
+  const auto slow = elements_.handles.element(silent.reference("save"));
   EXPECT_EQ(text(slow, "AXTitle"), "Save");
   silent.setSilent(true);
-  epoch_.begin();
+  elements_.epoch.begin();
   EXPECT_EQ(slow.primitives().copyAttributeValue("AXRole").error, axError::cannotComplete);
-  EXPECT_GT(context_.shared.statistics.timeOuts, 0U);
-  const auto reads = context_.shared.statistics.reads.load();
-  epoch_.begin();
+  EXPECT_GT(elements_.session.shared.statistics.timeOuts, 0U);
+  const auto reads = elements_.session.shared.statistics.reads.load();
+  elements_.epoch.begin();
   EXPECT_EQ(slow.primitives().copyAttributeValue("AXRole").error, axError::cannotComplete);
-  EXPECT_EQ(context_.shared.statistics.reads, reads) << "it rests and is not asked";
+  EXPECT_EQ(elements_.session.shared.statistics.reads, reads) << "it rests and is not asked";
   EXPECT_EQ(text("save", "AXTitle"), "Save");
 }
 
@@ -239,7 +238,7 @@ TEST_F(Elements, OfAnApplicationThatGoesOnAreReadAgain) {
   application_.set("save", button);
   EXPECT_EQ(text("save", "AXTitle"), "Save");
   application_.setSilent(true);
-  epoch_.begin();
+  elements_.epoch.begin();
   EXPECT_EQ(text("save", "AXTitle"), std::nullopt);
   const auto asked = application_.calls("GetRole");
   application_.setSilent(false);
@@ -249,8 +248,8 @@ TEST_F(Elements, OfAnApplicationThatGoesOnAreReadAgain) {
   // Its late answers, which must not be taken for others', are the sign of life.
   std::optional<std::string> name;
   for (int i = 0; i < 1000 && !name; ++i) {
-    epoch_.begin();
-    EXPECT_EQ(text(context_.element(other.reference("open")), "AXTitle"), "Save");
+    elements_.epoch.begin();
+    EXPECT_EQ(text(elements_.handles.element(other.reference("open")), "AXTitle"), "Save");
     name = text("save", "AXTitle");
   }
   EXPECT_EQ(name, "Save");
@@ -258,8 +257,8 @@ TEST_F(Elements, OfAnApplicationThatGoesOnAreReadAgain) {
 
 TEST_F(Elements, GiveErrorsWithoutABus) {
   setenv("AT_SPI_BUS_ADDRESS", "unix:path=/nowhere", 1);
-  AtspiContext lost(epoch_, windows_);
-  const auto orphan = lost.element(application_.reference("save"));
+  TestElements lost(windows_);
+  const auto orphan = lost.handles.element(application_.reference("save"));
   EXPECT_EQ(orphan.primitives().copyAttributeValue("AXRole").error, axError::cannotComplete);
   EXPECT_NE(orphan.primitives().getPid().error, axError::success);
 }

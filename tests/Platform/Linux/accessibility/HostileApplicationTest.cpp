@@ -4,9 +4,9 @@
 
 #include <cctype>
 
-#include "Platform/Linux/reading/AtspiContext.h"
 #include "tests/Platform/Linux/HostileFaults.h"
 #include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -42,7 +42,7 @@ class HostileApplication : public testing::TestWithParam<HostileFault> {
   }
 
   std::optional<AXUIElement> clicked() {
-    return context_.systemWide().primitives().copyElementAtPosition(10, 10).value;
+    return elements_.handles.systemWide().primitives().copyElementAtPosition(10, 10).value;
   }
 
   static std::optional<AXUIElement> elementIn(const AXUIElement& element, const char* attribute) {
@@ -61,15 +61,15 @@ class HostileApplication : public testing::TestWithParam<HostileFault> {
   }
 
   std::optional<std::string> nameOfTheInnocent() {
-    const auto result = context_.element(innocent_.reference("save")).primitives().copyAttributeValue("AXTitle");
+    const auto result =
+        elements_.handles.element(innocent_.reference("save")).primitives().copyAttributeValue("AXTitle");
     const auto* name = std::get_if<std::string>(&result.value);
     return name ? std::optional(*name) : std::nullopt;
   }
 
   PrivateAccessibilityBus bus_;
-  CountedEpoch epoch_;
   OneWindow windows_;
-  AtspiContext context_{epoch_, windows_};
+  TestElements elements_{windows_};
   FakeApplication innocent_;
   FakeApplication application_;
 };
@@ -77,16 +77,16 @@ class HostileApplication : public testing::TestWithParam<HostileFault> {
 TEST_P(HostileApplication, CostsBoundedlyManyCallsAndHarmsNoOther) {
   readWithAncestors(clicked());
   ASSERT_GT(application_.received(), 20) << "it is looked at";
-  epoch_.begin();
+  elements_.epoch.begin();
   ASSERT_EQ(nameOfTheInnocent(), "Save");
   const auto fault = GetParam().begin(application_);
   for (int event = 0; event < 3; ++event) {
-    const auto before = context_.shared.statistics.reads.load();
-    epoch_.begin();
+    const auto before = elements_.session.shared.statistics.reads.load();
+    elements_.epoch.begin();
     readWithAncestors(clicked());
-    readWithAncestors(elementIn(context_.systemWide(), "AXFocusedUIElement"));
-    EXPECT_LT(context_.shared.statistics.reads - before, mostCalls);
-    epoch_.begin();
+    readWithAncestors(elementIn(elements_.handles.systemWide(), "AXFocusedUIElement"));
+    EXPECT_LT(elements_.session.shared.statistics.reads - before, mostCalls);
+    elements_.epoch.begin();
     EXPECT_EQ(nameOfTheInnocent(), "Save");
   }
 }

@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 
 #include "Platform/Linux/atspi/AtspiRole.h"
-#include "Platform/Linux/reading/AtspiContext.h"
 #include "tests/Platform/Linux/FakeApplication.h"
 #include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -28,20 +28,19 @@ class RestartedBus : public testing::Test {
   void restart() {
     application_.reset();
     bus_.reset();
-    epoch_.begin();
+    elements_.epoch.begin();
     bus_.emplace();
   }
 
   AXUIElement start(const char* toolkit, const char* version, FakeElement element) {
     application_.emplace(toolkit, version);
     application_->set("field", std::move(element));
-    return context_.element(application_->reference("field"));
+    return elements_.handles.element(application_->reference("field"));
   }
 
   std::optional<PrivateAccessibilityBus> bus_{std::in_place};
-  CountedEpoch epoch_;
   NoWindowsOnScreen windows_;
-  AtspiContext context_{epoch_, windows_};
+  TestElements elements_{windows_};
   std::optional<FakeApplication> application_;
 };
 
@@ -53,9 +52,9 @@ TEST_F(RestartedBus, DoesNotLendTheKnowledgeOfOneApplicationToAnother) {
   start("GTK", "4.8.3", field("secret", "\u25CF\u25CF\u25CF\u25CF\u25CF\u25CF"));
   const auto reference = application_->reference("field");
   ASSERT_EQ(reference.busName, formerName);
-  textOf(context_.element(reference), "AXRole");  // meets the bus
-  epoch_.begin();
-  EXPECT_EQ(textOf(context_.element(reference), "AXSubrole"), "AXSecureTextField");
+  textOf(elements_.handles.element(reference), "AXRole");  // meets the bus
+  elements_.epoch.begin();
+  EXPECT_EQ(textOf(elements_.handles.element(reference), "AXSubrole"), "AXSecureTextField");
   EXPECT_EQ(application_->calls("GetText"), 0);
 }
 
@@ -64,12 +63,12 @@ TEST_F(RestartedBus, TakesTheElementsOfTheFormerOneAway) {
   EXPECT_EQ(textOf(former, "AXValue"), "kayak");
   restart();
   start("gtk", "3.24.38", field("canoe", ""));
-  const auto present = context_.element(application_->reference("field"));
+  const auto present = elements_.handles.element(application_->reference("field"));
   textOf(present, "AXRole");
-  epoch_.begin();
+  elements_.epoch.begin();
   EXPECT_EQ(textOf(former, "AXValue"), "nothing");
   EXPECT_EQ(former.primitives().getPid().error, axError::invalidUIElement);
-  EXPECT_EQ(textOf(context_.element(application_->reference("field")), "AXValue"), "canoe");
+  EXPECT_EQ(textOf(elements_.handles.element(application_->reference("field")), "AXValue"), "canoe");
 }
 
 }  // namespace

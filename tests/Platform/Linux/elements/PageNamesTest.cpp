@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 
 #include "Platform/Linux/atspi/AtspiRole.h"
-#include "Platform/Linux/reading/AtspiContext.h"
 #include "tests/Platform/Linux/FakeApplication.h"
 #include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -51,17 +51,16 @@ class PageNames : public testing::TestWithParam<const char*> {
 
   template <typename Value>
   Value read(const std::string& key, const char* attribute) {
-    epoch_.begin();
-    const auto result = context_.element(browser_.reference(key)).primitives().copyAttributeValue(attribute);
+    elements_.epoch.begin();
+    const auto result = elements_.handles.element(browser_.reference(key)).primitives().copyAttributeValue(attribute);
     const auto* value = std::get_if<Value>(&result.value);
     return result.error == axError::success && value ? *value : Value{};
   }
   std::string title(const std::string& key) { return read<std::string>(key, "AXTitle"); }
 
   PrivateAccessibilityBus bus_;
-  CountedEpoch epoch_;
   NoWindowsOnScreen windows_;
-  AtspiContext context_{epoch_, windows_};
+  TestElements elements_{windows_};
   FakeApplication browser_{GetParam(), "1"};
 };
 
@@ -137,7 +136,7 @@ TEST_P(PageNames, AndDescriptionsAreNotThoseOfFields) {
   }
   page("one", named(element(AtspiRole::pushButton, "secret", "x"), labelledBy, "line"));
   const auto titleElement =
-      context_.element(browser_.reference("one")).primitives().copyAttributeValue("AXTitleUIElement");
+      elements_.handles.element(browser_.reference("one")).primitives().copyAttributeValue("AXTitleUIElement");
   EXPECT_NE(titleElement.error, axError::success) << "a field is no label";
 }
 

@@ -1,0 +1,21 @@
+// What a hit test is told of the pointer.
+#pragma once
+
+#include <functional>
+
+#include "Platform/Linux/atspi/AtspiReference.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
+
+namespace norra::linux_desktop {
+
+struct PointedAt {
+  CGPoint point;
+  /// The window there.
+  WindowOnScreen window;
+  /// What the application said at the press to lie there; null: it was not asked, or nothing.
+  AtspiReference pressed;
+  /// Gives the element of the application that has the keyboard focus; null: none is known. It may read.
+  std::function<AtspiReference()> focused = [] { return AtspiReference{}; };
+};
+
+}  // namespace norra::linux_desktop

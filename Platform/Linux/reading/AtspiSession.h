@@ -1,0 +1,41 @@
+// The way to the applications on the accessibility bus, and what is known of each of them.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "Platform/Linux/reading/AtspiProcesses.h"
+#include "Platform/Linux/reading/AtspiReader.h"
+
+namespace norra::linux_desktop {
+
+/// Outlives all that reads. Any thread.
+class AtspiSession {
+ public:
+  /// `epoch` must outlive this.
+  explicit AtspiSession(const ReadingEpoch& epoch);
+  AtspiSession(const AtspiSession&) = delete;
+  AtspiSession& operator=(const AtspiSession&) = delete;
+
+  /// The calling thread's reader, for the event that is handled.
+  AtspiReader& reader();
+
+  /// The name has left the bus.
+  void forget(const std::string& busName);
+
+  AtspiShared shared;
+  AtspiApplications applications;
+  AtspiProcesses processes;
+
+ private:
+  void forgetAll();
+
+  const ReadingEpoch& epoch_;
+  std::mutex mutex_;
+  std::map<std::thread::id, std::unique_ptr<AtspiReader>> readers_;  // guarded by mutex_
+};
+
+}  // namespace norra::linux_desktop
