@@ -2,26 +2,17 @@
 
 #include <algorithm>
 
+#include "NorraBase/OneOf.h"
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/model/ActionDecoding.h"
 
 namespace norra {
-namespace {
-
-bool equalsIgnoringCase(std::string_view left, std::string_view right) {
-  const auto lower = [](char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter;
-  };
-  return std::ranges::equal(left, right, {}, lower, lower);
-}
-
-}  // namespace
-
 bool ReportFilter::wants(const Report& report) {
   if (wanted_.applications.empty() && wanted_.kinds.empty()) return true;
   const auto decoded = decodeAction(report.event);
   const auto* action = std::get_if<Action>(&decoded);
   if (action == nullptr || !wantsApplicationOf(*action)) return false;
-  return wanted_.kinds.empty() || std::ranges::find(wanted_.kinds, kind(*action)) != wanted_.kinds.end();
+  return wanted_.kinds.empty() || isOneOf(wanted_.kinds, kind(*action));
 }
 
 bool ReportFilter::wantsApplicationOf(const Action& action) {

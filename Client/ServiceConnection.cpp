@@ -3,20 +3,16 @@
 #include <string_view>
 #include <utility>
 
-#include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
-
 namespace norra {
 
 using linux_desktop::describe;
+using linux_desktop::disconnectionMatch;
 using linux_desktop::MessagePtr;
 
 namespace {
 
 /// Of an answer, the time that the bus takes to start the service included.
 constexpr std::uint64_t answerLimitMicroseconds = 30'000'000;
-
-constexpr const char* disconnectionMatch =
-    "type='signal',sender='org.freedesktop.DBus.Local',interface='org.freedesktop.DBus.Local',member='Disconnected'";
 
 std::string ownerChangeMatch() {
   return std::string(
@@ -44,8 +40,8 @@ std::string problemIn(sd_bus_message* reply) {
 
 const sd_bus_vtable ServiceConnection::methods[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD_WITH_ARGS("addEvent", SD_BUS_ARGS("s", event, "t", date, "b", isApplicationEvent), SD_BUS_NO_RESULT,
-                            onAddEvent, SD_BUS_VTABLE_UNPRIVILEGED),
+    SD_BUS_METHOD_WITH_ARGS(busNames::addEvent, SD_BUS_ARGS("s", event, "t", date, "b", isApplicationEvent),
+                            SD_BUS_NO_RESULT, onAddEvent, SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_VTABLE_END,
 };
 

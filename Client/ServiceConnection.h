@@ -7,6 +7,7 @@
 #include <string>
 
 #include "Client/formats/Report.h"
+#include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/runtime/SessionBus.h"
 
@@ -33,10 +34,10 @@ class ServiceConnection {
   ServiceConnection(const ServiceConnection&) = delete;
   ServiceConnection& operator=(const ServiceConnection&) = delete;
 
-  void start(Answer answer) { call("startCollectorWith", std::move(answer)); }
-  void stop(Answer answer) { call("stopCollectorWith", std::move(answer)); }
-  void pause(Answer answer) { call("pauseCollectorWith", std::move(answer)); }
-  void resume(Answer answer) { call("resumeCollectorWith", std::move(answer)); }
+  void start(Answer answer) { call(busNames::startCollectorWith, std::move(answer)); }
+  void stop(Answer answer) { call(busNames::stopCollectorWith, std::move(answer)); }
+  void pause(Answer answer) { call(busNames::pauseCollectorWith, std::move(answer)); }
+  void resume(Answer answer) { call(busNames::resumeCollectorWith, std::move(answer)); }
 
  private:
   ServiceConnection(linux_desktop::BusPtr bus, Handlers handlers)

@@ -2,8 +2,8 @@
 
 #include <uriparser/Uri.h>
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {

@@ -3,6 +3,7 @@
 #include <cassert>
 #include <utility>
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/ApplicationData.h"
 #include "NorraDataCollector/TapEventsCollector/TapEventsCollector.h"
 #include "NorraDataCollector/WorkspaceNotificationsCollector.h"
@@ -10,7 +11,6 @@
 #include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {
@@ -116,7 +116,7 @@ void DataCollector::updateFocusedApplication(const std::optional<NSRunningApplic
 
 void DataCollector::reportTapAction(const Action& action, ProcessIdentifier process) {
   updateFocusedApplication(platform_.workspace.runningApplication(process), true);
-  if (action != undefinedAction) report(action);
+  if (kind(action) != CodingKeys::undefined) report(action);
 }
 
 void DataCollector::follow(ProcessIdentifier process) {

@@ -6,6 +6,11 @@ namespace norra::busNames {
 inline constexpr const char* service = "com.norra.UserInteractionsCollectorService";
 inline constexpr const char* servicePath = "/com/norra/UserInteractionsCollectorService";
 inline constexpr const char* serviceInterface = "com.norra.ServiceProtocol";
+/// Its methods: without arguments, each answers a text.
+inline constexpr const char* startCollectorWith = "startCollectorWith";
+inline constexpr const char* stopCollectorWith = "stopCollectorWith";
+inline constexpr const char* pauseCollectorWith = "pauseCollectorWith";
+inline constexpr const char* resumeCollectorWith = "resumeCollectorWith";
 /// Read-only properties of the same object.
 inline constexpr const char* statisticsInterface = "com.norra.ServiceStatistics";
 

@@ -64,8 +64,6 @@ class RowWriter {
   json takeTexts() { return texts_.take(); }
 
  private:
-  void writeMembers(const std::monostate&) {}
-
   template <typename Data>
   void writeMembers(const Data& data) {
     forEachField<Data>([&](const auto& field) { rows_.push_back(texts_.indexOf(textOf(data.*field.member))); });
@@ -78,9 +76,7 @@ class RowWriter {
 template <typename Data>
 json fieldNames() {
   json names = json::array();
-  if constexpr (!std::is_same_v<Data, std::monostate>) {
-    forEachField<Data>([&](const auto& field) { names.push_back(field.name); });
-  }
+  forEachField<Data>([&](const auto& field) { names.push_back(field.name); });
   return names;
 }
 

@@ -32,12 +32,12 @@ std::uint64_t readModifiers(const JsonCursor& cursor) {
   return flags;
 }
 
-NSSpecialKey readSpecialKey(const JsonCursor& cursor) {
+NSEvent::SpecialKey readSpecialKey(const JsonCursor& cursor) {
   constexpr std::uint32_t lastCodePoint = 0x10FFFF;
   if (cursor.value().is_number()) {
     const auto codePoint = cursor.integer<std::uint32_t>();
     if (codePoint > lastCodePoint) cursor.fault("out of range");
-    return NSSpecialKey{codePoint};
+    return NSEvent::SpecialKey{codePoint};
   }
   const auto key = specialKeyNamed(cursor.text());
   if (!key) cursor.fault("no special key has this name");

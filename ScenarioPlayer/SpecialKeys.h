@@ -8,6 +8,6 @@
 namespace norra::scenario {
 
 /// The code point of a special key by its member name, such as "upArrow" or "f13"; nothing for another text.
-std::optional<NSSpecialKey> specialKeyNamed(std::string_view name);
+std::optional<NSEvent::SpecialKey> specialKeyNamed(std::string_view name);
 
 }  // namespace norra::scenario

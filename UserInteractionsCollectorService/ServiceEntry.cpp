@@ -12,8 +12,8 @@ std::optional<int> runService(const std::function<Platform()>& startPlatform) {
   logger.info("Service started");
   const auto platform = startPlatform();
   platform.process.setAutomaticTerminationSupportEnabled(true);
-  ServiceDelegate delegate(platform);
-  platform.listener.setDelegate(&delegate);
+  ServiceDelegate serviceDelegate(platform);
+  platform.listener.setDelegate(&serviceDelegate);
   if (const auto status = platform.listener.activate()) return status;
   logger.info("Service stopped");
   return std::nullopt;

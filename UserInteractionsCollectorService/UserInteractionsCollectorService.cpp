@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "NorraDataCollector/text/Text.h"
+#include "NorraBase/Text.h"
 #include "UserInteractionsCollectorService/ServiceLogger.h"
 
 namespace norra {

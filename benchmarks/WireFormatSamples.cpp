@@ -64,7 +64,7 @@ ClickComboBoxData comboBox() {
 
 const std::array<Action, kindCount>& sampleActions() {
   static const std::array<Action, kindCount> samples{
-      undefinedAction,
+      UndefinedData(),
       CollectorData{.operation = CollectorOperation::start},
       applicationChange(),
       OpenMenuData{.elementName = "File", .automationID = "file-menu"},

@@ -1,10 +1,10 @@
 #include "Client/formats/CsvLine.h"
 
-#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <vector>
 
 #include "Client/formats/JsonLine.h"
+#include "NorraBase/OneOf.h"
 #include "NorraDataCollector/model/ActionFields.h"
 
 namespace norra {
@@ -12,11 +12,9 @@ namespace {
 
 template <typename Data>
 void addColumns(std::vector<std::string>& columns) {
-  if constexpr (!std::is_same_v<Data, std::monostate>) {
-    forEachField<Data>([&](const auto& field) {
-      if (std::ranges::find(columns, field.name) == columns.end()) columns.emplace_back(field.name);
-    });
-  }
+  forEachField<Data>([&](const auto& field) {
+    if (!isOneOf(columns, field.name)) columns.emplace_back(field.name);
+  });
 }
 
 template <std::size_t... index>

@@ -1,12 +1,9 @@
 #include "Client/formats/TextLine.h"
 
-#include <array>
-#include <cstdio>
-#include <ctime>
-
+#include "NorraBase/Text.h"
+#include "NorraBase/TimeText.h"
 #include "NorraDataCollector/model/ActionDecoding.h"
 #include "NorraDataCollector/model/ActionWords.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {
@@ -22,18 +19,6 @@ constexpr Style red{"\033[31m", "\033[0m"};
 
 std::string styled(std::string_view text, Style style) {
   return std::string(style.begin).append(text).append(style.end);
-}
-
-std::string localTime(std::chrono::system_clock::time_point date) {
-  const auto milliseconds =
-      std::chrono::duration_cast<std::chrono::milliseconds>(date.time_since_epoch()).count() % 1000;
-  const auto seconds = std::chrono::system_clock::to_time_t(date);
-  std::tm local{};
-  localtime_r(&seconds, &local);
-  std::array<char, 32> text{};
-  const auto length = std::strftime(text.data(), text.size(), "%H:%M:%S", &local);
-  std::snprintf(text.data() + length, text.size() - length, ".%03d", static_cast<int>(milliseconds));
-  return text.data();
 }
 
 /// Each C0 or C1 control character becomes a space. The text is UTF-8.
@@ -69,7 +54,7 @@ class TextFormatter {
 
   std::string operator()(const Report& report) {
     const auto decoded = decodeAction(report.event);
-    std::string line = styled(localTime(report.date), style(dim)) + "  ";
+    std::string line = styled(localTimeOfDay(report.date), style(dim)) + "  ";
     if (const auto* error = std::get_if<DecodingError>(&decoded)) {
       return line + styled("unreadable report: " + withoutControls(error->message), style(red));
     }

@@ -6,101 +6,103 @@
 namespace norra {
 namespace {
 
+using Key = NSEvent::SpecialKey;
+
 struct SpecialKeyName {
-  std::uint32_t codePoint;
+  Key key;
   std::string_view name;
 };
 
 /// The irregular spelling of some names is part of what is sent.
 constexpr std::array specialKeyNames{
-    SpecialKeyName{0x0003, "enter"},
-    SpecialKeyName{0x0008, "backspace"},
-    SpecialKeyName{0x0009, "tab"},
-    SpecialKeyName{0x000A, "newline"},
-    SpecialKeyName{0x000C, "form feed"},
-    SpecialKeyName{0x000D, "carriage return"},
-    SpecialKeyName{0x0019, "back tab"},
-    SpecialKeyName{0x007F, "delete"},
-    SpecialKeyName{0x2028, "line separator"},
-    SpecialKeyName{0x2029, "paragraph separator"},
-    SpecialKeyName{0xF700, "up arrow"},
-    SpecialKeyName{0xF701, "down arrow"},
-    SpecialKeyName{0xF702, "left Arrow"},
-    SpecialKeyName{0xF703, "rightArrow"},
-    SpecialKeyName{0xF704, "f1"},
-    SpecialKeyName{0xF705, "f2"},
-    SpecialKeyName{0xF706, "f3"},
-    SpecialKeyName{0xF707, "f4"},
-    SpecialKeyName{0xF708, "f5"},
-    SpecialKeyName{0xF709, "f6"},
-    SpecialKeyName{0xF70A, "f7"},
-    SpecialKeyName{0xF70B, "f8"},
-    SpecialKeyName{0xF70C, "f9"},
-    SpecialKeyName{0xF70D, "f10"},
-    SpecialKeyName{0xF70E, "f11"},
-    SpecialKeyName{0xF70F, "f12"},
-    SpecialKeyName{0xF710, "f13"},
-    SpecialKeyName{0xF711, "f14"},
-    SpecialKeyName{0xF712, "f15"},
-    SpecialKeyName{0xF713, "f16"},
-    SpecialKeyName{0xF714, "f17"},
-    SpecialKeyName{0xF715, "f18"},
-    SpecialKeyName{0xF716, "f19"},
-    SpecialKeyName{0xF717, "f20"},
-    SpecialKeyName{0xF718, "f21"},
-    SpecialKeyName{0xF719, "f22"},
-    SpecialKeyName{0xF71A, "f23"},
-    SpecialKeyName{0xF71B, "f24"},
-    SpecialKeyName{0xF71C, "f25"},
-    SpecialKeyName{0xF71D, "f26"},
-    SpecialKeyName{0xF71E, "f27"},
-    SpecialKeyName{0xF71F, "f28"},
-    SpecialKeyName{0xF720, "f29"},
-    SpecialKeyName{0xF721, "f30"},
-    SpecialKeyName{0xF722, "f31"},
-    SpecialKeyName{0xF723, "f32"},
-    SpecialKeyName{0xF724, "f33"},
-    SpecialKeyName{0xF725, "f34"},
-    SpecialKeyName{0xF726, "f35"},
-    SpecialKeyName{0xF727, "insert"},
-    SpecialKeyName{0xF728, "delete forward"},
-    SpecialKeyName{0xF729, "home"},
-    SpecialKeyName{0xF72A, "begin"},
-    SpecialKeyName{0xF72B, "end"},
-    SpecialKeyName{0xF72C, "page up"},
-    SpecialKeyName{0xF72D, "page down"},
-    SpecialKeyName{0xF72E, "print screen"},
-    SpecialKeyName{0xF72F, "scroll lock"},
-    SpecialKeyName{0xF730, "pause"},
-    SpecialKeyName{0xF731, "sys req"},
-    SpecialKeyName{0xF732, "break"},
-    SpecialKeyName{0xF733, "reset"},
-    SpecialKeyName{0xF734, "stop"},
-    SpecialKeyName{0xF735, "menu"},
-    SpecialKeyName{0xF736, "user"},
-    SpecialKeyName{0xF737, "system"},
-    SpecialKeyName{0xF738, "print"},
-    SpecialKeyName{0xF739, "clear line"},
-    SpecialKeyName{0xF73A, "clear display"},
-    SpecialKeyName{0xF73B, "insertLine"},
-    SpecialKeyName{0xF73C, "delete line"},
-    SpecialKeyName{0xF73D, "insert character"},
-    SpecialKeyName{0xF73E, "delete character"},
-    SpecialKeyName{0xF73F, "prev"},
-    SpecialKeyName{0xF740, "next"},
-    SpecialKeyName{0xF741, "select"},
-    SpecialKeyName{0xF742, "execute"},
-    SpecialKeyName{0xF743, "undo"},
-    SpecialKeyName{0xF744, "redo"},
-    SpecialKeyName{0xF745, "find"},
-    SpecialKeyName{0xF746, "help"},
-    SpecialKeyName{0xF747, "mode switch"},
+    SpecialKeyName{Key::enter, "enter"},
+    SpecialKeyName{Key::backspace, "backspace"},
+    SpecialKeyName{Key::tab, "tab"},
+    SpecialKeyName{Key::newline, "newline"},
+    SpecialKeyName{Key::formFeed, "form feed"},
+    SpecialKeyName{Key::carriageReturn, "carriage return"},
+    SpecialKeyName{Key::backTab, "back tab"},
+    SpecialKeyName{Key::delete_, "delete"},
+    SpecialKeyName{Key::lineSeparator, "line separator"},
+    SpecialKeyName{Key::paragraphSeparator, "paragraph separator"},
+    SpecialKeyName{Key::upArrow, "up arrow"},
+    SpecialKeyName{Key::downArrow, "down arrow"},
+    SpecialKeyName{Key::leftArrow, "left Arrow"},
+    SpecialKeyName{Key::rightArrow, "rightArrow"},
+    SpecialKeyName{Key::f1, "f1"},
+    SpecialKeyName{Key::f2, "f2"},
+    SpecialKeyName{Key::f3, "f3"},
+    SpecialKeyName{Key::f4, "f4"},
+    SpecialKeyName{Key::f5, "f5"},
+    SpecialKeyName{Key::f6, "f6"},
+    SpecialKeyName{Key::f7, "f7"},
+    SpecialKeyName{Key::f8, "f8"},
+    SpecialKeyName{Key::f9, "f9"},
+    SpecialKeyName{Key::f10, "f10"},
+    SpecialKeyName{Key::f11, "f11"},
+    SpecialKeyName{Key::f12, "f12"},
+    SpecialKeyName{Key::f13, "f13"},
+    SpecialKeyName{Key::f14, "f14"},
+    SpecialKeyName{Key::f15, "f15"},
+    SpecialKeyName{Key::f16, "f16"},
+    SpecialKeyName{Key::f17, "f17"},
+    SpecialKeyName{Key::f18, "f18"},
+    SpecialKeyName{Key::f19, "f19"},
+    SpecialKeyName{Key::f20, "f20"},
+    SpecialKeyName{Key::f21, "f21"},
+    SpecialKeyName{Key::f22, "f22"},
+    SpecialKeyName{Key::f23, "f23"},
+    SpecialKeyName{Key::f24, "f24"},
+    SpecialKeyName{Key::f25, "f25"},
+    SpecialKeyName{Key::f26, "f26"},
+    SpecialKeyName{Key::f27, "f27"},
+    SpecialKeyName{Key::f28, "f28"},
+    SpecialKeyName{Key::f29, "f29"},
+    SpecialKeyName{Key::f30, "f30"},
+    SpecialKeyName{Key::f31, "f31"},
+    SpecialKeyName{Key::f32, "f32"},
+    SpecialKeyName{Key::f33, "f33"},
+    SpecialKeyName{Key::f34, "f34"},
+    SpecialKeyName{Key::f35, "f35"},
+    SpecialKeyName{Key::insert, "insert"},
+    SpecialKeyName{Key::deleteForward, "delete forward"},
+    SpecialKeyName{Key::home, "home"},
+    SpecialKeyName{Key::begin, "begin"},
+    SpecialKeyName{Key::end, "end"},
+    SpecialKeyName{Key::pageUp, "page up"},
+    SpecialKeyName{Key::pageDown, "page down"},
+    SpecialKeyName{Key::printScreen, "print screen"},
+    SpecialKeyName{Key::scrollLock, "scroll lock"},
+    SpecialKeyName{Key::pause, "pause"},
+    SpecialKeyName{Key::sysReq, "sys req"},
+    SpecialKeyName{Key::break_, "break"},
+    SpecialKeyName{Key::reset, "reset"},
+    SpecialKeyName{Key::stop, "stop"},
+    SpecialKeyName{Key::menu, "menu"},
+    SpecialKeyName{Key::user, "user"},
+    SpecialKeyName{Key::system, "system"},
+    SpecialKeyName{Key::print, "print"},
+    SpecialKeyName{Key::clearLine, "clear line"},
+    SpecialKeyName{Key::clearDisplay, "clear display"},
+    SpecialKeyName{Key::insertLine, "insertLine"},
+    SpecialKeyName{Key::deleteLine, "delete line"},
+    SpecialKeyName{Key::insertCharacter, "insert character"},
+    SpecialKeyName{Key::deleteCharacter, "delete character"},
+    SpecialKeyName{Key::prev, "prev"},
+    SpecialKeyName{Key::next, "next"},
+    SpecialKeyName{Key::select, "select"},
+    SpecialKeyName{Key::execute, "execute"},
+    SpecialKeyName{Key::undo, "undo"},
+    SpecialKeyName{Key::redo, "redo"},
+    SpecialKeyName{Key::find, "find"},
+    SpecialKeyName{Key::help, "help"},
+    SpecialKeyName{Key::modeSwitch, "mode switch"},
 };
 static_assert(specialKeyNames.size() == 82);
-static_assert(std::ranges::is_sorted(specialKeyNames, {}, &SpecialKeyName::codePoint));
+static_assert(std::ranges::is_sorted(specialKeyNames, {}, &SpecialKeyName::key));
 
 struct ModifierName {
-  std::uint64_t flag;
+  NSEventModifierFlags flag;
   std::string_view name;
 };
 
@@ -118,13 +120,12 @@ void appendJoined(std::string& joined, std::string_view part) {
 
 }  // namespace
 
-std::string_view toString(NSSpecialKey key) {
-  const auto codePoint = static_cast<std::uint32_t>(key);
-  const auto found = std::ranges::lower_bound(specialKeyNames, codePoint, {}, &SpecialKeyName::codePoint);
-  return found != specialKeyNames.end() && found->codePoint == codePoint ? found->name : "unknown";
+std::string_view toString(NSEvent::SpecialKey key) {
+  const auto found = std::ranges::lower_bound(specialKeyNames, key, {}, &SpecialKeyName::key);
+  return found != specialKeyNames.end() && found->key == key ? found->name : "unknown";
 }
 
-std::optional<std::string> modifierFlagsToString(std::uint64_t modifierFlags) {
+std::optional<std::string> toString(NSEventModifierFlags modifierFlags) {
   std::string joined;
   for (const auto& [flag, name] : modifierNames) {
     if ((modifierFlags & flag) != 0) appendJoined(joined, name);
@@ -134,7 +135,7 @@ std::optional<std::string> modifierFlagsToString(std::uint64_t modifierFlags) {
 }
 
 std::string keyText(const NSEvent& event) {
-  auto text = modifierFlagsToString(event.modifierFlags).value_or("");
+  auto text = toString(event.modifierFlags).value_or("");
   if (event.specialKey) {
     appendJoined(text, toString(*event.specialKey));
   } else {

@@ -16,12 +16,8 @@ namespace {
 using NorraDataCollectorLogging::defaultLogger;
 using namespace std::chrono_literals;
 
-constexpr NSSpecialKey carriageReturn{0x000D};
-
-constexpr CGEventMask bit(CGEventType type) { return CGEventMask{1} << static_cast<std::uint32_t>(type); }
-
-constexpr CGEventMask eventsOfInterest = bit(CGEventType::leftMouseUp) | bit(CGEventType::rightMouseUp) |
-                                         bit(CGEventType::keyDown) | bit(CGEventType::otherMouseUp);
+constexpr CGEventMask eventsOfInterest = maskOf(CGEventType::leftMouseUp) | maskOf(CGEventType::rightMouseUp) |
+                                         maskOf(CGEventType::keyDown) | maskOf(CGEventType::otherMouseUp);
 
 MouseButton buttonOf(CGEventType type) {
   switch (type) {
@@ -66,7 +62,7 @@ bool isReported(const NSEvent& key) {
 template <typename Data>
 Data keyPress(const AXUIElement& focused, const NSEvent& key) {
   Data data;
-  data.elementName = collectNameOfTitleElementOrElement(focused).value_or("");
+  data.elementName = collectName({.titleElementOrElement = focused}).value_or("");
   data.controlType = collectRoleDescription(focused);
   data.automationID = collectAutomationID(focused).value_or("");
   data.key = keyText(key);
@@ -125,14 +121,14 @@ void TapEventsCollector::handleKey(const CGEvent& event) {
   const auto focused = ax::systemWideFocusedElement(platform_.accessibility);
   if (!focused || !event.keyEvent || event.keyEvent->isARepeat) return;
   const auto& key = *event.keyEvent;
-  if (!isReported(key)) return collectedAction_(undefinedAction, ax::processIdentifier(*focused));
+  if (!isReported(key)) return collectedAction_(UndefinedData(), ax::processIdentifier(*focused));
   drainTextBefore(key);
   const auto action = keyAction(*focused, key);
   collectedAction_(action, ax::processIdentifier(*focused));
 }
 
 void TapEventsCollector::drainTextBefore(const NSEvent& key) {
-  if (key.specialKey != carriageReturn) return;
+  if (key.specialKey != NSEvent::SpecialKey::carriageReturn) return;
   if (const auto collector = accessibilityNotificationCollector_.load().lock()) collector->drainText(true);
 }
 

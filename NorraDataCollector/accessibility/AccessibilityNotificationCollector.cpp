@@ -97,7 +97,7 @@ void AccessibilityNotificationCollector::changedValue(const AXUIElement& element
   auto text = FocusedElementData::valueToText(ax::value(element, attribute::value));
   if (!text) return;
   if (focusedElementData_) focusedElementData_->setText(*std::move(text));
-  drainTextDebouncer().debounce();
+  debounceDrainText();
 }
 
 void AccessibilityNotificationCollector::changedFocus(const AXUIElement& element) {
@@ -116,13 +116,13 @@ void AccessibilityNotificationCollector::follow(std::optional<FocusedElementData
   }
 }
 
-Debouncer& AccessibilityNotificationCollector::drainTextDebouncer() {
+void AccessibilityNotificationCollector::debounceDrainText() {
   if (!drainTextDebouncer_) {
     drainTextDebouncer_ = std::make_unique<Debouncer>(mainRunLoop_, quietTime, [weak = weak_from_this()] {
       if (const auto self = weak.lock()) self->drainText(false);
     });
   }
-  return *drainTextDebouncer_;
+  drainTextDebouncer_->debounce();
 }
 
 void AccessibilityNotificationCollector::report(const std::optional<Action>& action) {

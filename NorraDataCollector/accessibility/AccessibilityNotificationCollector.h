@@ -43,7 +43,7 @@ class AccessibilityNotificationCollector : public std::enable_shared_from_this<A
   void changedFocus(const AXUIElement& element);
   void follow(std::optional<FocusedElementData> focused);
   std::optional<Action> manuallyDrainText(bool logUnchanged);
-  Debouncer& drainTextDebouncer();
+  void debounceDrainText();
   void report(const std::optional<Action>& action);
   FocusedElementData* focused();
 

@@ -1,10 +1,10 @@
 #include "NorraDataCollector/accessibility/FocusedElementData.h"
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/elements/AttributeValueText.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/WebContext.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {

@@ -2,11 +2,11 @@
 
 #include <utility>
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/NameLists.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {
@@ -15,7 +15,7 @@ namespace {
 template <typename Data>
 Data selectionOf(const AXUIElement& element) {
   Data data;
-  data.elementName = collectNameOfTitleElementOrElement(element).value_or("");
+  data.elementName = collectName({.titleElementOrElement = element}).value_or("");
   data.controlType = collectRoleDescription(element);
   data.automationID = collectAutomationID(element).value_or("");
   return data;

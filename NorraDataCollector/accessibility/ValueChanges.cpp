@@ -2,10 +2,10 @@
 
 #include <utility>
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {
@@ -41,7 +41,7 @@ std::optional<Action> takeTextChange(FocusedElementData& data, bool logUnchanged
 std::optional<Action> actionForChangedText(const AXUIElement& element, const std::string& role,
                                            const std::string& subrole, const std::string& text, bool isPassword) {
   ChangedElement changed;
-  changed.name = collectNameOfTitleElementOrElement(element).value_or("");
+  changed.name = collectName({.titleElementOrElement = element}).value_or("");
   changed.automationID = collectAutomationID(element).value_or("");
   changed.controlType = collectRoleDescription(element, role, subrole, ax::roleDescription(element));
   if (hasMoreCharactersThan(text, maxLogStringCount - 1)) return std::nullopt;

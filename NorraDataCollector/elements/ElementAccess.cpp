@@ -1,9 +1,9 @@
 #include "NorraDataCollector/elements/ElementAccess.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
+#include "NorraBase/OneOf.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/elements/AttributeValueText.h"
 #include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
@@ -52,7 +52,7 @@ std::string coordinateText(double coordinate) {
 AXAttributeValue value(const AXUIElement& element, std::string_view attribute) {
   auto copied = element.primitives().copyAttributeValue(attribute);
   if (copied.error == axError::success) return std::move(copied.value);
-  if (std::ranges::find(quietErrors, copied.error) == quietErrors.end()) {
+  if (!isOneOf(quietErrors, copied.error)) {
     defaultLogger().debug("Error: AXUIElementCopyAttributeValue error: " + std::to_string(copied.error));
   }
   return {};

@@ -5,13 +5,14 @@
 #include "NorraDataCollector/elements/AttributeValueText.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
+#include "NorraDataCollector/interpretation/NameLists.h"
 #include "NorraDataCollector/interpretation/NameSearch.h"
 
 namespace norra {
 namespace {
 
-std::string nameFound(const AXUIElement& element, SearchDirections directions, bool imagesCount) {
-  auto found = searchName(element, directions, imagesCount);
+std::string nameFoundAround(const AXUIElement& element) {
+  auto found = searchName(element, SearchDirections::both, false);
   return found ? std::move(found->name) : std::string();
 }
 
@@ -34,7 +35,7 @@ Control readControl(const SearchData& found) {
   const auto& element = *found.interactiveElement;
   Control control;
   control.automationID = collectAutomationID(element).value_or("");
-  control.name = found.interactiveName ? *found.interactiveName : nameFound(element, SearchDirections::both, false);
+  control.name = found.interactiveName ? *found.interactiveName : nameFoundAround(element);
   control.labelledName = labelledElementName(found, control.name);
   control.controlType =
       collectRoleDescription(element, found.interactiveRole, found.interactiveSubrole, ax::roleDescription(element));
@@ -90,17 +91,14 @@ std::vector<Action> actionsForControl(const SearchData& found, MouseButton butto
 }
 
 ClickData clickedListItem(const AXUIElement& item, MouseButton button) {
-  auto name = collectName(item);
-  return {.elementName = name ? *std::move(name) : nameFound(item, SearchDirections::children, true),
+  return {.elementName = collectName({.listItemElement = item}).value_or(""),
           .controlType = collectRoleDescription(item),
           .automationID = collectAutomationID(item).value_or(""),
           .button = button};
 }
 
 std::string rowOrCellName(const std::optional<AXUIElement>& element) {
-  if (!element) return {};
-  if (auto name = collectNameOfTitleElementOrElement(element, rowAndCellIgnoredAttributes)) return *std::move(name);
-  return nameFound(*element, SearchDirections::children, false);
+  return element ? collectName({.rowOrColumn = *element}).value_or("") : std::string();
 }
 
 std::string columnName(const SearchData& found) {
@@ -108,7 +106,7 @@ std::string columnName(const SearchData& found) {
   const auto column = found.cellColumnIndexRange->location;
   if (column < 0 || column >= std::ssize(*found.columns)) return {};
   const auto header = ax::element((*found.columns)[static_cast<std::size_t>(column)], attribute::header);
-  return collectNameOfTitleElementOrElement(header).value_or("");
+  return collectName({.titleElementOrElement = header}).value_or("");
 }
 
 std::string rowOrCellAutomationID(const SearchData& found) {
@@ -148,8 +146,8 @@ std::string labelledElementName(const SearchData& searchData, const std::string&
   const bool isPopUpLabelled = popUpLabel && !popUpLabel->empty();
   const auto& label = isPopUpLabelled ? popUpLabel : searchData.interactiveTitleElementName;
   if (!label || *label == name) return name;
-  auto labelled = label->ends_with(':') ? *label : *label + ":";
-  return name.empty() ? labelled : labelled + " " + name;
+  const auto labelWithColon = label->ends_with(':') ? *label : *label + ":";
+  return name.empty() ? labelWithColon : labelWithColon + " " + name;
 }
 
 }  // namespace norra

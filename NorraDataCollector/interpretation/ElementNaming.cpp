@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {
@@ -50,8 +50,8 @@ std::optional<std::string> collectTitleElementName(const AXUIElement& element,
   return collectName(ax::titleElement(element), ignoredAttributes);
 }
 
-std::optional<std::string> collectNameOfTitleElementOrElement(const std::optional<AXUIElement>& element,
-                                                              const AttributeNames& ignoredAttributes) {
+std::optional<std::string> collectName(const TitleElementOrElement& titled, const AttributeNames& ignoredAttributes) {
+  const auto& element = titled.titleElementOrElement;
   if (!element) return std::nullopt;
   if (auto name = collectTitleElementName(*element, ignoredAttributes)) return name;
   return collectName(element, ignoredAttributes);

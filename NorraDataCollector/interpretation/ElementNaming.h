@@ -29,9 +29,15 @@ std::optional<std::string> collectName(const std::optional<AXUIElement>& element
 std::optional<std::string> collectTitleElementName(const AXUIElement& element,
                                                    const AttributeNames& ignoredAttributes = {});
 
+/// Says in a call of collectName, which then reads collectName({.titleElementOrElement = field}), that an element that
+/// names another comes first.
+struct TitleElementOrElement {
+  std::optional<AXUIElement> titleElementOrElement;
+};
+
 /// The name of the element's title element, else the element's own.
-std::optional<std::string> collectNameOfTitleElementOrElement(const std::optional<AXUIElement>& element,
-                                                              const AttributeNames& ignoredAttributes = {});
+std::optional<std::string> collectName(const TitleElementOrElement& titled,
+                                       const AttributeNames& ignoredAttributes = {});
 
 /// The given description, else the platform's words for the role, else the role itself. `handle` answers for the
 /// platform and may be any element.

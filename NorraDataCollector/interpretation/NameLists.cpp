@@ -2,9 +2,8 @@
 
 #include <utility>
 
-#include "NorraDataCollector/interpretation/ElementNaming.h"
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/interpretation/NameSearch.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {
@@ -40,14 +39,14 @@ std::optional<std::string> nameFoundBelow(const AXUIElement& element, bool image
 
 }  // namespace
 
-std::optional<std::string> collectRowOrColumnName(const AXUIElement& rowOrColumn) {
-  if (auto name = collectNameOfTitleElementOrElement(rowOrColumn, rowAndCellIgnoredAttributes)) return name;
-  return nameFoundBelow(rowOrColumn, false);
+std::optional<std::string> collectName(const RowOrColumn& part) {
+  if (auto name = collectName({.titleElementOrElement = part.rowOrColumn}, rowAndCellIgnoredAttributes)) return name;
+  return nameFoundBelow(part.rowOrColumn, false);
 }
 
-std::optional<std::string> collectListItemName(const AXUIElement& listItem) {
-  if (auto name = collectName(listItem)) return name;
-  return nameFoundBelow(listItem, true);
+std::optional<std::string> collectName(const ListItemElement& item) {
+  if (auto name = collectName(item.listItemElement)) return name;
+  return nameFoundBelow(item.listItemElement, true);
 }
 
 std::string joinedLazilyCollectedNames(const std::function<std::optional<std::string>(std::size_t)>& collect,
@@ -69,12 +68,13 @@ std::string joinedLazilyCollectedNames(const std::function<std::optional<std::st
 }
 
 std::string joinedLazilyCollectedRowOrColumnNames(const std::vector<AXUIElement>& elements) {
-  return joinedLazilyCollectedNames([&](auto index) { return collectRowOrColumnName(elements[index]); },
+  return joinedLazilyCollectedNames([&](auto index) { return collectName({.rowOrColumn = elements[index]}); },
                                     elements.size());
 }
 
 std::string joinedLazilyCollectedListItemElementNames(const std::vector<AXUIElement>& elements) {
-  return joinedLazilyCollectedNames([&](auto index) { return collectListItemName(elements[index]); }, elements.size());
+  return joinedLazilyCollectedNames([&](auto index) { return collectName({.listItemElement = elements[index]}); },
+                                    elements.size());
 }
 
 }  // namespace norra

@@ -6,14 +6,22 @@
 #include <string>
 #include <vector>
 
+#include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "Platform/Accessibility.h"
 
 namespace norra {
 
+struct RowOrColumn {
+  AXUIElement rowOrColumn;
+};
+struct ListItemElement {
+  AXUIElement listItemElement;
+};
+
 /// The name of a row, a column or a cell: its title element's or its own, else that of something below it.
-std::optional<std::string> collectRowOrColumnName(const AXUIElement& rowOrColumn);
+std::optional<std::string> collectName(const RowOrColumn& part);
 /// The name of a list's item: its own, else that of something below it, images included.
-std::optional<std::string> collectListItemName(const AXUIElement& listItem);
+std::optional<std::string> collectName(const ListItemElement& item);
 
 /// Joins the names that `collect` gives for the indices from 0, asking only while there is room in the budget of
 /// maxLogStringCount characters, and not without end for names that there are not. An index without a name is left out;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "NorraBase/OneOf.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 
 namespace norra {
@@ -23,21 +24,19 @@ constexpr std::array boundaryRoles{role::table,      role::outline,     role::gr
 constexpr std::array interactiveActionNames{"AXCancel"sv,    "AXConfirm"sv, "AXDecrement"sv,
                                             "AXIncrement"sv, "AXPick"sv,    "AXPress"sv};
 
-bool contains(const auto& names, std::string_view name) { return std::ranges::find(names, name) != names.end(); }
-
 }  // namespace
 
-bool isInteractive(std::string_view role) { return contains(interactiveRoles, role); }
+bool isInteractive(std::string_view role) { return isOneOf(interactiveRoles, role); }
 
-bool isText(std::string_view role) { return contains(textRoles, role); }
+bool isText(std::string_view role) { return isOneOf(textRoles, role); }
 
 bool canContinueSearch(std::string_view role, bool includingRowsAndCells) {
   if (role == role::row || role == role::cell) return includingRowsAndCells;
-  return !contains(boundaryRoles, role);
+  return !isOneOf(boundaryRoles, role);
 }
 
 bool hasInteractiveAction(const std::vector<std::string>& actions) {
-  return std::ranges::any_of(actions, [](const auto& action) { return contains(interactiveActionNames, action); });
+  return std::ranges::any_of(actions, [](const auto& action) { return isOneOf(interactiveActionNames, action); });
 }
 
 }  // namespace norra

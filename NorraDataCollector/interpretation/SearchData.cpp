@@ -1,9 +1,9 @@
 #include "NorraDataCollector/interpretation/SearchData.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
+#include "NorraBase/OneOf.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/RolePredicates.h"
@@ -21,8 +21,6 @@ constexpr std::array controlRoles{role::slider,      role::button,     role::rad
                                   role::popUpButton, role::menuButton, role::menuItem,    role::comboBox,
                                   role::incrementor, role::dockItem};
 constexpr std::array clickableTextRoles{role::textField, role::staticText, role::textArea, role::heading};
-
-bool isOneOf(const auto& roles, std::string_view role) { return std::ranges::find(roles, role) != roles.end(); }
 
 std::optional<AXAttributeValue> numberOrText(AXAttributeValue value) {
   if (std::holds_alternative<NSNumber>(value) || std::holds_alternative<std::string>(value)) return value;
@@ -92,12 +90,12 @@ void AncestorWalk::meetCell(const AXUIElement& current) {
 }
 
 void AncestorWalk::meetGroup(const AXUIElement& current) {
-  if (!data_.groupName) data_.groupName = collectNameOfTitleElementOrElement(current);
+  if (!data_.groupName) data_.groupName = collectName({.titleElementOrElement = current});
 }
 
 void AncestorWalk::meetLink(const AXUIElement& current) {
   if (data_.linkElement) return;
-  data_.linkName = collectNameOfTitleElementOrElement(current);
+  data_.linkName = collectName({.titleElementOrElement = current});
   data_.linkElement = current;
 }
 
@@ -147,7 +145,7 @@ class MenuChain {
   std::optional<AXUIElement> next() {
     if (visited_.size() == maxMenuLevels) return std::nullopt;
     auto parent = ax::parent(visited_.back());
-    if (!parent || std::ranges::find(visited_, *parent) != visited_.end()) return std::nullopt;
+    if (!parent || isOneOf(visited_, *parent)) return std::nullopt;
     visited_.push_back(*parent);
     return parent;
   }

@@ -2,10 +2,10 @@
 
 #include <uriparser/Uri.h>
 
-#include <algorithm>
 #include <array>
 #include <utility>
 
+#include "NorraBase/OneOf.h"
 #include "NorraDataCollector/elements/AccessibilityConstants.h"
 #include "NorraDataCollector/elements/AttributeValueText.h"
 #include "NorraDataCollector/elements/ElementAccess.h"
@@ -46,8 +46,6 @@ std::string hostOf(const URL& url) {
   return host;
 }
 
-bool contains(const auto& texts, std::string_view text) { return std::ranges::find(texts, text) != texts.end(); }
-
 }  // namespace
 
 bool isWeb(const AXUIElement& element) { return ax::domIdentifier(element).has_value(); }
@@ -61,10 +59,10 @@ std::optional<URL> parentWebAreaURL(const AXUIElement& element) {
   return std::nullopt;
 }
 
-bool canTrackTextArea(const std::optional<URL>& url) { return url && contains(webSearchHosts, hostOf(*url)); }
+bool canTrackTextArea(const std::optional<URL>& url) { return url && isOneOf(webSearchHosts, hostOf(*url)); }
 
 bool isApplicationChromiumBased(const std::optional<std::string>& bundleIdentifier) {
-  return bundleIdentifier && contains(chromiumBasedBrowsers, *bundleIdentifier);
+  return bundleIdentifier && isOneOf(chromiumBasedBrowsers, *bundleIdentifier);
 }
 
 }  // namespace norra

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "NorraBase/Text.h"
+
 namespace norra {
 namespace {
 
@@ -39,11 +41,6 @@ std::optional<Enumeration> find(const std::array<std::string_view, size>& texts,
   const auto found = std::ranges::find(texts, text);
   if (found == texts.end()) return std::nullopt;
   return static_cast<Enumeration>(found - texts.begin());
-}
-
-bool equalsIgnoringCase(std::string_view text, std::string_view lowerCase) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-  return std::ranges::equal(text, lowerCase, {}, lower);
 }
 
 }  // namespace

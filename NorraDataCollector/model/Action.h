@@ -44,6 +44,11 @@ enum class MouseButton : std::uint8_t { left, right, middle, double_, doubleRigh
 /// The state of a control with two or three states; its values are those of the wire format.
 enum class ToggleState : std::uint8_t { off = 0, on = 1, indeterminate = 2 };
 
+struct UndefinedData {
+  CodingKeys action = CodingKeys::undefined;
+  bool operator==(const UndefinedData&) const = default;
+};
+
 struct CollectorData {
   CodingKeys action = CodingKeys::collector;
   CollectorOperation operation = CollectorOperation::start;
@@ -166,13 +171,11 @@ struct ClickComboBoxData {
 };
 
 /// One report. The first alternative is `undefined`; the order is that of CodingKeys.
-using Action = std::variant<std::monostate, CollectorData, ChangeApplicationData, OpenMenuData, ClickData,
+using Action = std::variant<UndefinedData, CollectorData, ChangeApplicationData, OpenMenuData, ClickData,
                             ClickHyperlinkData, ClickListItemData, ClickRadioButtonData, ToggleData, ChangeTextData,
                             ChangePasswordData, ChangeSliderData, ChangeSpinnerData, ChangeSelectedRowsData,
                             ChangeSelectedCellsData, ChangeSelectedChildrenData, KeyCombinationData, SpecialKeyData,
                             ExternalData, ConsoleData, ClickComboBoxData>;
-
-inline const Action undefinedAction{};
 
 /// The case of the union, whatever the payload's `action` says.
 inline CodingKeys kind(const Action& action) { return static_cast<CodingKeys>(action.index()); }

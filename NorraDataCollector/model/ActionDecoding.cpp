@@ -84,11 +84,6 @@ Action readRecord(const JSONObject& object) {
   return data;
 }
 
-template <>
-Action readRecord<std::monostate>(const JSONObject&) {
-  return {};
-}
-
 /// One reader for each alternative of Action, by its index.
 constexpr auto recordReaders = []<std::size_t... index>(std::index_sequence<index...>) {
   return std::array{&readRecord<std::variant_alternative_t<index, Action>>...};

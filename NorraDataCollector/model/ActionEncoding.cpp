@@ -132,11 +132,6 @@ template <typename Output>
 struct ActionWriter {
   JSONWriter<Output> json;
 
-  void operator()(std::monostate) {
-    json.begin(CodingKeys::undefined);
-    json.end();
-  }
-
   template <typename Data>
   void operator()(const Data& data) {
     json.begin(data.action);

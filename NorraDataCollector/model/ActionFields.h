@@ -19,6 +19,8 @@ struct Field {
 template <typename Data, typename Value>
 Field(const char*, Value Data::*) -> Field<Data, Value>;
 
+constexpr auto fields(std::type_identity<UndefinedData>) { return std::tuple(); }
+
 constexpr auto fields(std::type_identity<CollectorData>) {
   return std::tuple(Field{"operation", &CollectorData::operation});
 }

@@ -47,7 +47,7 @@ std::string toggledValue(const std::string& text) {
   return state.empty() ? text : std::string(state);
 }
 
-ActionWords words(const std::monostate&) { return {.deed = "Did something of an unknown kind"}; }
+ActionWords words(const UndefinedData&) { return {.deed = "Did something of an unknown kind"}; }
 
 ActionWords words(const CollectorData& data) {
   switch (data.operation) {

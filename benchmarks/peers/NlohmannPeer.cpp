@@ -65,9 +65,7 @@ std::string encode(const Action& action) {
   ordered_json object;
   add(object, "action", kind(action));
   const auto addFields = [&]<typename Data>(const Data& data) {
-    if constexpr (!std::is_same_v<Data, std::monostate>) {
-      forEachField<Data>([&](const auto& field) { add(object, field.name, data.*field.member); });
-    }
+    forEachField<Data>([&](const auto& field) { add(object, field.name, data.*field.member); });
   };
   std::visit(addFields, action);
   return withEscapedSlashes(object.dump());

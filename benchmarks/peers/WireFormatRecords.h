@@ -69,13 +69,9 @@ class RecordReader {
 
   template <typename Data>
   static Action record(RecordReader& reader) {
-    if constexpr (std::is_same_v<Data, std::monostate>) {
-      return {};
-    } else {
-      Data data;
-      forEachField<Data>([&](const auto& field) { reader.read(field.name, data.*field.member); });
-      return data;
-    }
+    Data data;
+    forEachField<Data>([&](const auto& field) { reader.read(field.name, data.*field.member); });
+    return data;
   }
 
   static constexpr auto readers = []<std::size_t... index>(std::index_sequence<index...>) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/accessibility/FocusedElementData.h"
 #include "NorraDataCollector/accessibility/SelectionChanges.h"
 #include "NorraDataCollector/accessibility/ValueChanges.h"
@@ -7,7 +8,6 @@
 #include "NorraDataCollector/interpretation/ClickClassification.h"
 #include "NorraDataCollector/interpretation/NameLists.h"
 #include "NorraDataCollector/interpretation/WebContext.h"
-#include "NorraDataCollector/text/Text.h"
 
 namespace norra {
 namespace {

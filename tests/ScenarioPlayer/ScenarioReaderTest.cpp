@@ -162,9 +162,9 @@ TEST(ScenarioReader, KeysAreReadByNameOrNumber) {
   const auto key = [](const std::string& fields) {
     return std::get<PressKey>(readValid(R"({"steps":[{"key":{)" + fields + "}}]}").steps.at(0)).key.value();
   };
-  EXPECT_EQ(key(R"("special":"insertLine")").specialKey, NSSpecialKey{0xF73B});
-  EXPECT_EQ(key(R"("special":"f35")").specialKey, NSSpecialKey{0xF726});
-  EXPECT_EQ(key(R"("special":63232)").specialKey, NSSpecialKey{0xF700});
+  EXPECT_EQ(key(R"("special":"insertLine")").specialKey, NSEvent::SpecialKey::insertLine);
+  EXPECT_EQ(key(R"("special":"f35")").specialKey, NSEvent::SpecialKey::f35);
+  EXPECT_EQ(key(R"("special":63232)").specialKey, NSEvent::SpecialKey::upArrow);
   EXPECT_EQ(key(R"("modifiers":["shift","function"])").modifierFlags, 0x820000U);
   EXPECT_EQ(key(R"("modifiers":18446744073709551615)").modifierFlags, std::numeric_limits<std::uint64_t>::max());
 }

@@ -6,7 +6,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-constexpr CGEventMask maskOf(CGEventType type) { return CGEventMask{1} << static_cast<std::uint32_t>(type); }
 constexpr CGEventMask clicks = maskOf(CGEventType::leftMouseUp);
 constexpr CGEventMask keys = maskOf(CGEventType::keyDown);
 

@@ -67,11 +67,9 @@ constexpr bool isOptional<std::optional<Value>> = true;
 template <typename Data>
 std::string membersOf() {
   std::string text;
-  if constexpr (!std::is_same_v<Data, std::monostate>) {
-    forEachField<Data>([&]<typename Value>(const Field<Data, Value>& field) {
-      text += (text.empty() ? "`" : ", `") + std::string(field.name) + (isOptional<Value> ? "`?" : "`");
-    });
-  }
+  forEachField<Data>([&]<typename Value>(const Field<Data, Value>& field) {
+    text += (text.empty() ? "`" : ", `") + std::string(field.name) + (isOptional<Value> ? "`?" : "`");
+  });
   return text;
 }
 

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "NorraBase/Text.h"
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/NameLists.h"
-#include "NorraDataCollector/text/Text.h"
 #include "tests/fuzz/FuzzInput.h"
 
 namespace norra::fuzz {

@@ -40,9 +40,9 @@ void SoakEvents::pressKey() {
   using namespace modifierFlag;
   static const std::vector<NSEvent> keys{{false, std::nullopt, "a", shift},
                                          {false, std::nullopt, "c", command},
-                                         {false, NSSpecialKey{0x000D}, "\r", 0},
-                                         {false, NSSpecialKey{0xF700}, std::nullopt, function | numericPad},
-                                         {true, NSSpecialKey{0xF701}, std::nullopt, 0}};
+                                         {false, NSEvent::SpecialKey::carriageReturn, "\r", 0},
+                                         {false, NSEvent::SpecialKey::upArrow, std::nullopt, function | numericPad},
+                                         {true, NSEvent::SpecialKey::downArrow, std::nullopt, 0}};
   const auto drawn = below(keys.size() + 1);
   desktop_.pressKey(drawn < keys.size() ? std::optional(keys[drawn]) : std::nullopt);
 }

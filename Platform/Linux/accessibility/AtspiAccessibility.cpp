@@ -5,7 +5,6 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr CGEventMask maskOf(CGEventType type) { return CGEventMask{1} << static_cast<unsigned>(type); }
 constexpr auto inputThatChangesValues =
     maskOf(CGEventType::keyDown) | maskOf(CGEventType::leftMouseUp) | maskOf(CGEventType::otherMouseUp);
 

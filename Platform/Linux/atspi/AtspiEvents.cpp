@@ -22,9 +22,6 @@ constexpr std::uint64_t applicationStartsMicroseconds = 100'000;
 constexpr const char* registryChangesRule =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
     "member='NameOwnerChanged',arg0='org.a11y.atspi.Registry'";
-constexpr const char* disconnectionRule =
-    "type='signal',sender='org.freedesktop.DBus.Local',path='/org/freedesktop/DBus/Local',"
-    "interface='org.freedesktop.DBus.Local',member='Disconnected'";
 
 std::string ruleFor(const AtspiEventKind& kind) {
   auto rule = "type='signal',interface='org.a11y.atspi.Event.Object',member='" + kind.member + "'";
@@ -122,7 +119,7 @@ void AtspiEvents::reconnectLater() {
 void AtspiEvents::watchBus() {
   nameChanges_ = match(nameChangesRule, onNameChange);
   registryChanges_ = match(registryChangesRule, onRegistryChange);
-  disconnection_ = match(disconnectionRule, onDisconnect);
+  disconnection_ = match(disconnectionMatch, onDisconnect);
 }
 
 SlotPtr AtspiEvents::match(const char* rule, sd_bus_message_handler_t handler) {

@@ -80,7 +80,7 @@ void KeyTranslator::ignoreModifiersExceptShift() {
 }
 
 // A modifier may make another special key of a key (Alt and Print Screen), or hide it (Control, Alt and F1).
-std::optional<NSSpecialKey> KeyTranslator::specialKeyAt(xkb_keycode_t key) const {
+std::optional<NSEvent::SpecialKey> KeyTranslator::specialKeyAt(xkb_keycode_t key) const {
   const auto withModifiers = specialKeyOf(xkb_state_key_get_one_sym(state_.get(), key));
   if (withModifiers) return withModifiers;
   return specialKeyOf(xkb_state_key_get_one_sym(stateWithoutModifiers_.get(), key));

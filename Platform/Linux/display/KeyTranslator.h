@@ -55,7 +55,7 @@ class KeyTranslator {
   bool isHeld(const char* modifier) const;
   bool isOnKeypad(xkb_keycode_t key) const;
   void ignoreModifiersExceptShift();
-  std::optional<NSSpecialKey> specialKeyAt(xkb_keycode_t key) const;
+  std::optional<NSEvent::SpecialKey> specialKeyAt(xkb_keycode_t key) const;
   std::optional<std::string> charactersAt(xkb_keycode_t key) const;
   bool mayTellCharacters(std::uint64_t flags) const;
 

@@ -12,8 +12,9 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <string>
+
+#include "NorraBase/TimeText.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -40,19 +41,6 @@ bool isServiceOfSystemd() {
          access("/run/systemd/journal/socket", W_OK) == 0;
 }
 
-std::string timeOfDay() {
-  const auto now = std::chrono::system_clock::now();
-  const auto seconds = std::chrono::system_clock::to_time_t(now);
-  const auto milliseconds =
-      std::chrono::duration_cast<std::chrono::milliseconds>(now.time_since_epoch()).count() % 1000;
-  std::tm local{};
-  localtime_r(&seconds, &local);
-  std::array<char, 32> text{};
-  const auto length = std::strftime(text.data(), text.size(), "%H:%M:%S", &local);
-  std::snprintf(text.data() + length, text.size() - length, ".%03d", static_cast<int>(milliseconds));
-  return text.data();
-}
-
 int width(std::string_view text) { return static_cast<int>(text.size()); }
 
 }  // namespace
@@ -69,7 +57,7 @@ void JournalSink::write(const LogMessage& message) {
 
 void StandardErrorSink::write(const LogMessage& message) {
   if (!message.isEnabled) return;
-  std::string line = timeOfDay();
+  std::string line = localTimeOfDay(std::chrono::system_clock::now());
   line.append(" ").append(name(message.level)).append(" ").append(message.category).append(": ");
   line.append(message.text).append("\n");
   std::fwrite(line.data(), 1, line.size(), stderr);

@@ -38,6 +38,10 @@ struct OpenedBus {
 /// A connection to the user's session bus, served by the event loop. It waits for the bus a bounded time.
 OpenedBus openSessionBus(sd_event* event, const char* description);
 
+/// Matches what a connection tells itself when it has lost its bus, whichever bus that is.
+inline constexpr const char* disconnectionMatch =
+    "type='signal',sender='org.freedesktop.DBus.Local',interface='org.freedesktop.DBus.Local',member='Disconnected'";
+
 /// What the bus or the peer said, in one line.
 std::string describe(const sd_bus_error& error);
 /// The text of a negative errno.

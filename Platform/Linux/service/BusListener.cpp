@@ -12,9 +12,6 @@ namespace {
 /// The bus takes a message within a millisecond; one that does not is hung.
 constexpr std::chrono::seconds sendLimit{2};
 
-constexpr const char* disconnectionMatch =
-    "type='signal',sender='org.freedesktop.DBus.Local',interface='org.freedesktop.DBus.Local',member='Disconnected'";
-
 std::string noNameProblem(int error) {
   const std::string name = busNames::service;
   if (error == -EEXIST) {
@@ -28,13 +25,13 @@ std::string noNameProblem(int error) {
 
 const sd_bus_vtable BusListener::methods[] = {
     SD_BUS_VTABLE_START(0),
-    SD_BUS_METHOD_WITH_ARGS("startCollectorWith", SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
+    SD_BUS_METHOD_WITH_ARGS(busNames::startCollectorWith, SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_METHOD_WITH_ARGS("stopCollectorWith", SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
+    SD_BUS_METHOD_WITH_ARGS(busNames::stopCollectorWith, SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_METHOD_WITH_ARGS("pauseCollectorWith", SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
+    SD_BUS_METHOD_WITH_ARGS(busNames::pauseCollectorWith, SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
                             SD_BUS_VTABLE_UNPRIVILEGED),
-    SD_BUS_METHOD_WITH_ARGS("resumeCollectorWith", SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
+    SD_BUS_METHOD_WITH_ARGS(busNames::resumeCollectorWith, SD_BUS_NO_ARGS, SD_BUS_RESULT("s", reply), onCall,
                             SD_BUS_VTABLE_UNPRIVILEGED),
     SD_BUS_VTABLE_END,
 };

@@ -14,14 +14,14 @@ namespace {
 
 constexpr std::size_t mostWaitingCalls = 64;
 constexpr std::uint64_t introspectionLimitMicroseconds = 250'000;
-constexpr std::string_view start = "startCollectorWith";
+constexpr std::string_view start = busNames::startCollectorWith;
 
 using Operation = void (ServiceProtocol::*)(const ServiceReply&);
 constexpr std::array<std::pair<std::string_view, Operation>, 4> operations{{
     {start, &ServiceProtocol::startCollectorWith},
-    {"stopCollectorWith", &ServiceProtocol::stopCollectorWith},
-    {"pauseCollectorWith", &ServiceProtocol::pauseCollectorWith},
-    {"resumeCollectorWith", &ServiceProtocol::resumeCollectorWith},
+    {busNames::stopCollectorWith, &ServiceProtocol::stopCollectorWith},
+    {busNames::pauseCollectorWith, &ServiceProtocol::pauseCollectorWith},
+    {busNames::resumeCollectorWith, &ServiceProtocol::resumeCollectorWith},
 }};
 
 Operation operationNamed(std::string_view member) {

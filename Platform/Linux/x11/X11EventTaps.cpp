@@ -13,8 +13,6 @@ namespace {
 constexpr std::uint16_t majorVersion = 2;
 constexpr std::uint16_t minorVersion = 2;  // before 2.1 raw events stop while another client holds a grab
 
-constexpr CGEventMask maskOf(CGEventType type) { return CGEventMask{1} << static_cast<std::uint32_t>(type); }
-
 constexpr auto clicks =
     maskOf(CGEventType::leftMouseUp) | maskOf(CGEventType::rightMouseUp) | maskOf(CGEventType::otherMouseUp);
 constexpr auto keyPresses = maskOf(CGEventType::keyDown);

@@ -30,7 +30,7 @@ TEST(ActionEncoding, ReadsNullMissingAndUnknownMembers) {
       std::get<Action>(decodeAction(
           R"( {"toggleState":null,"button":"left","automationID":"c","controlType":"b","elementName":"a","action":"Click","extra":[{}]} )")),
       Action(click));
-  EXPECT_EQ(std::get<Action>(decodeAction(R"({"action":"Undefined","elementName":1})")), undefinedAction);
+  EXPECT_EQ(std::get<Action>(decodeAction(R"({"action":"Undefined","elementName":1})")), Action(UndefinedData()));
 }
 
 TEST(ActionEncoding, ReadsEveryAddressThatItWrites) {

@@ -28,7 +28,7 @@ ClickData click(Button button, std::optional<State> state = State::indeterminate
 }
 
 const std::vector<WordsCase> wordsCases{
-    {undefinedAction, {"Did something of an unknown kind"}},
+    {UndefinedData(), {"Did something of an unknown kind"}},
     {with<CollectorData>(CollectorOperation::start), {"Collection started"}},
     {with<CollectorData>(CollectorOperation::resume), {"Collection resumed"}},
     {with<ChangeApplicationData>(1, "org.example.Notes", "Notes", "List"), {"Switched to", "Notes", "List"}},

@@ -10,7 +10,9 @@ namespace {
 
 using namespace modifierFlag;
 
-constexpr NSSpecialKey noKey{0};
+using Key = NSEvent::SpecialKey;
+
+constexpr Key noKey{0};
 
 /// A press under a layout, and what it is expected to mean.
 struct Press {
@@ -19,7 +21,7 @@ struct Press {
   std::uint32_t layout;
   std::vector<const char*> heldModifiers;
   const char* key;
-  NSSpecialKey specialKey;
+  Key specialKey;
   std::string characters;  // empty: none
   std::uint64_t flags;
 
@@ -87,32 +89,25 @@ INSTANTIATE_TEST_SUITE_P(
         Press{"a dead key", "de", 0, {controlKey}, "TLDE", noKey, "", control},
         Press{"a modifier", "us", 0, {controlKey}, "LFSH", noKey, "", control},
         Press{"Escape is a character", "us", 0, {controlKey}, "ESC", noKey, "\x1B", control},
-        Press{"Return", "us", 0, {}, "RTRN", NSSpecialKey{0x0D}, "", 0},
-        Press{"Enter of the keypad", "us", 0, {}, "KPEN", NSSpecialKey{0x03}, "", numericPad},
-        Press{"delete backwards", "us", 0, {}, "BKSP", NSSpecialKey{0x7F}, "", 0},
-        Press{"delete forward", "us", 0, {}, "DELE", NSSpecialKey{0xF728}, "", function},
-        Press{"Tab", "us", 0, {}, "TAB", NSSpecialKey{0x09}, "", 0},
-        Press{"Shift and Tab", "us", 0, {shiftKey}, "TAB", NSSpecialKey{0x19}, "", shift},
-        Press{"an arrow", "us", 0, {}, "UP", NSSpecialKey{0xF700}, "", numericPad | function},
-        Press{"Home", "us", 0, {}, "HOME", NSSpecialKey{0xF729}, "", function},
-        Press{"a function key", "us", 0, {}, "FK05", NSSpecialKey{0xF708}, "", function},
-        Press{"Alt and F4", "us", 0, {altKey}, "FK04", NSSpecialKey{0xF707}, "", option | function},
-        Press{"a terminal's key",
-              "us",
-              0,
-              {controlKey, altKey},
-              "FK01",
-              NSSpecialKey{0xF704},
-              "",
-              control | option | function},
-        Press{"Print Screen", "us", 0, {}, "PRSC", NSSpecialKey{0xF72E}, "", function},
-        Press{"Alt and Print Screen", "us", 0, {altKey}, "PRSC", NSSpecialKey{0xF731}, "", option | function},
-        Press{"Pause", "us", 0, {}, "PAUS", NSSpecialKey{0xF730}, "", function},
-        Press{"control and Pause", "us", 0, {controlKey}, "PAUS", NSSpecialKey{0xF732}, "", control | function},
-        Press{"the menu key", "us", 0, {}, "COMP", NSSpecialKey{0xF735}, "", function},
-        Press{"Help", "us", 0, {}, "HELP", NSSpecialKey{0xF746}, "", modifierFlag::help | function},
+        Press{"Return", "us", 0, {}, "RTRN", Key::carriageReturn, "", 0},
+        Press{"Enter of the keypad", "us", 0, {}, "KPEN", Key::enter, "", numericPad},
+        Press{"delete backwards", "us", 0, {}, "BKSP", Key::delete_, "", 0},
+        Press{"delete forward", "us", 0, {}, "DELE", Key::deleteForward, "", function},
+        Press{"Tab", "us", 0, {}, "TAB", Key::tab, "", 0},
+        Press{"Shift and Tab", "us", 0, {shiftKey}, "TAB", Key::backTab, "", shift},
+        Press{"an arrow", "us", 0, {}, "UP", Key::upArrow, "", numericPad | function},
+        Press{"Home", "us", 0, {}, "HOME", Key::home, "", function},
+        Press{"a function key", "us", 0, {}, "FK05", Key::f5, "", function},
+        Press{"Alt and F4", "us", 0, {altKey}, "FK04", Key::f4, "", option | function},
+        Press{"a terminal's key", "us", 0, {controlKey, altKey}, "FK01", Key::f1, "", control | option | function},
+        Press{"Print Screen", "us", 0, {}, "PRSC", Key::printScreen, "", function},
+        Press{"Alt and Print Screen", "us", 0, {altKey}, "PRSC", Key::sysReq, "", option | function},
+        Press{"Pause", "us", 0, {}, "PAUS", Key::pause, "", function},
+        Press{"control and Pause", "us", 0, {controlKey}, "PAUS", Key::break_, "", control | function},
+        Press{"the menu key", "us", 0, {}, "COMP", Key::menu, "", function},
+        Press{"Help", "us", 0, {}, "HELP", Key::help, "", modifierFlag::help | function},
         Press{"a digit of the keypad", "us", 0, {numLockKey}, "KP5", noKey, "5", numericPad},
-        Press{"the keypad without Num Lock", "us", 0, {}, "KP7", NSSpecialKey{0xF729}, "", numericPad | function},
+        Press{"the keypad without Num Lock", "us", 0, {}, "KP7", Key::home, "", numericPad | function},
         Press{"an operator of the keypad", "us", 0, {}, "KPAD", noKey, "+", numericPad}));
 
 TEST(KeyTranslator, TellsNoDigitOfTheKeypadWhileASecretIsTyped) {

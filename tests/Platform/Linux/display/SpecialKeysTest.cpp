@@ -20,7 +20,7 @@ CodePoints reachedSpecialKeys() {
   for (std::uint32_t keysym = 0; keysym <= 0xFFFF; ++keysym) {
     if (const auto key = specialKeyOf(keysym)) reached.insert(static_cast<std::uint32_t>(*key));
   }
-  for (const auto& row : specialKeysOfKeysyms) reached.insert(row.codePoint);
+  for (const auto& row : specialKeysOfKeysyms) reached.insert(static_cast<std::uint32_t>(row.key));
   return reached;
 }
 
@@ -40,9 +40,9 @@ TEST(SpecialKeys, HaveOneMeaningForEachKeysym) {
 }
 
 TEST(SpecialKeys, NumberTheFunctionKeysInOrder) {
-  EXPECT_EQ(specialKeyOf(XKB_KEY_F1), NSSpecialKey{0xF704});
-  EXPECT_EQ(specialKeyOf(XKB_KEY_F12), NSSpecialKey{0xF70F});
-  EXPECT_EQ(specialKeyOf(XKB_KEY_F35), NSSpecialKey{0xF726});
+  EXPECT_EQ(specialKeyOf(XKB_KEY_F1), NSEvent::SpecialKey{0xF704});
+  EXPECT_EQ(specialKeyOf(XKB_KEY_F12), NSEvent::SpecialKey{0xF70F});
+  EXPECT_EQ(specialKeyOf(XKB_KEY_F35), NSEvent::SpecialKey{0xF726});
 }
 
 TEST(SpecialKeys, DoNotCoverCharactersAndModifiers) {
@@ -55,11 +55,12 @@ TEST(SpecialKeys, DoNotCoverCharactersAndModifiers) {
 
 TEST(SpecialKeys, CarryTheFlagsOfTheirPlaceOnTheKeyboard) {
   using namespace modifierFlag;
-  EXPECT_EQ(flagsOf(NSSpecialKey{0xF700}), numericPad | function);
-  EXPECT_EQ(flagsOf(NSSpecialKey{0xF703}), numericPad | function);
-  EXPECT_EQ(flagsOf(NSSpecialKey{0xF704}), function);
-  EXPECT_EQ(flagsOf(NSSpecialKey{0xF746}), modifierFlag::help | function);
-  for (const std::uint32_t plain : {0x03, 0x09, 0x0D, 0x19, 0x7F, 0x2028}) EXPECT_EQ(flagsOf(NSSpecialKey{plain}), 0);
+  EXPECT_EQ(flagsOf(NSEvent::SpecialKey{0xF700}), numericPad | function);
+  EXPECT_EQ(flagsOf(NSEvent::SpecialKey{0xF703}), numericPad | function);
+  EXPECT_EQ(flagsOf(NSEvent::SpecialKey{0xF704}), function);
+  EXPECT_EQ(flagsOf(NSEvent::SpecialKey{0xF746}), modifierFlag::help | function);
+  for (const std::uint32_t plain : {0x03, 0x09, 0x0D, 0x19, 0x7F, 0x2028})
+    EXPECT_EQ(flagsOf(NSEvent::SpecialKey{plain}), 0);
 }
 
 }  // namespace

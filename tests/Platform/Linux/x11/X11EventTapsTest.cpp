@@ -16,7 +16,8 @@ using testing::Field;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr CGEventMask allEvents = 0x04000414;
+constexpr CGEventMask allEvents = maskOf(CGEventType::leftMouseUp) | maskOf(CGEventType::rightMouseUp) |
+                                  maskOf(CGEventType::keyDown) | maskOf(CGEventType::otherMouseUp);
 
 /// One X server for all tests of the program.
 class X11EventTapsTest : public testing::Test {
@@ -112,7 +113,8 @@ auto key(std::optional<std::string> characters, std::uint64_t flags) {
 }
 
 auto specialKeyPress(std::uint32_t codePoint, std::uint64_t flags) {
-  return testing::AllOf(Field(&NSEvent::specialKey, NSSpecialKey{codePoint}), Field(&NSEvent::modifierFlags, flags));
+  return testing::AllOf(Field(&NSEvent::specialKey, NSEvent::SpecialKey{codePoint}),
+                        Field(&NSEvent::modifierFlags, flags));
 }
 
 TEST_F(X11EventTapsTest, ReportsTheReleaseOfEveryButtonWhereItHappens) {
@@ -224,7 +226,8 @@ TEST_F(X11EventTapsTest, SeesThroughTheGrabOfAnOpenMenu) {
 
 TEST_F(X11EventTapsTest, DeliversOnlyWhatATapWantsWhileItIsEnabledAndOnTheRunLoop) {
   std::vector<CGEvent> seen;
-  const auto tap = taps->createEventTap(1 << 4, [&](const CGEvent& event) { seen.push_back(event); });
+  const auto tap =
+      taps->createEventTap(maskOf(CGEventType::rightMouseUp), [&](const CGEvent& event) { seen.push_back(event); });
   user("xdotool click 3");
   tap->addSourceToMainRunLoop();
   user("xdotool click 3");

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "NorraDataCollector/text/Text.h"
+#include "NorraBase/Text.h"
 
 namespace norra {
 namespace {

@@ -21,6 +21,9 @@ inline bool hasMoreCharactersThan(std::string_view text, std::size_t count) {
 /// Whether two texts are canonically equivalent, such as a precomposed and a decomposed letter.
 bool areCanonicallyEquivalent(std::string_view left, std::string_view right);
 
+/// Whether two texts differ in the case of ASCII letters only.
+bool equalsIgnoringCase(std::string_view left, std::string_view right);
+
 bool isValidUTF8(std::string_view text);
 
 }  // namespace norra

@@ -1,4 +1,4 @@
-#include "NorraDataCollector/text/Text.h"
+#include "NorraBase/Text.h"
 
 #include <utf8proc.h>
 
@@ -119,6 +119,11 @@ bool areCanonicallyEquivalent(std::string_view left, std::string_view right) {
   const auto rightText = decomposed(right, rightSize);
   return leftText && rightText &&
          std::equal(leftText.get(), leftText.get() + leftSize, rightText.get(), rightText.get() + rightSize);
+}
+
+bool equalsIgnoringCase(std::string_view left, std::string_view right) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
+  return std::ranges::equal(left, right, {}, lower, lower);
 }
 
 bool isValidUTF8(std::string_view text) {
