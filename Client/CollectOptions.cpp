@@ -1,6 +1,7 @@
 #include "Client/CollectOptions.h"
 
 #include <CLI/CLI.hpp>
+#include <charconv>
 
 #include "Client/formats/ReportFormat.h"
 
@@ -15,16 +16,26 @@ constexpr const char* footer =
     "missing or --stats finds no service, 2 for a wrong use, 3 when the collection ended before it was stopped or "
     "reports could not be "
     "written.";
-constexpr int wrongUse = 2;
+constexpr int usageError = 2;
+
+std::string joined(const std::vector<std::string>& texts, const std::string& separator) {
+  std::string all;
+  for (const auto& text : texts) all += (all.empty() ? "" : separator) + text;
+  return all;
+}
+
+template <typename Number>
+bool isNumberBetween(Number min, Number max, std::string_view text) {
+  Number number{};
+  const auto [end, error] = std::from_chars(text.begin(), text.end(), number);
+  return error == std::errc() && end == text.end() && number >= min && number <= max;
+}
 
 /// Refuses, in a person's words, what is not such a number; CLI11's own refusal prints the limits of its type.
 template <typename Number>
-CLI::Validator numberBetween(Number least, Number most, const std::string& what) {
+CLI::Validator numberBetween(Number min, Number max, const std::string& what) {
   const auto refusal = [=](const std::string& given) {
-    Number number{};
-    const bool isNumber =
-        !given.starts_with('-') && CLI::detail::lexical_cast(given, number) && number >= least && number <= most;
-    return isNumber ? std::string() : given + " is not " + what;
+    return isNumberBetween(min, max, given) ? std::string() : given + " is not " + what;
   };
   return {refusal, ""};
 }
@@ -50,7 +61,7 @@ void declare(CLI::App& app, Given& given) {
   app.set_version_flag("--version", "norra-collect " NORRA_VERSION);
   app.add_option("--format", options.format, "How a report is printed: text for a terminal, else jsonl, unless given")
       ->check(CLI::IsMember(formatNames()))
-      ->option_text(CLI::detail::join(formatNames(), "|"));
+      ->option_text(joined(formatNames(), "|"));
   app.add_option("-o,--output", options.outputFile, "Append to this file instead of printing")->option_text("FILE");
   app.add_option("--duration", given.seconds, "Stop after this many seconds")
       ->check(numberBetween(0.0, 1e9, "a number of seconds"))
@@ -64,7 +75,7 @@ void declare(CLI::App& app, Given& given) {
          "repeated")
       ->option_text("NAME");
   app.add_option("--kind", given.kinds,
-                 "Print reports of this kind only; may be repeated; one of " + CLI::detail::join(kindNames(), ", "))
+                 "Print reports of this kind only; may be repeated; one of " + joined(kindNames(), ", "))
       ->transform(CLI::IsMember(kindNames(), CLI::ignore_case))
       ->option_text("KIND");
   app.add_flag("--check", options.checks, "Say whether this desktop is ready, and what to do where it is not")
@@ -87,14 +98,14 @@ CollectOptions optionsFrom(const Given& given) {
 
 }  // namespace
 
-std::variant<CollectOptions, int> parseCollectOptions(int argumentCount, char** arguments) {
+std::variant<CollectOptions, int> parseCollectOptions(int argc, char** argv) {
   Given given;
   CLI::App app(description, "norra-collect");
   declare(app, given);
   try {
-    app.parse(argumentCount, arguments);
+    app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : wrongUse;
+    return app.exit(error) == 0 ? 0 : usageError;
   }
   return optionsFrom(given);
 }

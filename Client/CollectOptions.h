@@ -1,4 +1,4 @@
-// The command line of norra-collect.
+// The command line of norra-collect. Help, completion and manual page are made from what is declared for it.
 #pragma once
 
 #include <chrono>
@@ -23,6 +23,6 @@ struct CollectOptions {
 };
 
 /// The options, or the exit status when there is nothing more to do: help was printed, or what is wrong.
-std::variant<CollectOptions, int> parseCollectOptions(int argumentCount, char** arguments);
+std::variant<CollectOptions, int> parseCollectOptions(int argc, char** argv);
 
 }  // namespace norra

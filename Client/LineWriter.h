@@ -1,4 +1,7 @@
 // Lines for a file, a pipe or a terminal.
+//
+// Reports may be read while they are written, by a program that takes each line for one report. So a line is written in
+// one piece, and where a disk is full in the middle of one, what is missing comes first when there is room again.
 #pragma once
 
 #include <string>

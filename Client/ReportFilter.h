@@ -1,4 +1,4 @@
-// Which reports a user wants to see.
+// Which reports a user wants to see. A report does not name its application; the last switch before it does.
 #pragma once
 
 #include <string>

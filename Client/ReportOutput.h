@@ -1,4 +1,5 @@
-// What norra-collect prints.
+// What norra-collect prints: the reports that are wanted, in the format that is wanted, until nobody reads them. A disk
+// that is full costs the reports that find no room and does not end the collection; how many they were is said.
 #pragma once
 
 #include <cstdint>

@@ -93,8 +93,8 @@ int collect(const norra::CollectOptions& options) {
 
 }  // namespace
 
-int main(int argumentCount, char** arguments) {
-  const auto parsed = norra::parseCollectOptions(argumentCount, arguments);
+int main(int argc, char** argv) {
+  const auto parsed = norra::parseCollectOptions(argc, argv);
   if (const auto* status = std::get_if<int>(&parsed)) return *status;
   const auto& options = std::get<norra::CollectOptions>(parsed);
   if (options.showsStatistics) return showStatistics();

@@ -1,3 +1,5 @@
+// Which application comes to the front, for as long as this lives. What that means, a switch or nothing new, is for the
+// data collector to say: it knows the application that it follows already.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,17 @@
-// Accessibility elements as the core sees them: opaque handles that answer a few primitives with an
-// error code and, perhaps, a value. What counts as absent, the type checks and the fallbacks are the core's.
+// Accessibility elements as the core sees them: opaque handles that answer a few primitives with an error code and,
+// perhaps, a value.
+//
+// The primitives are few and plain on purpose. A platform gives what its applications give, under the attribute names that
+// the core asks by, and says with a code why there is nothing. What counts as absent, which type an attribute must have
+// and where else to look are the core's rules (NorraDataCollector/elements/), the same over every platform; so a platform
+// needs to know nothing of what is reported.
+//
+// Handles are values. One may be kept after its element has gone, and then every read of it fails; one may be handed to
+// another thread. Two handles of the same element are equal, however each was come by, since the core remembers elements
+// and compares them later.
+//
+// An observer is for one process and is served by the main thread. It is told which notifications of which elements are
+// wanted, and tells of nothing else.
 #pragma once
 
 #include <cstdint>
@@ -87,12 +99,13 @@ class AXUIElementPrimitives {
   virtual ~AXUIElementPrimitives() = default;
 
   virtual AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const = 0;
-  virtual AXResult<std::vector<std::string>> copyAttributeNames() const = 0;
-  virtual AXResult<std::vector<std::string>> copyActionNames() const = 0;
+  virtual AXResult<std::vector<std::string>> copyAttributeNames() const { return {axError::attributeUnsupported, {}}; }
+  /// None, unless the element can do something.
+  virtual AXResult<std::vector<std::string>> copyActionNames() const { return {}; }
 
   /// The deepest element under a point; success without an element is a possible answer. Only the system-wide element
-  /// is asked.
-  virtual AXResult<std::optional<AXUIElement>> copyElementAtPosition(float x, float y) const = 0;
+  /// is asked; any other refuses.
+  virtual AXResult<std::optional<AXUIElement>> copyElementAtPosition(float x, float y) const;
   virtual AXResult<ProcessIdentifier> getPid() const = 0;
 
   /// The root element of a process. Always gives a handle; one of a process that has no elements fails at every read.
@@ -120,6 +133,11 @@ class AXUIElement {
  private:
   std::shared_ptr<const AXUIElementPrimitives> primitives_;
 };
+
+inline AXResult<std::optional<AXUIElement>> AXUIElementPrimitives::copyElementAtPosition(float /*x*/,
+                                                                                        float /*y*/) const {
+  return {axError::illegalArgument, std::nullopt};
+}
 
 /// Receives the element that sent a notification and the notification's name. Main thread.
 using AXObserverCallback = std::function<void(const AXUIElement& element, std::string_view notification)>;

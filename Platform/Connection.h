@@ -1,4 +1,8 @@
 // Connections of clients, transactions, and the life of the service process.
+//
+// A client is a program that wants to be told what the person does. It finds the service by name, each client gets a
+// connection of its own, and over it each side calls the object that the other one exports. While a client collects, a
+// transaction is open, and the platform leaves the process alone; when none is, it may end it.
 #pragma once
 
 #include <functional>

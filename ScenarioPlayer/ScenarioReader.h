@@ -8,7 +8,7 @@
 
 namespace norra::scenario {
 
-/// Reads the whole text of a scenario file; of several faults one is told.
+/// Reads the whole text of a scenario file, or gives the first fault that it came upon.
 std::variant<ScenarioFile, ScenarioFault> readScenario(std::string_view text);
 
 }  // namespace norra::scenario

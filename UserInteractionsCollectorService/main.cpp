@@ -14,7 +14,7 @@ constexpr const char* description =
     "Watches what a person does in the applications of this desktop and reports it to its clients over the session "
     "bus. "
     "The bus starts it when a client needs it; it ends by itself 30 seconds after the last one has gone.";
-constexpr int wrongUse = 2;
+constexpr int usageError = 2;
 
 int serve() {
   const auto created = norra::linux_desktop::LinuxPlatform::create();
@@ -29,13 +29,13 @@ int serve() {
 
 }  // namespace
 
-int main(int argumentCount, char** arguments) {
+int main(int argc, char** argv) {
   CLI::App app(description, "norra-collector-service");
   app.set_version_flag("--version", "norra-collector-service " NORRA_VERSION);
   try {
-    app.parse(argumentCount, arguments);
+    app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? 0 : wrongUse;
+    return app.exit(error) == 0 ? 0 : usageError;
   }
   const auto sink = norra::linux_desktop::newLogSink();
   norra::NorraOSLoggerFactory::setSink(sink.get());

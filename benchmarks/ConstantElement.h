@@ -31,9 +31,7 @@ class ConstantElement final : public AXUIElementPrimitives {
   void setActions(std::vector<std::string> actions) { actions_ = std::move(actions); }
 
   AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const override;
-  AXResult<std::vector<std::string>> copyAttributeNames() const override { return {}; }
   AXResult<std::vector<std::string>> copyActionNames() const override;
-  AXResult<std::optional<AXUIElement>> copyElementAtPosition(float, float) const override { return {}; }
   AXResult<ProcessIdentifier> getPid() const override { return {axError::success, 1}; }
   AXUIElement createApplication(ProcessIdentifier process) const override;
   std::optional<std::string> roleDescription(std::string_view, std::optional<std::string_view>) const override {

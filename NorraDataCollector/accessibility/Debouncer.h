@@ -1,3 +1,4 @@
+// The quiet time after which what somebody is doing counts as done.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,11 @@
 // What is known of the element that has the keyboard focus in the followed application.
+//
+// This record is where a value enters the program's memory, so it decides what may be kept: the stores mask, and there is
+// no way past them. Of a password the number of characters is kept, to notice that it changed. Of an element whose value
+// must not be followed (a text area, outside the pages of two search engines) nothing is kept. Everything that reads the
+// record later may use what it finds.
+//
+// The text has a baseline, the value as last reported. A change is the difference between the two.
 #pragma once
 
 #include <memory>
@@ -34,9 +41,12 @@ class FocusedElementData {
   const std::string& initialText() const { return initialText_; }
   void setInitialText(std::string text) { initialText_ = masked(std::move(text)); }
 
-  /// The selection seen last, and the text of the rows reported last; empty at first.
-  std::vector<AXUIElement> lastSelectedElements;
-  std::string lastSelectedString;
+  /// The selection as last seen; empty at first.
+  const std::vector<AXUIElement>& lastSelectedElements() const { return lastSelectedElements_; }
+  void setLastSelectedElements(std::vector<AXUIElement> elements) { lastSelectedElements_ = std::move(elements); }
+  /// The names of the selected rows as last reported; empty at first.
+  const std::string& lastSelectedString() const { return lastSelectedString_; }
+  void setLastSelectedString(std::string names) { lastSelectedString_ = std::move(names); }
 
  private:
   std::string masked(std::string text) const;
@@ -46,6 +56,8 @@ class FocusedElementData {
   std::string subrole_;
   bool isPassword_;
   bool shouldTrackValue_;
+  std::vector<AXUIElement> lastSelectedElements_;
+  std::string lastSelectedString_;
   std::string initialText_;
   std::string text_;
 };

@@ -23,8 +23,8 @@ Data selectionOf(const AXUIElement& element) {
 
 bool takeSelectedString(FocusedElementData* focused, const std::string& selected) {
   if (focused == nullptr) return true;
-  if (areCanonicallyEquivalent(focused->lastSelectedString, selected)) return false;
-  focused->lastSelectedString = selected;
+  if (areCanonicallyEquivalent(focused->lastSelectedString(), selected)) return false;
+  focused->setLastSelectedString(selected);
   return true;
 }
 
@@ -35,9 +35,9 @@ std::optional<Action> changedSelectedElements(const AXUIElement& element, Focuse
                                               std::string_view attribute, NamesJoiner joinedNames) {
   auto data = selectionOf<Data>(element);
   auto selected = ax::elements(element, attribute);
-  if (focused != nullptr && focused->lastSelectedElements == selected) return std::nullopt;
+  if (focused != nullptr && focused->lastSelectedElements() == selected) return std::nullopt;
   data.newValue = joinedNames(selected);
-  if (focused != nullptr) focused->lastSelectedElements = std::move(selected);
+  if (focused != nullptr) focused->setLastSelectedElements(std::move(selected));
   return data;
 }
 

@@ -1,4 +1,8 @@
 // How a changed selection becomes an action.
+//
+// Applications announce a selection more than once, and announce other things as one. So what was selected last is
+// remembered with the focused element, and a repetition is not reported. Rows are compared by their names too, since
+// tables make new elements for the same rows; the container is read before either comparison.
 #pragma once
 
 #include <optional>

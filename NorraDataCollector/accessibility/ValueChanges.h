@@ -1,4 +1,4 @@
-// How a changed value becomes an action.
+// How a changed value becomes an action: a text, a password, a slider, a spinner or a toggle, by the element's role.
 #pragma once
 
 #include <optional>

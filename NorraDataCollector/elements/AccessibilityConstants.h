@@ -1,4 +1,5 @@
-// The names of attributes, roles, subroles and actions, as the platform spells them.
+// The names of attributes, roles, subroles and actions, as the platform spells them. The core compares texts with these
+// and knows no other spelling; a platform whose applications say it differently translates into them.
 #pragma once
 
 #include <string_view>

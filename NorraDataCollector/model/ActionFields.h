@@ -1,5 +1,8 @@
-// The members of every payload record after `action`, in the order in which they are written and read. The one place
-// that both directions of the wire format go by.
+// The members of every payload record after `action`, in the order in which they are written and read.
+//
+// This is the one place that both directions of the wire format go by, and with them the columns of a table of reports,
+// the rows of the page and the description in the documents. A member that is added here is in all of them; a record
+// that is missing here does not compile.
 #pragma once
 
 #include <string_view>

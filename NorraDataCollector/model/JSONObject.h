@@ -1,3 +1,4 @@
+// One level of JSON, which is all that a report has.
 #pragma once
 
 #include <cstdint>

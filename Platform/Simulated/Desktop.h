@@ -1,5 +1,9 @@
 // A whole desktop in memory with a virtual clock, and the things that can happen on it. The same happenings always have
 // the same effects in the same order. One thread only.
+//
+// It is a platform like any other, so the service runs over it unchanged, from the connection of a client to the last
+// report. What happens on it is said by its owner, a scenario or a test, as a person or an application would do it: a
+// button is let go, a window comes to the front, an element changes and sends a notification.
 #pragma once
 
 #include "Platform/Platform.h"

@@ -1,3 +1,5 @@
+// One element of the simulated desktop, which answers from its description. It keeps identifiers, and makes handles of
+// them when it is read; so an element can be replaced while others refer to it.
 #pragma once
 
 #include "Platform/Simulated/DesktopDescription.h"

@@ -3,12 +3,10 @@
 namespace norra::simulated {
 
 void Process::beginTransaction() {
-  ++openTransactions_;
   if (observer_) observer_->transactionDidBegin();
 }
 
 void Process::endTransaction() {
-  --openTransactions_;
   if (observer_) observer_->transactionDidEnd();
 }
 

@@ -1,4 +1,5 @@
-// The service process: its transactions and its end.
+// The service process: its transactions and its end. To end it means that nothing runs any more; the program that plays
+// the desktop lives on and can say how it came out.
 #pragma once
 
 #include "Platform/Connection.h"
@@ -22,21 +23,17 @@ class Process final : public ProcessServices {
   /// Not owned; null: nobody is told.
   void setObserver(ProcessObserver* observer) { observer_ = observer; }
 
-  void setAutomaticTerminationSupportEnabled(bool enabled) override { canTerminateAutomatically_ = enabled; }
+  void setAutomaticTerminationSupportEnabled(bool /*enabled*/) override {}
   void beginTransaction() override;
   void endTransaction() override;
   void exit(int status) override;
 
-  bool canTerminateAutomatically() const { return canTerminateAutomatically_; }
-  int openTransactions() const { return openTransactions_; }
   /// Nothing while the process lives.
   std::optional<int> exitStatus() const { return exitStatus_; }
 
  private:
   Scheduler& scheduler_;
   ProcessObserver* observer_ = nullptr;
-  bool canTerminateAutomatically_ = false;
-  int openTransactions_ = 0;
   std::optional<int> exitStatus_;
 };
 

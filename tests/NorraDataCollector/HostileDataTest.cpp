@@ -25,9 +25,7 @@ class HostileElement : public AXUIElementPrimitives, public std::enable_shared_f
     ++reads_;
     return {axError::success, answer_(AXUIElement(shared_from_this()), attribute)};
   }
-  AXResult<std::vector<std::string>> copyAttributeNames() const override { return {}; }
   AXResult<std::vector<std::string>> copyActionNames() const override { return {axError::success, {"AXPress"}}; }
-  AXResult<std::optional<AXUIElement>> copyElementAtPosition(float, float) const override { return {}; }
   AXResult<ProcessIdentifier> getPid() const override { return {axError::success, -1}; }
   AXUIElement createApplication(ProcessIdentifier) const override { return another(); }
   std::optional<std::string> roleDescription(std::string_view, std::optional<std::string_view>) const override {

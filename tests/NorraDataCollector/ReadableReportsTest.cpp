@@ -116,12 +116,10 @@ void expectToBeReadAgain(const Action& action) {
 TEST(ReadableReports, AreReadAgainWithAnyTextInAnyMember) {
   Arbitrary arbitrary;
   const auto check = [&]<typename Data>(std::type_identity<Data>) {
-    if constexpr (!std::is_same_v<Data, std::monostate>) {
-      for (int i = 0; i < 300; ++i) {
-        Data data;
-        forEachField<Data>([&](const auto& field) { arbitrary.fill(data.*field.member); });
-        expectToBeReadAgain(data);
-      }
+    for (int i = 0; i < 300; ++i) {
+      Data data;
+      forEachField<Data>([&](const auto& field) { arbitrary.fill(data.*field.member); });
+      expectToBeReadAgain(data);
     }
   };
   [&]<std::size_t... index>(std::index_sequence<index...>) {

@@ -17,7 +17,8 @@ AttributeResult urlOf(const ElementView& view);
 
 /// The first children, at most `limit`, of which there may be any number.
 std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t limit);
-/// The same of an element that has few for sure, such as a window: with one wave less.
+/// All children of an element that has few, such as a window. It is not asked first how many there are, which spares a
+/// wave.
 std::vector<AtspiReference> fewChildren(const ElementView& view);
 /// Null: it has none there, or does not answer.
 AtspiReference childAt(const ElementView& view, std::size_t index);

@@ -9,7 +9,7 @@ namespace {
 
 using std::chrono::steady_clock;
 
-/// The value that so many hundredths of all are not above.
+/// A percentile, by the nearest rank.
 std::uint64_t percentile(const std::vector<std::uint32_t>& sorted, std::size_t hundredths) {
   return sorted.empty() ? 0 : sorted[(sorted.size() * hundredths + 99) / 100 - 1];
 }
