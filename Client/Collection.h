@@ -1,8 +1,8 @@
 // One run of norra-collect: from the start of collection to the service's last report.
 //
-// A run may end for four reasons: the person asks for it, the time is over, enough was printed, or nobody can read what is
-// printed. In each the service is asked to stop and its last reports are awaited, since a text that is being typed is told
-// at the end. What comes to an end by itself, the service or the bus, ends the run at once and is said.
+// A run may end for four reasons: the person asks for it, the time is over, enough was printed, or nobody can read what
+// is printed. In each the service is asked to stop and its last reports are awaited, since a text that is being typed
+// is told at the end. What comes to an end by itself, the service or the bus, ends the run at once and is said.
 #pragma once
 
 #include <chrono>

@@ -1,5 +1,5 @@
-// How a user pauses a collection: p on the terminal, or a signal. The terminal gives single keys for that, and is put back
-// as it was at every end that a program can see.
+// How a user pauses a collection: p on the terminal, or a signal. The terminal gives single keys for that, and is put
+// back as it was at every end that a program can see.
 #pragma once
 
 #include <termios.h>

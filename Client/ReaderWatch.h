@@ -1,5 +1,5 @@
-// Whether anybody still reads what is written. Without it a collection that writes into a pipe would go on until the next
-// report, which may be hours later.
+// Whether anybody still reads what is written. Without it a collection that writes into a pipe would go on until the
+// next report, which may be hours later.
 #pragma once
 
 #include "Platform/Linux/runtime/EventLoop.h"

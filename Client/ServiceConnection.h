@@ -1,7 +1,7 @@
 // The service as a client reaches it over the session bus.
 //
-// Four calls go there and reports come back, each in its order. A call starts the service where it does not run. The name
-// of the service is watched, so that a client hears of an end that nobody announced.
+// Four calls go there and reports come back, each in its order. A call starts the service where it does not run. The
+// name of the service is watched, so that a client hears of an end that nobody announced.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,5 @@
-// What is told of an application that became the followed one: the identifier that programs know it by, the name that the
-// person sees, and the title of the window in front, each as far as the application has one.
+// What is told of an application that became the followed one: the identifier that programs know it by, the name that
+// the person sees, and the title of the window in front, each as far as the application has one.
 #pragma once
 
 #include <string>

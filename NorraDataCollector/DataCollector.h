@@ -1,14 +1,14 @@
 // The heart of collection: owns the event sources, follows the application in front, and reports actions.
 //
 // Three sources tell of what happens: the workspace of applications that come to the front, the event tap of clicks and
-// keys in whatever application, and the accessibility collector of what changes in the one application that is followed.
-// All three hear of it on the main thread. Each hands what it heard to a job on the collector's executor, and there the
-// order of the reports is decided: before a click in another application stands the switch to it, and before the switch
-// the text that was still being typed in the one that is left.
+// keys in whatever application, and the accessibility collector of what changes in the one application that is
+// followed. All three hear of it on the main thread. Each hands what it heard to a job on the collector's executor, and
+// there the order of the reports is decided: before a click in another application stands the switch to it, and before
+// the switch the text that was still being typed in the one that is left.
 //
 // An application is followed from the first sign that the person works in it, which may be a click into its window or a
-// key as well as an activation. So every click and key carries the process that it belongs to, a plain letter too, which
-// is no report itself.
+// key as well as an activation. So every click and key carries the process that it belongs to, a plain letter too,
+// which is no report itself.
 //
 // The jobs hold the collector weakly. Once its owner lets go of it, what still waits ends without a word.
 #pragma once

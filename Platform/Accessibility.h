@@ -1,14 +1,14 @@
 // Accessibility elements as the core sees them: opaque handles that answer a few primitives with an error code and,
 // perhaps, a value.
 //
-// The primitives are few and plain on purpose. A platform gives what its applications give, under the attribute names that
-// the core asks by, and says with a code why there is nothing. What counts as absent, which type an attribute must have
-// and where else to look are the core's rules (NorraDataCollector/elements/), the same over every platform; so a platform
-// needs to know nothing of what is reported.
+// The primitives are few and plain on purpose. A platform gives what its applications give, under the attribute names
+// that the core asks by, and says with a code why there is nothing. What counts as absent, which type an attribute must
+// have and where else to look are the core's rules (NorraDataCollector/elements/), the same over every platform; so a
+// platform needs to know nothing of what is reported.
 //
 // Handles are values. One may be kept after its element has gone, and then every read of it fails; one may be handed to
-// another thread. Two handles of the same element are equal, however each was come by, since the core remembers elements
-// and compares them later.
+// another thread. Two handles of the same element are equal, however each was come by, since the core remembers
+// elements and compares them later.
 //
 // An observer is for one process and is served by the main thread. It is told which notifications of which elements are
 // wanted, and tells of nothing else.
@@ -135,7 +135,7 @@ class AXUIElement {
 };
 
 inline AXResult<std::optional<AXUIElement>> AXUIElementPrimitives::copyElementAtPosition(float /*x*/,
-                                                                                        float /*y*/) const {
+                                                                                         float /*y*/) const {
   return {axError::illegalArgument, std::nullopt};
 }
 

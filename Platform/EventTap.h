@@ -1,11 +1,12 @@
 // Low-level input events, observed and never changed.
 //
 // A tap sees what the person does with the mouse and the keyboard in every application, at the time at which the
-// applications get it. It stands beside them and holds nothing up. The core asks for releases of mouse buttons and presses
-// of keys; where the pointer goes it does not need to know, and what is typed into a field it hears of from the field.
+// applications get it. It stands beside them and holds nothing up. The core asks for releases of mouse buttons and
+// presses of keys; where the pointer goes it does not need to know, and what is typed into a field it hears of from the
+// field.
 //
-// Keys come as the application would get them: in the layout of the person's keyboard, with the modifiers as flags. A key
-// that types no character is named by the code point that stands for it.
+// Keys come as the application would get them: in the layout of the person's keyboard, with the modifiers as flags. A
+// key that types no character is named by the code point that stands for it.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// A whole platform, handed in by a main function. There is no other way to the desktop: what is not in this list the core
-// cannot ask for, and whoever implements the list has a platform.
+// A whole platform, handed in by a main function. There is no other way to the desktop: what is not in this list the
+// core cannot ask for, and whoever implements the list has a platform.
 #pragma once
 
 #include "Platform/Accessibility.h"

@@ -1,9 +1,9 @@
 // The main run loop, delayed work on it, and serial executors beside it.
 //
-// Confinement takes the place of locks. Everything that hears from the desktop runs on the main thread, one job at a time;
-// everything that decides the order of reports runs on an executor. An executor may wait for the main thread, which is how
-// it makes and lets go of what belongs there. The main thread waits for no executor, so that there is no circle in which
-// both could wait.
+// Confinement takes the place of locks. Everything that hears from the desktop runs on the main thread, one job at a
+// time; everything that decides the order of reports runs on an executor. An executor may wait for the main thread,
+// which is how it makes and lets go of what belongs there. The main thread waits for no executor, so that there is no
+// circle in which both could wait.
 #pragma once
 
 #include <chrono>

@@ -1,7 +1,7 @@
 // The applications of the desktop and which of them is in front.
 //
-// An application is a process here. It is in front when the window that the person works in is one of its windows, whatever
-// else the desktop shows. What the core reports of an application is read when it comes to the front.
+// An application is a process here. It is in front when the window that the person works in is one of its windows,
+// whatever else the desktop shows. What the core reports of an application is read when it comes to the front.
 #pragma once
 
 #include <functional>

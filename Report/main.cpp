@@ -16,7 +16,7 @@ namespace report = norra::report;
 
 constexpr int unreadableLinesFound = 1;
 constexpr int usageError = 2;
-constexpr std::size_t mostLinesNamed = 20;
+constexpr std::size_t maxLinesNamed = 20;
 
 struct Arguments {
   std::string session;
@@ -44,13 +44,13 @@ Reading readFrom(std::istream& lines, const Arguments& arguments) {
   Reading reading;
   const auto name = arguments.session == "-" ? "standard input" : arguments.session;
   reading.reports = report::readSession(lines, [&](const report::LineFault& fault) {
-    if (++reading.faults <= mostLinesNamed) {
+    if (++reading.faults <= maxLinesNamed) {
       complain(name + ", line " + std::to_string(fault.line) + ": " + fault.problem);
     }
     return arguments.isStrict ? report::AfterFault::end : report::AfterFault::goOn;
   });
-  if (reading.faults > mostLinesNamed) {
-    complain(name + ": lines that cannot be read besides: " + std::to_string(reading.faults - mostLinesNamed));
+  if (reading.faults > maxLinesNamed) {
+    complain(name + ": lines that cannot be read besides: " + std::to_string(reading.faults - maxLinesNamed));
   }
   return reading;
 }

@@ -1,5 +1,5 @@
-// The names of keys, as they are sent. The texts are part of the wire format, with their irregular spellings, and do not
-// depend on the language of the desktop.
+// The names of keys, as they are sent. The texts are part of the wire format, with their irregular spellings, and do
+// not depend on the language of the desktop.
 #pragma once
 
 #include <optional>

@@ -1,9 +1,9 @@
 // Mouse clicks and key presses as actions.
 //
-// A click counts when the button is let go, and where: whoever presses, drags away and lets go elsewhere has not clicked
-// what was pressed. What it means is read from the element at that place. If that means nothing yet, there is one more
-// look, since some applications have not done with the click when the event is seen, and a check box tells its new state
-// only then. The second look keeps the place and not the element, which may be another by now.
+// A click counts when the button is let go, and where: whoever presses, drags away and lets go elsewhere has not
+// clicked what was pressed. What it means is read from the element at that place. If that means nothing yet, there is
+// one more look, since some applications have not done with the click when the event is seen, and a check box tells its
+// new state only then. The second look keeps the place and not the element, which may be another by now.
 //
 // A key belongs to the element that has the keyboard focus. Only what is no plain typing is reported: special keys, and
 // characters together with a modifier that makes them a shortcut. Of plain typing nothing is kept but which process it

@@ -4,10 +4,10 @@
 // moves, the record is replaced and the registrations move with it. So what is watched is always what the person can
 // change at this moment, and an application with thousands of elements costs no more than one with three.
 //
-// A person types a word and not letters. A change of the value therefore only starts a quiet time; the change is reported
-// when it has passed, or sooner when something ends the typing: the focus goes elsewhere, Return is pressed, another
-// application is followed, collection ends. Each of these is a drain, and what is reported is the difference to the value
-// last reported, however many changes lay in between. A text that is typed and deleted again is no change.
+// A person types a word and not letters. A change of the value therefore only starts a quiet time; the change is
+// reported when it has passed, or sooner when something ends the typing: the focus goes elsewhere, Return is pressed,
+// another application is followed, collection ends. Each of these is a drain, and what is reported is the difference to
+// the value last reported, however many changes lay in between. A text that is typed and deleted again is no change.
 #pragma once
 
 #include <functional>

@@ -1,9 +1,9 @@
 // What is known of the element that has the keyboard focus in the followed application.
 //
-// This record is where a value enters the program's memory, so it decides what may be kept: the stores mask, and there is
-// no way past them. Of a password the number of characters is kept, to notice that it changed. Of an element whose value
-// must not be followed (a text area, outside the pages of two search engines) nothing is kept. Everything that reads the
-// record later may use what it finds.
+// This record is where a value enters the program's memory, so it decides what may be kept: the stores mask, and there
+// is no way past them. Of a password the number of characters is kept, to notice that it changed. Of an element whose
+// value must not be followed (a text area, outside the pages of two search engines) nothing is kept. Everything that
+// reads the record later may use what it finds.
 //
 // The text has a baseline, the value as last reported. A change is the difference between the two.
 #pragma once

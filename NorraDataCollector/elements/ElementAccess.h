@@ -1,13 +1,13 @@
 // Typed readings of an element, over the primitives of the platform.
 //
 // Elements belong to other programs, which answer late, wrongly or not at all, and disappear between two questions.
-// Whoever reads them asks dozens of questions a click; with a failure to handle at each, the rules of what a click means
-// could not be seen any more. So no operation here fails: every one gives an empty result where there is nothing to be
-// had (nothing, an empty list, false or 0), and what the callers decide, they decide by what there is. What went wrong
-// is in the log, at debug level; readings that merely find nothing are not.
+// Whoever reads them asks dozens of questions a click; with a failure to handle at each, the rules of what a click
+// means could not be seen any more. So no operation here fails: every one gives an empty result where there is nothing
+// to be had (nothing, an empty list, false or 0), and what the callers decide, they decide by what there is. What went
+// wrong is in the log, at debug level; readings that merely find nothing are not.
 //
-// Every operation asks the element anew and waits for its application within the platform's bound. Nothing is kept here:
-// whether two questions cost two calls is the platform's affair. Any thread.
+// Every operation asks the element anew and waits for its application within the platform's bound. Nothing is kept
+// here: whether two questions cost two calls is the platform's affair. Any thread.
 //
 // The operations are offered as one set. Those that nothing in the core asks yet are attributes, window, isApplication,
 // rowHeaderElements, rowIndexRange, selectedRows and selectedChildren.

@@ -1,13 +1,13 @@
 // What a click means: the actions on the control that the user meant, found from the element under the pointer.
 //
-// What lies under the pointer is seldom what was meant: it is the label in the button, the image in the link, the text in
-// the cell. So the way from there towards the window is walked once (SearchData.h), and what was met on it is weighed in a
-// fixed order: a link before everything, for a link is a link whatever is drawn in it; then a control; then the item of a
-// list; last the row and the cell of a table, named by what stands in them. The first of these that was met decides, and
-// nothing below it is looked at.
+// What lies under the pointer is seldom what was meant: it is the label in the button, the image in the link, the text
+// in the cell. So the way from there towards the window is walked once (SearchData.h), and what was met on it is
+// weighed in a fixed order: a link before everything, for a link is a link whatever is drawn in it; then a control;
+// then the item of a list; last the row and the cell of a table, named by what stands in them. The first of these that
+// was met decides, and nothing below it is looked at.
 //
-// No action is an answer too. Clicks on a window's background, on a scroll bar or between two controls mean nothing that
-// a person would tell.
+// No action is an answer too. Clicks on a window's background, on a scroll bar or between two controls mean nothing
+// that a person would tell.
 #pragma once
 
 #include <optional>

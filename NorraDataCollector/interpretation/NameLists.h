@@ -1,7 +1,7 @@
 // The names of several elements as one bounded text, such as ["Inbox", "Sent", ...]. Any thread.
 //
-// Somebody who selects everything selects thousands of rows, and each name may take the application a while. So names are
-// asked for one by one and only while there is room for another; what does not fit ends the text with three dots.
+// Somebody who selects everything selects thousands of rows, and each name may take the application a while. So names
+// are asked for one by one and only while there is room for another; what does not fit ends the text with three dots.
 #pragma once
 
 #include <functional>

@@ -1,12 +1,12 @@
 // A bounded search for the text that labels an element that has no name of its own. Any thread.
 //
-// An icon button in a form has often no name, and a person calls it by what stands beside it. The search looks where such
-// a text is: at the element itself, below it, and then, one level at a time, at what surrounds it, without looking twice
-// at the side that it came from. A text wins over a control, because it is more likely the label; the second control wins
-// over the first, which is more likely an adornment.
+// An icon button in a form has often no name, and a person calls it by what stands beside it. The search looks where
+// such a text is: at the element itself, below it, and then, one level at a time, at what surrounds it, without looking
+// twice at the side that it came from. A text wins over a control, because it is more likely the label; the second
+// control wins over the first, which is more likely an adornment.
 //
-// It ends after a dozen children on any one path and three levels up, and never leaves a row, a list, a page or a window:
-// what lies beyond labels something else.
+// It ends after a dozen children on any one path and three levels up, and never leaves a row, a list, a page or a
+// window: what lies beyond labels something else.
 #pragma once
 
 #include <optional>

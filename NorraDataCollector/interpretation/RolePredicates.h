@@ -1,5 +1,5 @@
-// What kind of element a role or an action name stands for. The walk of a click and the search for a name go by the same
-// answers, so that what can be clicked is what can give a name.
+// What kind of element a role or an action name stands for. The walk of a click and the search for a name go by the
+// same answers, so that what can be clicked is what can give a name.
 #pragma once
 
 #include <string>

@@ -1,16 +1,16 @@
 // What a walk from a clicked element towards its window meets.
 //
 // The walk is the only part of a click that climbs, and it is bounded: six elements, and no further than the first
-// container (a table, a list, a window, a page), beyond which lies what the click has nothing to do with. It remembers the
-// first element of each kind and decides nothing between kinds; that is for ClickClassification.h, which has the whole
-// record before it.
+// container (a table, a list, a window, a page), beyond which lies what the click has nothing to do with. It remembers
+// the first element of each kind and decides nothing between kinds; that is for ClickClassification.h, which has the
+// whole record before it.
 //
 // Two kinds may stand for the control. A real one (a button, a menu item) takes the place at once. A text takes it only
 // where a click can do something with it, and gives it up to a real control further up: the caption of a button is a
 // text, and what is reported is the button.
 //
-// Beside the kinds, the walk finds out whether the click was on anything interactive at all, by a role, by an action such
-// as a press, or by a selection. Where nothing on the way says so, nothing is reported.
+// Beside the kinds, the walk finds out whether the click was on anything interactive at all, by a role, by an action
+// such as a press, or by a selection. Where nothing on the way says so, nothing is reported.
 #pragma once
 
 #include <optional>

@@ -1,8 +1,8 @@
 // Decisions that depend on whether an element belongs to a web page, and to which.
 //
-// A page is an application within an application. Its texts are not followed, whatever the browser says of them, but for
-// the search fields of two search engines, which are text areas. The browsers made of Chromium get more time before a
-// click is looked at a second time: what a page does with a click is told by another process of theirs.
+// A page is an application within an application. Its texts are not followed, whatever the browser says of them, but
+// for the search fields of two search engines, which are text areas. The browsers made of Chromium get more time before
+// a click is looked at a second time: what a page does with a click is told by another process of theirs.
 #pragma once
 
 #include <optional>

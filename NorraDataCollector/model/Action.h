@@ -1,9 +1,9 @@
 // The closed set of what the service reports. Plain values that own their data; copied freely between threads.
 //
-// An action is a record of its kind. The records are what is written and read, so their members are exactly the members of
-// the reports, under the same names and in the same order (ActionFields.h), and each carries its own kind, which makes a
-// record that stands alone complete. A text that is empty is a text: the button has no name. Only an optional member can
-// be absent, and means that it does not apply.
+// An action is a record of its kind. The records are what is written and read, so their members are exactly the members
+// of the reports, under the same names and in the same order (ActionFields.h), and each carries its own kind, which
+// makes a record that stands alone complete. A text that is empty is a text: the button has no name. Only an optional
+// member can be absent, and means that it does not apply.
 //
 // Nothing here refers to an element or to an application. What an action says was read when it happened, and stays true
 // when the window has gone.

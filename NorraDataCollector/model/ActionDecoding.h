@@ -1,8 +1,8 @@
 // Reading actions back from their JSON texts.
 //
-// Whoever reads may be older or newer than whoever wrote: members that a kind does not have are passed over, and members
-// are found by name in any order. In everything else a text is read whole or not at all, so that no half of a report
-// passes for one.
+// Whoever reads may be older or newer than whoever wrote: members that a kind does not have are passed over, and
+// members are found by name in any order. In everything else a text is read whole or not at all, so that no half of a
+// report passes for one.
 #pragma once
 
 #include <optional>

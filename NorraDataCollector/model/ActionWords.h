@@ -1,5 +1,5 @@
-// Actions in readable words: what the page and the lines for a person say of each kind. Nothing is told here that is not
-// in the action, and of a password nothing but that it changed.
+// Actions in readable words: what the page and the lines for a person say of each kind. Nothing is told here that is
+// not in the action, and of a password nothing but that it changed.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,8 @@
 // The elements of all applications of the simulated desktop, the screen they lie on, and the observers that watch them.
 //
-// There is no geometry below the screen: what lies at a point is the frontmost entry there, and the element that it names
-// is the answer. Every call of a primitive is counted under its name, so that a scenario can say what a click may cost.
+// There is no geometry below the screen: what lies at a point is the frontmost entry there, and the element that it
+// names is the answer. Every call of a primitive is counted under its name, so that a scenario can say what a click may
+// cost.
 #pragma once
 
 #include <set>

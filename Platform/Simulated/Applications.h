@@ -1,5 +1,5 @@
-// The applications of the simulated desktop and which of them is in front. Being in front and being announced as such are
-// two things here, since a desktop may do one without the other.
+// The applications of the simulated desktop and which of them is in front. Being in front and being announced as such
+// are two things here, since a desktop may do one without the other.
 #pragma once
 
 #include "Platform/Simulated/DesktopDescription.h"

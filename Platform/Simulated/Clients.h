@@ -1,7 +1,7 @@
 // Client programs and their connections to the service.
 //
-// A client is a name. When it connects again, the name means the new connection, and the old one stays where it is until
-// it is let go, as with a program that was started twice.
+// A client is a name. When it connects again, the name means the new connection, and the old one stays where it is
+// until it is let go, as with a program that was started twice.
 #pragma once
 
 #include <map>

@@ -1,7 +1,7 @@
 // A desktop as plain values: what it is made of before anything happens on it.
 //
-// Elements are named by identifiers and refer to each other by them, so that a description can be read from a file and may
-// hold circles, dangling references and reads that fail: whatever a real application does, and worse.
+// Elements are named by identifiers and refer to each other by them, so that a description can be read from a file and
+// may hold circles, dangling references and reads that fail: whatever a real application does, and worse.
 #pragma once
 
 #include <map>

@@ -1,9 +1,9 @@
 // One thread plays the main thread and every executor. Nothing runs by itself: jobs wait until the owner of the
 // scheduler lets them run, and the clock moves only when it is told to.
 //
-// Real threads would give another order each time. Here there is one order, that of the posting, and one job at a time, so
-// that a report that comes too early or too late is a fault of the core and never one of the day. Who may wait for whom is
-// kept as on a real platform: each job knows which thread it plays.
+// Real threads would give another order each time. Here there is one order, that of the posting, and one job at a time,
+// so that a report that comes too early or too late is a fault of the core and never one of the day. Who may wait for
+// whom is kept as on a real platform: each job knows which thread it plays.
 #pragma once
 
 #include <deque>

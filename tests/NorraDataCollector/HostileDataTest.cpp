@@ -96,7 +96,7 @@ void interact(const AXUIElement& element) {
 struct Row {
   std::string title;
   HostileElement::Answer answer;
-  int mostReads;  // about twice what they are
+  int maxReads;  // about twice what they are
 };
 
 TEST(HostileData, CostsABoundedNumberOfReads) {
@@ -114,20 +114,19 @@ TEST(HostileData, CostsABoundedNumberOfReads) {
       {"ranges only", always(CFRange{-1, -1}), 140},
       {"no elements in lists", always(std::vector<AXUIElement>{}), 140},
   };
-  for (const auto& [title, answer, mostReads] : rows) {
+  for (const auto& [title, answer, maxReads] : rows) {
     int reads = 0;
     interact(AXUIElement(std::make_shared<HostileElement>(answer, reads)));
-    EXPECT_LT(reads, mostReads) << title;
+    EXPECT_LT(reads, maxReads) << title;
   }
 }
 
 TEST(HostileData, JoinsNoNamesBeyondTheirBudgetAndLooksOnlySoLong) {
-  for (const auto& [name, mostAsked] :
-       {std::pair(std::optional<std::string>("ten letter"), 7), {std::nullopt, 2'000}}) {
+  for (const auto& [name, maxAsked] : {std::pair(std::optional<std::string>("ten letter"), 7), {std::nullopt, 2'000}}) {
     int asked = 0;
     const auto list = joinedLazilyCollectedNames([&](auto) { return ++asked, name; }, 1'000'000);
     EXPECT_LE(characterCount(list), 100U);
-    EXPECT_LE(asked, mostAsked);
+    EXPECT_LE(asked, maxAsked);
   }
 }
 

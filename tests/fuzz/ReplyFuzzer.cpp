@@ -132,7 +132,7 @@ void checkTexts(sd_bus_message* message) {
   fuzz::require(fits(read(message, readText).value_or("")), "a text keeps to its bound");
   const auto texts = read(message, readTexts).value_or(std::vector<std::string>{});
   fuzz::require(texts.size() <= longestList && std::ranges::all_of(texts, fits), "a list of texts keeps to its bounds");
-  fuzz::require(read(message, readAttributes).value_or(AtspiAttributes{}).size() <= mostEntries, "so do attributes");
+  fuzz::require(read(message, readAttributes).value_or(AtspiAttributes{}).size() <= maxEntries, "so do attributes");
 }
 
 void checkLists(sd_bus_message* message) {
@@ -141,7 +141,7 @@ void checkLists(sd_bus_message* message) {
   const auto integers = read(message, readIntegers).value_or(std::vector<std::int32_t>{});
   fuzz::require(integers.size() <= longestList, "a list of integers keeps to its bound");
   const auto relations = read(message, readRelations).value_or(std::vector<AtspiRelation>{});
-  fuzz::require(relations.size() <= mostEntries, "relations keep to their bound");
+  fuzz::require(relations.size() <= maxEntries, "relations keep to their bound");
 }
 
 void check(sd_bus_message* message) {

@@ -1,4 +1,5 @@
-// The root of an application, known by its process.
+// The root of an application, known by its process, which may have no accessible yet, or several. It answers for the
+// one that has children; its focused window is known to the display server also where the application says nothing.
 #pragma once
 
 #include "Platform/Linux/accessibility/ElementHandles.h"

@@ -1,4 +1,8 @@
 // One element of an application: an AT-SPI object, or a row or column made up for a table.
+//
+// It holds names and nothing that was read. What it answers, the rooms below find out, one function for each attribute;
+// here stands which. A handle outlives its element and even the bus that it was found on: names are given anew on
+// another bus, so there it refuses every read.
 #pragma once
 
 #include "Platform/Linux/accessibility/ElementHandles.h"

@@ -1,4 +1,17 @@
 // The observer of one process: notifications made of the events of its applications on the accessibility bus.
+//
+// The core wants to be told which element has the focus, and when the element that it follows changes. Most
+// applications tell of the focus as it moves. Where one does not, the focus is looked at again, each time twice as
+// late, until it is sure. There are three such cases.
+//
+// It was found and not told: an application that only just learnt that somebody listens tells of the next change and
+// not of the last one, so the element that has the focus is searched for, and the search may be too early.
+//
+// It was missed: the application was too busy to answer when it was asked.
+//
+// It is mute: it was told of and cannot be asked, since some toolkits announce elements before they exist on the bus.
+// It is told to the core all the same, so that nothing that is typed into it is credited to the element before, and
+// told again as soon as it answers.
 #pragma once
 
 #include <memory>

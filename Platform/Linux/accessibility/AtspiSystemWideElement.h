@@ -1,4 +1,5 @@
-// The element that stands for the whole desktop.
+// The element that stands for the whole desktop: what lies at a point, and what has the keyboard focus, in whatever
+// application.
 #pragma once
 
 #include "Platform/Linux/accessibility/ElementHandles.h"

@@ -34,10 +34,6 @@ class DesktopElement : public AXUIElementPrimitives {
  public:
   explicit DesktopElement(const ElementHandles& handles) : handles_(handles) {}
 
-  AXResult<std::vector<std::string>> copyActionNames() const override { return {}; }
-  AXResult<std::optional<AXUIElement>> copyElementAtPosition(float /*x*/, float /*y*/) const override {
-    return {axError::illegalArgument, std::nullopt};
-  }
   AXUIElement createApplication(ProcessIdentifier process) const override { return handles_.application(process); }
   std::optional<std::string> roleDescription(std::string_view role,
                                              std::optional<std::string_view> subrole) const override;

@@ -11,7 +11,7 @@ namespace {
 using std::chrono::steady_clock;
 
 // The bus itself greets a connection.
-constexpr int mostUncalledMessages = 16;
+constexpr int maxUncalledMessages = 16;
 
 constexpr std::array<std::string_view, 5> errorsOfAVanishedElement{
     "org.freedesktop.DBus.Error.ServiceUnknown", "org.freedesktop.DBus.Error.NameHasNoOwner",
@@ -105,7 +105,7 @@ std::vector<AtspiReply> AtspiConnection::exchange(std::span<const AtspiCall> cal
 bool AtspiConnection::isReady() {
   if (!isConnected()) return false;
   dispatchLateReplies();
-  if (uncalledMessages_ > mostUncalledMessages) bus_.reset();
+  if (uncalledMessages_ > maxUncalledMessages) bus_.reset();
   return isConnected();
 }
 
@@ -128,7 +128,7 @@ int AtspiConnection::send(const AtspiCall& call, Pending& pending) {
 }
 
 void AtspiConnection::dispatchLateReplies() {
-  while (uncalledMessages_ <= mostUncalledMessages && sd_bus_process(bus_.get(), nullptr) > 0) {
+  while (uncalledMessages_ <= maxUncalledMessages && sd_bus_process(bus_.get(), nullptr) > 0) {
   }
 }
 

@@ -1,5 +1,8 @@
-// Calls to applications over the accessibility bus. Calls that do not depend on each other travel together (a wave) and
-// are awaited together, so a wave costs little more than its slowest answer.
+// Calls to applications over the accessibility bus.
+//
+// Calls that do not depend on each other travel together (a wave, or batch) and are awaited together, so a wave costs
+// little more than its slowest answer. It waits for a bounded time; an application that did not use it has its later
+// calls refused for a while (RestingApplications.h), and whatever answers late is passed over when it comes.
 #pragma once
 
 #include <chrono>

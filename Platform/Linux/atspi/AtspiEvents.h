@@ -1,4 +1,12 @@
-// The events of applications, as far as somebody listens. Main thread only.
+// The events of applications, as far as somebody listens.
+//
+// To listen to an event takes two things: a match on the bus, so that it is delivered here, and a word to the registry,
+// so that applications send it at all. Applications cost themselves time for each event that anybody wants, so both
+// last only as long as there is a subscriber, and ask for no more than is needed: of one element, where one is
+// followed.
+//
+// What an event says about contents is never read, since it may be a secret. An event says that something happened;
+// what is there now is asked, under the rules for elements. Main thread only.
 #pragma once
 
 #include <cstdint>

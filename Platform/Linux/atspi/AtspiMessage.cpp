@@ -216,14 +216,14 @@ std::optional<std::vector<std::int32_t>> readIntegers(sd_bus_message* message) {
 
 std::optional<AtspiAttributes> readAttributes(sd_bus_message* message) {
   if (!message) return std::nullopt;
-  const auto entries = readList<TextPair>(message, nextType(message), "{ss}", &readEntry, mostEntries);
+  const auto entries = readList<TextPair>(message, nextType(message), "{ss}", &readEntry, maxEntries);
   if (!entries) return std::nullopt;
   return AtspiAttributes(entries->begin(), entries->end());
 }
 
 std::optional<std::vector<AtspiRelation>> readRelations(sd_bus_message* message) {
   if (!message) return std::nullopt;
-  return readList<AtspiRelation>(message, nextType(message), "(ua(so))", &readRelation, mostEntries);
+  return readList<AtspiRelation>(message, nextType(message), "(ua(so))", &readRelation, maxEntries);
 }
 
 std::optional<AtspiRectangle> readRectangle(sd_bus_message* message) {

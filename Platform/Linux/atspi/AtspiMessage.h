@@ -22,7 +22,7 @@ inline constexpr std::size_t longestText = 65536;
 /// The most items that are kept of a list.
 inline constexpr std::size_t longestList = 1024;
 /// The most attributes, and the most relations, that are kept of one element.
-inline constexpr std::size_t mostEntries = 64;
+inline constexpr std::size_t maxEntries = 64;
 
 using AtspiAttributes = std::map<std::string, std::string, std::less<>>;
 

@@ -1,4 +1,5 @@
-// What AT-SPI calls an object: the bus name of the application that has it, and a path there.
+// What AT-SPI calls an object: the bus name of the application that has it, and a path there. It does not say whether
+// the element is still there, and a toolkit may give the path of one that has gone to another.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,10 @@
-// Applications that did not answer in time. Each is left alone for a while, then it gets another chance; the while
-// grows with every chance that is missed. An answer ends it.
+// Applications that did not answer in time.
+//
+// To wait for an application that hangs costs the limit of a wave every time, and the person who clicks elsewhere
+// meanwhile would wait with it. So one that did not answer rests: it is left alone for a while, and its calls fail at
+// once. Then it gets another chance; the while grows with every chance that is missed (a back-off), and an answer ends
+// it. An event of the application is a sign of life and worth a chance too, though not every one: some send events and
+// answer nothing.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,12 @@
-// Changes of one element's value and selection, as its events and the user's input tell of them. Main thread.
+// Changes of one element's value and selection, as its events and the user's input tell of them.
+//
+// The events of one change come in bursts: typing one letter may delete a text and insert another. So they are
+// gathered, and each notification is given once when a burst is over. Some elements are silent: they change without any
+// event (sliders of some toolkits). Their values are looked at after whatever the user did, and only another value
+// counts.
+//
+// A field may turn into one for passwords while it is followed. Then the focus is told anew before the value is, so
+// that the core looks at the element again and masks what it reads. Main thread.
 #pragma once
 
 #include <functional>

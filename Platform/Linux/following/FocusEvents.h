@@ -1,4 +1,8 @@
-// The events that tell of the keyboard focus, for all who follow an application. Main thread.
+// The events that tell of the keyboard focus, for all who follow an application.
+//
+// One change of the focus is told by several events, in an order that differs between toolkits: the element loses it,
+// the window gets it, the element gets it, the item in it becomes the active one. Nothing is decided on the first of
+// them. Arrivals are noted, and the last one is looked at when the burst is over. Main thread.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,12 @@
-// Items of menus that were highlighted lately. A menu closes with the click on its item, so by the time that the click
-// is looked at, the item may be nowhere any more; it was highlighted before.
+// Items of menus that were highlighted lately.
+//
+// A menu closes with the click on its item, so by the time that the click is looked at, the item may be nowhere any
+// more. But before it was clicked it was highlighted, and the toolkit told so: the pointer over an item gives it the
+// focus. So the items that were highlighted are remembered with their places, and a click that lies on one of them,
+// within a short grace after the application went on to something else, is a click on that item.
+//
+// Lists of combo boxes open the other way round: under the pointer, on the item that is chosen, with the click that
+// opens them. A click that highlights the first item of a list is therefore one on the combo box until it is over.
 #pragma once
 
 #include <chrono>
@@ -26,7 +33,7 @@ class HighlightedItems {
   void highlighted(const AtspiReference& item, const AtspiRectangle& place, const AtspiReference& owner, TimePoint now);
   /// The focus of the application went elsewhere.
   void left(std::string_view busName, TimePoint now);
-  /// It only went to the list of the combo box, which is open.
+  /// The focus went to the list of a combo box, which opens with it. None of the list's items is highlighted yet.
   void wentToList(const AtspiReference& list, const AtspiReference& comboBox, TimePoint now);
 
   /// How long the click that opened a list may last. The list opens under the pointer, on the item that is chosen.

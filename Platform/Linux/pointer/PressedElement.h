@@ -1,4 +1,7 @@
 // Which element lay under the pointer when a button was pressed.
+//
+// A click is reported at the release, and by then some applications do not find any more what was pressed: the list has
+// opened over it, the menu has closed. What they said at the press is kept for the release at the same place.
 #pragma once
 
 #include <mutex>

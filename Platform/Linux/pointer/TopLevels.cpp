@@ -3,7 +3,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::size_t mostTopLevels = 256;
+constexpr std::size_t maxTopLevels = 256;
 
 }  // namespace
 
@@ -16,7 +16,7 @@ AtspiReference KnownTopLevels::find(const WindowOnScreen& window) const {
 
 void KnownTopLevels::note(const WindowOnScreen& window, const AtspiReference& topLevel) {
   const std::lock_guard lock(mutex_);
-  if (topLevels_.size() >= mostTopLevels) topLevels_.clear();
+  if (topLevels_.size() >= maxTopLevels) topLevels_.clear();
   topLevels_.insert_or_assign(window.window, TopLevel{window.process, topLevel});
 }
 

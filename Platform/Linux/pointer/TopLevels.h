@@ -1,4 +1,6 @@
-// Which top-level accessible belongs to which window, once it was found.
+// Which top-level accessible belongs to which window, once it was found. The display server does not know accessibles,
+// nor accessibles their windows, so a match has to be searched for among the windows of the application, with several
+// calls each; what was found is kept as long as the window is of the same process.
 #pragma once
 
 #include <map>

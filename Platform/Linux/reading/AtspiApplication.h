@@ -1,4 +1,8 @@
 // What is known of the applications on the accessibility bus, each by its bus name, for as long as it is there.
+//
+// Applications differ by what they were made with, and some questions are of no use to some of them. Both are learnt
+// from the first answers and remembered here, so that later clicks are cheaper than the first one. That an element is a
+// field for passwords is remembered too, and never unlearnt: a field that shows its text for a moment stays a secret.
 #pragma once
 
 #include <atomic>

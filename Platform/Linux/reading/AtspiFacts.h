@@ -1,4 +1,9 @@
 // What can be asked of an element without saying more than which element, and what was answered.
+//
+// Each question is one call of the accessibility interface, with an answer of one shape. To make them values is what
+// lets them be gathered, sent together and remembered: a set of them is a number, and what was answered is a record
+// with a place for each. A question that needs an argument (the child at an index, the text of a range) is a call of
+// its own and is never remembered.
 #pragma once
 
 #include <array>

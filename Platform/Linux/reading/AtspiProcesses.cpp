@@ -9,7 +9,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::size_t mostNames = 1024;
+constexpr std::size_t maxNames = 1024;
 
 AtspiCall busCall(const char* member, std::vector<AtspiArgument> arguments) {
   return {{"org.freedesktop.DBus", "/org/freedesktop/DBus"}, "org.freedesktop.DBus", member, std::move(arguments)};
@@ -56,7 +56,7 @@ void AtspiProcesses::lookAtNames(AtspiReader& reader) {
     }
   }
   std::erase_if(names, [&](const auto& name) { return !name.starts_with(':') || current.contains(name); });
-  if (names.size() > mostNames) names.resize(mostNames);
+  if (names.size() > maxNames) names.resize(maxNames);
   std::vector<AtspiCall> calls;
   for (const auto& name : names) calls.push_back(busCall("GetConnectionUnixProcessID", {name}));
   const auto replies = reader.exchange(calls);

@@ -1,4 +1,5 @@
-// From processes to what they have on the accessibility bus.
+// From processes to what they have on the accessibility bus. The display server knows windows by their process, the bus
+// knows programs by their names, and sandboxes stand in between with names of their own.
 #pragma once
 
 #include <map>

@@ -1,5 +1,24 @@
-// Reads facts about elements for one thread. What was read while an event is handled is not read again, and all that is
-// missing is asked in one wave.
+// Reads facts about elements for one thread.
+//
+// A call to an application costs a round trip through the bus and through the application's main loop, a tenth of a
+// millisecond at best and a frame when it paints. A click needs some forty facts of some ten elements; asked one after
+// the other they would take longer than a person notices. Three things keep that from happening.
+//
+// A wave: whatever is missing at one moment is sent together and awaited together, so that twenty questions take as
+// long as the slowest of them. The number of waves, and not that of the calls, is what a click costs.
+//
+// The path: the element under the pointer and those above it. The core climbs from the one to the others, so when one
+// of them is asked, what the core will want of the next ones is asked in the same wave, by the parents that they had
+// when they were last seen. A guess that is wrong costs an answer that nobody needs; it never decides anything.
+//
+// An epoch: the handling of one event (ReadingEpoch.h). What was read in it is not read again, so all decisions about
+// one click are made from one state of the application; what another event finds is asked anew.
+//
+// Some facts are kept beyond their epoch: of the element that is followed, for the time in which its application does
+// not answer, and of one that may go with the click that is being looked at. They are used only where the element
+// itself says nothing, and say so (AtspiFacts::isFormer).
+//
+// All waves of one event together wait for a bounded time. What has not come by then is absent.
 #pragma once
 
 #include <memory>

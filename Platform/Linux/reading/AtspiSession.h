@@ -1,4 +1,8 @@
 // The way to the applications on the accessibility bus, and what is known of each of them.
+//
+// What one application said lives in one record under its bus name (AtspiApplication.h). A name belongs to one program
+// and is never given again, so when it leaves the bus the record goes, and nothing that was learnt of one program is
+// believed of another.
 #pragma once
 
 #include <map>

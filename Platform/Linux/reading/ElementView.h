@@ -1,4 +1,9 @@
 // One element while one primitive of it is answered: what is read of it, and where it stands.
+//
+// A view is where reading ahead is decided. Whoever asks it for a fact gets the fact; with it, in the same wave, goes
+// what experience says will be asked next: of an element on the path what the core reads of every element that matters,
+// of its ancestors the same, of a control what it is called. Views are made for a few lines and hold nothing of their
+// own.
 #pragma once
 
 #include <memory>
@@ -21,7 +26,7 @@ class ElementView {
 
   /// The facts, with these among them; what is sure to be needed soon is asked for in the same wave.
   const AtspiFacts& need(Asks asks) const;
-  /// The same without more.
+  /// The facts, with these among them, and nothing asked ahead: for elements that nobody will come back to.
   const AtspiFacts& needOnly(Asks asks) const { return reader_.read(reference_, asks); }
 
   /// Success where the role was answered; else why it was not.

@@ -1,4 +1,9 @@
 // Which element of one application has the keyboard focus, as its events said.
+//
+// There are two elements to remember. The one that events told of last has only arrived: it may be an item of a menu,
+// or may not be there to be asked yet. The one that is followed was looked at and taken. Between them lies a burst of
+// events, since toolkits tell of one change of the focus several times; so arrivals are only noted, and what they mean
+// is decided when the burst is over.
 #pragma once
 
 #include <mutex>
@@ -15,7 +20,7 @@ class FocusMemory {
   void noteArrival(const AtspiReference& element);
   /// The last one that was told of.
   AtspiReference lastArrival() const;
-  /// The last one that was told of, if it was not taken since.
+  /// Gives the last one that was told of and forgets it, so that each is looked at once; null: it was given already.
   AtspiReference takeArrival();
 
   /// The one that is followed. Null: the application told of none yet.

@@ -1,5 +1,5 @@
 // Which reads belong together: those of the handling of one event. What was read once is not read again before the
-// next.
+// next, so that the answers fit together and no application is asked the same thing twice for one click.
 #pragma once
 
 #include <systemd/sd-event.h>

@@ -1,5 +1,5 @@
 // Items that were selected in containers of one application that cannot say which of theirs are: what the events of the
-// items told.
+// items told. Such a container may have a million items, and to ask each would stop the application.
 #pragma once
 
 #include <deque>

@@ -1,5 +1,6 @@
 // How long the reports of clicks take. A click is followed from the arrival of its event, over the jobs that are posted
-// while it is handled, to the report; nobody between the two has to know.
+// while it is handled, to the report; nobody between the two has to know. What is told is the median and a percentile
+// of the latest reports: one click that an application held up says nothing of the others.
 #pragma once
 
 #include <array>

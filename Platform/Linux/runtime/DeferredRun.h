@@ -1,4 +1,7 @@
 // Work that waits until what is arriving has arrived, so that a burst causes it once.
+//
+// Applications tell of one change by many events. Each of them requests the run, and the run looks at what there is
+// when nothing else is left to be read. Where something always is, it runs soon all the same.
 #pragma once
 
 #include <systemd/sd-event.h>

@@ -12,7 +12,7 @@ namespace norra::linux_desktop {
 namespace {
 
 /// A crowd is over when so many are left of it, so that it is told of twice however long it lasts.
-constexpr std::size_t mostAfterACrowd = SerialExecutorThreads::mostWaiting / 2;
+constexpr std::size_t maxAfterACrowd = SerialExecutorThreads::maxWaiting / 2;
 
 }  // namespace
 
@@ -28,7 +28,7 @@ class SerialQueue {
   bool pushUnlessCrowded(Job job) {
     std::unique_lock lock(mutex_);
     if (isClosed_) return true;
-    if (jobs_.size() < SerialExecutorThreads::mostWaiting) {
+    if (jobs_.size() < SerialExecutorThreads::maxWaiting) {
       append(std::move(job));
       return true;
     }
@@ -72,7 +72,7 @@ class SerialQueue {
     Next next;
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return isClosed_ || !jobs_.empty(); });
-    if (isClosed_ || jobs_.size() <= mostAfterACrowd) next.dropped = std::exchange(dropped_, 0);
+    if (isClosed_ || jobs_.size() <= maxAfterACrowd) next.dropped = std::exchange(dropped_, 0);
     if (isClosed_) return next;
     next.job = std::move(jobs_.front());
     jobs_.pop_front();

@@ -19,7 +19,7 @@ class SerialQueue;
 class SerialExecutorThreads final : public SerialExecutors {
  public:
   /// How many waiting jobs are a crowd.
-  static constexpr std::size_t mostWaiting = 4096;
+  static constexpr std::size_t maxWaiting = 4096;
 
   /// `loop` must outlive this.
   explicit SerialExecutorThreads(EventLoop& loop) : loop_(loop) {}

@@ -1,4 +1,5 @@
-// When nobody needs the service it ends by itself.
+// When nobody needs the service it ends by itself: the bus starts it again with the next call, and until then it
+// watches nobody and costs nothing.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,8 @@
 // The service on the session bus: each caller is a connection.
+//
+// There is no connecting and disconnecting on a bus. A program that calls the service is a client from its first call
+// on, known by the name that the bus gave it, and gone when the bus says that the name has left; a client that crashes
+// is noticed like one that ends.
 #pragma once
 
 #include <functional>

@@ -12,7 +12,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::size_t mostWaitingCalls = 64;
+constexpr std::size_t maxWaitingCalls = 64;
 constexpr std::uint64_t introspectionLimitMicroseconds = 250'000;
 constexpr std::string_view start = busNames::startCollectorWith;
 
@@ -55,7 +55,7 @@ ClientCalls::ClientCalls(sd_bus* bus, std::shared_ptr<BusConnection> connection)
     : bus_(bus), connection_(std::move(connection)) {}
 
 int ClientCalls::add(sd_bus_message* call) {
-  if (waiting_.size() >= mostWaitingCalls) return -ENOBUFS;
+  if (waiting_.size() >= maxWaitingCalls) return -ENOBUFS;
   waiting_.emplace_back(sd_bus_message_ref(call));
   answerWaiting();
   return 1;

@@ -1,4 +1,4 @@
-// The way of the reports to one client.
+// A client as the core sees it: calls of addEvent that nobody waits for.
 #pragma once
 
 #include <functional>

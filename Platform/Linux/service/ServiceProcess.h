@@ -1,4 +1,4 @@
-// The life of the service's process.
+// The process of the service as the core sees it: its transactions, and its end when everything was delivered.
 #pragma once
 
 #include <atomic>

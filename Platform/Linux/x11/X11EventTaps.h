@@ -1,5 +1,10 @@
 // Input as the X server tells it to whoever asks (raw events of XInput2): nothing is grabbed, held up or changed, and
 // open menus hide nothing.
+//
+// Raw events say which button or key, and not where and not what for. The place of a release comes from a record of the
+// devices (X11ClickPlaces.h), since the pointer has moved on by the time that the event is read; what a key means comes
+// from the keyboard's layout and the modifiers that are held (X11Keyboard.h). Presses of buttons are told beside the
+// taps, for whoever must know what was pressed before the application acts on it.
 #pragma once
 
 #include <systemd/sd-event.h>

@@ -9,7 +9,7 @@ namespace {
 // Some window managers put a window of their own between their frame and the client.
 constexpr int deepestClient = 3;
 constexpr int deepestFocus = 32;
-constexpr std::size_t mostWindows = 256;
+constexpr std::size_t maxWindows = 256;
 
 std::int16_t pixel(double coordinate) {
   return static_cast<std::int16_t>(std::clamp(std::floor(coordinate), -32768.0, 32767.0));
@@ -74,7 +74,7 @@ std::vector<xcb_window_t> X11WindowTree::childrenOf(const std::vector<xcb_window
     const auto* first = xcb_query_tree_children(tree.get());
     children.insert(children.end(), first, first + xcb_query_tree_children_length(tree.get()));
   }
-  if (children.size() > mostWindows) children.erase(children.begin(), children.end() - mostWindows);
+  if (children.size() > maxWindows) children.erase(children.begin(), children.end() - maxWindows);
   return children;
 }
 
@@ -117,7 +117,7 @@ std::vector<xcb_window_t> X11WindowTree::clients() {
   const auto request = connection_.askProperty(connection_.root(), X11Atom::netClientListStacking);
   auto windows = itemsOf(connection_.await<&xcb_get_property_reply>(request));
   if (windows.empty()) windows = childrenOf({connection_.root()});
-  if (windows.size() > mostWindows) windows.erase(windows.begin(), windows.end() - mostWindows);
+  if (windows.size() > maxWindows) windows.erase(windows.begin(), windows.end() - maxWindows);
   std::ranges::reverse(windows);
   return windows;
 }

@@ -76,10 +76,10 @@ TEST_F(SerialExecutorThreadTest, DropsCountsAndLogsInACrowdWhatMayBeDropped) {
     begin.get_future().wait();
   });
   hasBegun.get_future().wait();
-  for (std::size_t i = 0; i < SerialExecutorThreads::mostWaiting + 3; ++i) executor->postUnlessCrowded([&] { ++jobs; });
+  for (std::size_t i = 0; i < SerialExecutorThreads::maxWaiting + 3; ++i) executor->postUnlessCrowded([&] { ++jobs; });
   begin.set_value();
   runOn(*executor, [] {});
-  EXPECT_EQ(jobs, SerialExecutorThreads::mostWaiting) << "what may not be dropped is not";
+  EXPECT_EQ(jobs, SerialExecutorThreads::maxWaiting) << "what may not be dropped is not";
   EXPECT_EQ(executors->droppedJobs(), 3U);
   EXPECT_THAT(log.texts(LogLevel::error), testing::ElementsAre(testing::HasSubstr("what comes now is lost"),
                                                                "3 events were lost while too many waited"));
