@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "Platform/Linux/pointer/PointedElement.h"
+#include "Platform/Linux/toolkits/Toolkits.h"
 #include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra::benchmarks {
@@ -41,7 +42,7 @@ Target findTarget(Place onScreen, const WayToAsk& way) {
   if (!connection) throw std::runtime_error("no X server");
   X11Windows windows(std::move(connection));
   const NothingKept epoch;
-  AtspiSession session(epoch);
+  AtspiSession session(epoch, toolkitNamed);
   Focus focus(session);
   PointedElement pointed(session, focus, windows);
   const CGPoint point{double(onScreen.x), double(onScreen.y)};

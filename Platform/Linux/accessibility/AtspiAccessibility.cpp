@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "Platform/Linux/toolkits/Toolkits.h"
+
 namespace norra::linux_desktop {
 namespace {
 
@@ -30,7 +32,7 @@ AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows
       eventTaps_(eventTaps),
       epoch_(event),
       windows_(windows),
-      session_(epoch_),
+      session_(epoch_, toolkitNamed),
       focus_(session_),
       pointed_(session_, focus_, windows),
       handles_(session_, focus_, pointed_, windows),

@@ -1,7 +1,6 @@
 // Roles and states by their AT-SPI numbers. Only the numbers are stable; the names changed between versions.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 
 namespace norra::linux_desktop {
@@ -104,8 +103,6 @@ enum class AtspiState : std::uint8_t {
   checkable = 41,
   hasPopup = 42,
 };
-
-constexpr bool isOneOf(const auto& roles, AtspiRole role) { return std::ranges::find(roles, role) != roles.end(); }
 
 constexpr bool hasState(std::uint64_t states, AtspiState state) {
   return ((states >> static_cast<unsigned>(state)) & 1U) != 0;

@@ -15,36 +15,12 @@ constexpr std::uint32_t labelledBy = 2;
 // How far above a label the labelled element is looked for.
 constexpr int mostLevelsOfALabel = 3;
 
-bool isAscii(char c, char first, char last) { return c >= first && c <= last; }
-
-// GtkButton, AdwActionRow.
-bool isClassName(std::string_view name) {
-  if (!name.starts_with("Gtk") && !name.starts_with("Adw")) return false;
-  const auto rest = name.substr(3);
-  return !rest.empty() && isAscii(rest.front(), 'A', 'Z') && std::ranges::all_of(rest, [](char c) {
-    return isAscii(c, 'A', 'Z') || isAscii(c, 'a', 'z') || isAscii(c, '0', '9');
-  });
-}
-
-bool isGtk4Default(std::string_view name, AtspiRole role) {
-  return isClassName(name) || (role == AtspiRole::pageTab && name == "Tab") ||
-         (role == AtspiRole::pageTabList && name == "Tab list");
-}
-
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
 
 // The bullet or the number that a web page puts before an item of a list.
 bool isListMark(const AtspiFacts& facts) {
   const auto tag = facts.attributes.find("tag");
   return tag != facts.attributes.end() && tag->second == "::marker";
-}
-
-std::string_view withoutListMark(std::string_view name) {
-  static constexpr std::array<std::string_view, 3> marks{"\u2022 ", "\u25E6 ", "\u25AA "};
-  for (const auto mark : marks) {
-    if (name.starts_with(mark)) return name.substr(mark.size());
-  }
-  return name;
 }
 
 bool isNumber(std::string_view text, double number) {
@@ -67,10 +43,10 @@ AtspiReference firstLabel(const ElementView& view) {
   return {};
 }
 
-// Whether `label` lies below the element. Only some toolkits let elements be labelled by a part of themselves.
+// Whether `label` lies below the element.
 bool isOwnPart(const ElementView& view, const AtspiReference& label) {
   if (label == view.reference()) return true;
-  if (view.toolkit() == Toolkit::gtk3 || view.toolkit() == Toolkit::qt) return false;
+  if (!view.toolkit().isLabelledByOwnParts) return false;
   auto above = label;
   for (int i = 0; i < mostLevelsOfALabel && !above.isNull(); ++i) {
     above = view.other(above).need(Ask::parent).parent;
@@ -79,10 +55,10 @@ bool isOwnPart(const ElementView& view, const AtspiReference& label) {
   return false;
 }
 
-// GTK 4 joins the name and the label of a button that has the label in it.
 std::string withoutOwnLabel(const ElementView& view, std::string name) {
+  if (!view.toolkit().joinsNameAndLabel) return name;
   const auto half = firstHalf(name);
-  if (half.size() == name.size() || view.toolkit() != Toolkit::gtk4) return name;
+  if (half.size() == name.size()) return name;
   const auto label = firstLabel(view);
   return !label.isNull() && isOwnPart(view, label) ? std::string(half) : name;
 }
@@ -95,12 +71,9 @@ AttributeResult attributeNamed(const ElementView& view, std::string_view name) {
 
 }  // namespace
 
-std::string properName(std::string_view name, AtspiRole role, Toolkit toolkit) {
+std::string properName(std::string_view name, AtspiRole role, const Toolkit& toolkit) {
   if (isBlank(name)) return {};
-  if (toolkit == Toolkit::gtk4 && isGtk4Default(name, role)) return {};
-  if (toolkit == Toolkit::qt && role == AtspiRole::pageTabList) return {};
-  if (toolkit == Toolkit::gecko && role == AtspiRole::listItem) name = withoutListMark(name);
-  return std::string(name);
+  return std::string(toolkit.properName ? toolkit.properName(name, role) : name);
 }
 
 std::string properDescription(const AtspiFacts& facts) {
@@ -112,20 +85,20 @@ std::string properDescription(const AtspiFacts& facts) {
 AttributeResult titleOf(const ElementView& view) {
   const auto& facts = view.need(Ask::name);
   if (isListMark(facts)) return noValue();
-  const auto name = view.application().showsWebPages() ? nameInPage(view) : facts.name;
+  const auto name = view.toolkit().showsWebPages ? nameInPage(view) : facts.name;
   return textOrNoValue(withoutOwnLabel(view, properName(name, view.role(), view.toolkit())));
 }
 
 AttributeResult descriptionOf(const ElementView& view) {
   const auto& facts = view.need(Ask::description);
   if (facts.description.empty()) return noValue();
-  if (view.application().showsWebPages() && isDescribedByField(view)) return noValue();
+  if (view.toolkit().showsWebPages && isDescribedByField(view)) return noValue();
   return textOrNoValue(properDescription(view.has(AtspiInterface::value) ? view.need(Ask::currentValue) : facts));
 }
 
 AttributeResult placeholderOf(const ElementView& view) {
-  if (!isTextField(view.role()) && view.role() != AtspiRole::spinButton) return unsupported();
-  return attributeNamed(view, view.toolkit() == Toolkit::chromium ? "placeholder" : "placeholder-text");
+  if (!is(view.role(), RoleKind::field) && view.role() != AtspiRole::spinButton) return unsupported();
+  return attributeNamed(view, view.toolkit().placeholderAttribute);
 }
 
 AttributeResult helpOf(const ElementView& view) {
@@ -139,7 +112,7 @@ AttributeResult identifierOf(const ElementView& view) {
 }
 
 AttributeResult domIdentifierOf(const ElementView& view) {
-  if (!view.application().showsWebPages()) return unsupported();
+  if (!view.toolkit().showsWebPages) return unsupported();
   const auto& attributes = view.need(Ask::attributes).attributes;
   if (!attributes.contains("tag")) return unsupported();
   const auto id = attributes.find("id");
@@ -150,7 +123,7 @@ AttributeResult roleDescriptionOf(const ElementView& view) {
   const auto role = view.need(Ask::role).role;
   if (auto name = view.application().roleName(role); !name.empty()) return valueOf(std::move(name));
   auto name = view.need(Ask::localizedRoleName).localizedRoleName;
-  if (!name.empty() && view.application().hasOneNameForEachRole()) view.application().noteRoleName(role, name);
+  if (!name.empty() && view.toolkit().hasOneNameForEachRole) view.application().noteRoleName(role, name);
   return textOrNoValue(std::move(name));
 }
 
@@ -160,7 +133,7 @@ AttributeResult titleElementOf(const ElementView& view) {
   view.reader().expect(label, view.generalAsks());
   if (isOwnPart(view, label)) return noValue();
   const auto named = view.other(label);
-  if (view.application().showsWebPages() && isFieldOfPage(named)) return noValue();
+  if (view.toolkit().showsWebPages && isFieldOfPage(named)) return noValue();
   return elementNamed(label);
 }
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "Platform/Linux/elements/AttributeContent.h"
-#include "Platform/Linux/elements/RoleMapping.h"
+#include "Platform/Linux/reading/Toolkit.h"
 
 namespace norra::linux_desktop {
 
@@ -26,7 +26,7 @@ AttributeResult titleElementOf(const ElementView& view);
 void keepNames(const ElementView& view);
 
 /// A name without what the toolkit puts into it or says instead of one; empty: none.
-std::string properName(std::string_view name, AtspiRole role, Toolkit toolkit);
+std::string properName(std::string_view name, AtspiRole role, const Toolkit& toolkit);
 /// A description, if it says more than the name and the value do; else empty.
 std::string properDescription(const AtspiFacts& facts);
 

@@ -37,8 +37,8 @@ bool liesInTextArea(const ElementView& view) {
   for (int level = 0; level < mostLevels && !at.isNull(); ++level) {
     const auto& facts = view.other(at).needOnly(Asks{Ask::role, Ask::states, Ask::parent});
     const auto role = static_cast<AtspiRole>(facts.role);
-    if (isTextField(role) && hasState(facts.states, AtspiState::multiLine)) return level > 0;
-    if (!isOneOf(partsOfTexts, role)) return false;
+    if (is(role, RoleKind::field) && hasState(facts.states, AtspiState::multiLine)) return level > 0;
+    if (std::ranges::find(partsOfTexts, role) == partsOfTexts.end()) return false;
     at = facts.parent;
   }
   return false;
@@ -60,10 +60,10 @@ bool holdsEditor(const ElementView& view) {
                              [&](const auto& field) { return view.other(field).hasState(AtspiState::multiLine); });
 }
 
-// The elements that stand in the text as one character each. Chromium's children are its mere texts too.
+// The elements that stand in the text as one character each. Mere texts may be among the children too.
 std::vector<AtspiReference> embeddedIn(const ElementView& view) {
   auto children = firstChildren(view, mostParts);
-  if (view.toolkit() != Toolkit::chromium) return children;
+  if (!view.toolkit().listsMereTexts) return children;
   std::vector<AtspiQuestion> questions;
   for (const auto& child : children) questions.push_back({child, view.generalAsks()});
   view.reader().read(questions);
@@ -147,7 +147,7 @@ std::string nameInPage(const ElementView& view) {
   if (view.role() == AtspiRole::label) return nameFromContent(view);
   if (name.empty() || isPage(view)) return name;
   if (attributeOf(view, "explicit-name") == "true") return isNamedByField(view) ? std::string() : name;
-  return isTextField(view.role()) ? name : nameFromContent(view);
+  return is(view.role(), RoleKind::field) ? name : nameFromContent(view);
 }
 
 bool isDescribedByField(const ElementView& view) {
@@ -156,11 +156,12 @@ bool isDescribedByField(const ElementView& view) {
 }
 
 bool isFieldOfPage(const ElementView& view) {
-  return isTextField(view.role()) || isOneOf(fields, view.role()) || isWritten(view);
+  return is(view.role(), RoleKind::field) || std::ranges::find(fields, view.role()) != fields.end() || isWritten(view);
 }
 
 bool isWritten(const ElementView& view) {
-  if (isTextField(view.role()) || isOneOf(fields, view.role()) || isPage(view)) return false;
+  if (is(view.role(), RoleKind::field) || std::ranges::find(fields, view.role()) != fields.end() || isPage(view))
+    return false;
   return view.hasState(AtspiState::editable) || liesInTextArea(view);
 }
 

@@ -1,37 +1,22 @@
-// From AT-SPI's roles to the roles and subroles of the core.
+// From AT-SPI's roles to the roles and subroles of the core: the table of reading/Roles.h, what states and surroundings
+// add to it, and what a toolkit means otherwise.
 #pragma once
 
-#include <optional>
 #include <string_view>
 
-#include "Platform/Linux/reading/RoleKinds.h"
+#include "Platform/Linux/reading/Toolkit.h"
 
 namespace norra::linux_desktop {
 
 class ElementView;
 
-struct RoleAndSubrole {
-  std::string_view role;
-  /// Empty: none.
-  std::string_view subrole;
-  bool operator==(const RoleAndSubrole&) const = default;
-};
-
-/// What decides a role beside the element's own facts.
-struct RoleSurroundings {
-  Toolkit toolkit = Toolkit::other;
-  /// Of the element that this one lies in; nothing where it was not asked for. See roleDependsOnParent.
-  std::optional<AtspiRole> parentRole = std::nullopt;
-  /// Whether radio buttons lie in this element.
-  bool holdsRadioButtons = false;
-  /// Whether it is, or ever was, a field whose text is hidden.
-  bool hidesText = false;
-};
-
 /// The facts that asksForRole names, and the surroundings, decide. Never without a role.
-RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surroundings);
+RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surroundings, const Toolkit& toolkit);
 
-/// Of one element; what is missing is read.
+/// The role of an element, for which what is needed of it and around it is read.
 RoleAndSubrole mappedRole(const ElementView& view);
+
+/// Whether one of the roles that a web page gives an element is this one.
+bool hasXmlRole(const AtspiFacts& facts, std::string_view role);
 
 }  // namespace norra::linux_desktop

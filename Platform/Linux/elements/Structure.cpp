@@ -42,9 +42,8 @@ void noteRadioGroup(const ElementView& child, const AtspiReference& parent) {
   if (child.role() == AtspiRole::radioButton || holdsThem) child.reader().noteRadioGroup(parent);
 }
 
-// In GTK 3 a page lies below the label of its tab, which is not what it looks like.
 AtspiReference withoutPageTab(const ElementView& view, const AtspiReference& parent) {
-  if (view.toolkit() != Toolkit::gtk3 || isRoot(parent)) return parent;
+  if (!view.toolkit().putsPagesBelowTabs || isRoot(parent)) return parent;
   const auto above = view.other(parent);
   return above.role() == AtspiRole::pageTab ? above.need(Ask::parent).parent : parent;
 }
@@ -90,14 +89,14 @@ std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t l
 
 // What lies in an editor is its content.
 bool isEditor(const ElementView& view) {
-  if (isTextField(view.role()) && view.hasState(AtspiState::multiLine)) return true;
-  return view.application().showsWebPages() && isWritten(view);
+  if (is(view.role(), RoleKind::field) && view.hasState(AtspiState::multiLine)) return true;
+  return view.toolkit().showsWebPages && isWritten(view);
 }
 
 AttributeResult childrenOf(const ElementView& view) {
   if (isEditor(view)) return noValue();
-  // The page that GTK 3 puts below a tab does not belong to it.
-  if (view.role() == AtspiRole::pageTab && view.toolkit() == Toolkit::gtk3) return noValue();
+  // A page below its tab does not belong to it.
+  if (view.role() == AtspiRole::pageTab && view.toolkit().putsPagesBelowTabs) return noValue();
   const auto count = view.needOnly(Ask::childCount).childCount;
   const bool hasMany = count > static_cast<std::int64_t>(mostChildrenAtOnce);
   const auto children = firstChildren(view, hasMany ? mostChildrenOfMany : mostChildrenAtOnce);
@@ -126,8 +125,9 @@ AttributeResult urlOf(const ElementView& view) {
     return uri.empty() ? noValue() : valueOf(NSURL{uri});
   }
   if (role != "AXWebArea" || !view.has(AtspiInterface::document)) return unsupported();
-  const bool isGecko = view.toolkit() == Toolkit::gecko;
-  const auto& uri = isGecko ? view.need(Ask::documentURL).documentURL : view.need(Ask::documentURI).documentURI;
+  const auto ask = view.toolkit().pageAddress;
+  const auto& facts = view.need(ask);
+  const auto& uri = ask == Ask::documentURL ? facts.documentURL : facts.documentURI;
   return uri.empty() ? noValue() : valueOf(NSURL{uri});
 }
 

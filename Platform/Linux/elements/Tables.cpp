@@ -24,7 +24,7 @@ struct CellPlace {
 
 bool liesRightBelowTable(const ElementView& cell) {
   if (cell.role() != AtspiRole::tableCell) return false;
-  return isTableLike(cell.other(cell.need(Ask::parent).parent).role());
+  return is(cell.other(cell.need(Ask::parent).parent).role(), RoleKind::tableLike);
 }
 
 std::optional<CellPlace> placeByIndex(const ElementView& cell) {
@@ -86,11 +86,11 @@ std::vector<AtspiReference> selectedOfRole(const ElementView& container, std::st
 }
 
 bool isView(const ElementView& container) {
-  return container.toolkit() == Toolkit::qt && container.has(AtspiInterface::table) &&
+  return !container.toolkit().viewsTellSelections && container.has(AtspiInterface::table) &&
          !container.has(AtspiInterface::selection);
 }
 
-// Qt's views do not say which of their items are selected, and its trees not even which rows.
+// Some views do not say which of their items are selected, and trees among them not even which rows.
 std::vector<AtspiReference> selectedItemsOfView(const ElementView& container) {
   const auto noted = container.application().selectedItems.notedIn(container.reference());
   std::vector<AtspiQuestion> questions;
@@ -119,7 +119,7 @@ AttributeResult partsOf(const ElementView& view, AtspiPart::Kind kind, const std
   return valueOf(std::move(parts));
 }
 
-// Qt's lists are tables of rows that are children.
+// Such lists are tables of rows that are children.
 AttributeResult childrenAtSelectedRows(const ElementView& list) {
   std::vector<AtspiCall> calls;
   for (const auto row : list.need(Ask::selectedRows).selectedRows) {
@@ -204,11 +204,11 @@ AttributeResult rowHeadersOf(const ElementView& cell) {
 }
 
 AttributeResult selectedRowsOf(const ElementView& view) {
-  if (!isTableLike(view.role())) return unsupported();
+  if (!is(view.role(), RoleKind::tableLike)) return unsupported();
   if (isView(view) && view.role() != AtspiRole::table) {
     return partsOf(view, AtspiPart::Kind::row, rowsOf(view, selectedItemsOfView(view)));
   }
-  if (!view.application().showsWebPages() && view.has(AtspiInterface::table)) {
+  if (!view.toolkit().showsWebPages && view.has(AtspiInterface::table)) {
     return partsOf(view, AtspiPart::Kind::row, view.need(Ask::selectedRows).selectedRows);
   }
   if (!view.has(AtspiInterface::selection)) return unsupported();
@@ -216,7 +216,7 @@ AttributeResult selectedRowsOf(const ElementView& view) {
 }
 
 AttributeResult selectedCellsOf(const ElementView& view) {
-  if (!isTableLike(view.role())) return unsupported();
+  if (!is(view.role(), RoleKind::tableLike)) return unsupported();
   if (isView(view)) return elementsNamed(selectedItemsOfView(view));
   if (!view.has(AtspiInterface::selection)) return unsupported();
   return elementsNamed(selectedOfRole(view, "AXCell"));
@@ -224,7 +224,7 @@ AttributeResult selectedCellsOf(const ElementView& view) {
 
 AttributeResult selectedChildrenOf(const ElementView& view) {
   if (view.has(AtspiInterface::selection)) return elementsNamed(selectedElements(view));
-  if (view.toolkit() == Toolkit::qt && view.has(AtspiInterface::table)) return childrenAtSelectedRows(view);
+  if (!view.toolkit().viewsTellSelections && view.has(AtspiInterface::table)) return childrenAtSelectedRows(view);
   return unsupported();
 }
 

@@ -16,8 +16,8 @@ constexpr std::array<std::string_view, 3> bullets{bullet, "\u25CF", "\u26AB"};
 
 bool isSingleLine(const ElementView& view) { return !view.hasState(AtspiState::multiLine); }
 
-// GTK 4 gives the characters of a hidden text away to who asks for the text; what it displays is bullets.
-bool displaysWhatItHolds(const ElementView& view) { return view.toolkit() == Toolkit::gtk4 && isSingleLine(view); }
+// Of a hidden text that is given away, bullets are displayed.
+bool displaysWhatItHolds(const ElementView& view) { return view.toolkit().givesHiddenTextAway && isSingleLine(view); }
 
 // Other elements within a text stand in it as one character each.
 std::string withoutEmbedded(std::string text) {
@@ -65,7 +65,7 @@ bool hidesText(const ElementView& view) {
   if (view.roleError() != axError::success) return true;
   const auto role = view.role();
   if (role == AtspiRole::passwordText) return noteHidden(view);
-  if (!isTextField(role) || !view.has(AtspiInterface::text) || !displaysWhatItHolds(view)) return false;
+  if (!is(role, RoleKind::field) || !view.has(AtspiInterface::text) || !displaysWhatItHolds(view)) return false;
   return isAllBullets(view.need(Ask::displayedText).displayedText) && noteHidden(view);
 }
 
@@ -75,7 +75,7 @@ AttributeResult textValue(const ElementView& view) {
   if (view.need(Ask::role).isFormer) return {axError::cannotComplete, {}};
   if (hidesText(view)) return valueOf(bulletsFor(view.need(Ask::characterCount).characterCount));
   auto text = withoutEmbedded(textOf(view));
-  if (!isTextField(view.role()) || !isAllBullets(text)) return valueOf(std::move(text));
+  if (!is(view.role(), RoleKind::field) || !isAllBullets(text)) return valueOf(std::move(text));
   noteHidden(view);
   return valueOf(bulletsFor(view.need(Ask::characterCount).characterCount));
 }

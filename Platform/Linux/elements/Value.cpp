@@ -58,19 +58,16 @@ AttributeResult textOfComboBox(const ElementView& view) {
   if (view.has(AtspiInterface::text)) return textValue(view);
   for (const auto& child : firstChildren(view, mostChildrenOfAComboBox)) {
     const auto field = view.other(child);
-    if (isTextField(field.role())) return textValue(field);
+    if (is(field.role(), RoleKind::field)) return textValue(field);
   }
   return noValue();
 }
 
-constexpr std::array textHolders{AtspiRole::label,     AtspiRole::staticText,     AtspiRole::heading,
-                                 AtspiRole::tableCell, AtspiRole::tableRowHeader, AtspiRole::columnHeader};
-
 // Text that only repeats the name is not asked for.
 AttributeResult textBesideName(const ElementView& view) {
-  if (std::ranges::find(textHolders, view.role()) == textHolders.end()) return noValue();
+  if (!is(view.role(), RoleKind::textHolder)) return noValue();
   if (!view.need(Ask::name).name.empty() || !view.has(AtspiInterface::text)) return noValue();
-  if (view.application().showsWebPages() && (isWritten(view) || view.role() == AtspiRole::label)) return noValue();
+  if (view.toolkit().showsWebPages && (isWritten(view) || view.role() == AtspiRole::label)) return noValue();
   return textValue(view);
 }
 
@@ -91,7 +88,7 @@ bool isClassAction(std::string_view name) { return name.find('.') != std::string
 
 std::vector<std::string> ownActionNames(const ElementView& view) {
   Asks asks{Ask::actionCount, Ask::firstActionName};
-  if (view.toolkit() == Toolkit::chromium) asks |= Ask::secondActionName;
+  if (view.toolkit().actionsReadAhead > 1) asks |= Ask::secondActionName;
   const auto& facts = view.need(asks);
   const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(facts.actionCount, 0, mostActions));
   if (count == 0 || isClassAction(facts.firstActionName)) return {};
@@ -112,8 +109,8 @@ std::string_view mappedAction(std::string_view action) {
 
 AttributeResult contentOf(const ElementView& view) {
   const auto role = view.role();
-  if (isTextField(role)) return textValue(view);
-  if (isCheckable(role)) return checkedState(view);
+  if (is(role, RoleKind::field)) return textValue(view);
+  if (is(role, RoleKind::checkable)) return checkedState(view);
   if (role == AtspiRole::comboBox) return textOfComboBox(view);
   if (view.has(AtspiInterface::value)) return number(view.need(Ask::currentValue).currentValue);
   return textBesideName(view);
@@ -121,7 +118,7 @@ AttributeResult contentOf(const ElementView& view) {
 
 AXResult<std::vector<std::string>> actionNamesOf(const ElementView& view) {
   if (const auto error = view.roleError(); error != axError::success) return {error, {}};
-  const bool isContainer = isMereContainer(view.role()) && !view.application().showsWebPages();
+  const bool isContainer = is(view.role(), RoleKind::mereContainer) && !view.toolkit().showsWebPages;
   if (isContainer || !view.has(AtspiInterface::action)) return {};
   std::vector<std::string> names;
   for (const auto& action : ownActionNames(view)) {

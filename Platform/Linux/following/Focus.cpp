@@ -19,9 +19,6 @@ constexpr std::size_t mostElementsSearched = 1200;
 constexpr std::size_t mostChildrenSearched = 40;
 constexpr int mostLevelsOfItems = 4;
 
-constexpr std::array items{AtspiRole::listItem, AtspiRole::tableCell, AtspiRole::tableRow,
-                           AtspiRole::treeItem, AtspiRole::icon,      AtspiRole::tableRowHeader};
-
 bool isFocused(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::focused); }
 
 // Containers with very many children are not searched; what is focused in them is theirs.
@@ -71,11 +68,11 @@ AtspiReference withoutOwnButton(const ElementView& button) {
 
 // The list, table or tree that an item lies in; null: it is no item of one.
 AtspiReference containerOf(const ElementView& item) {
-  if (!isOneOf(items, item.role())) return {};
+  if (!is(item.role(), RoleKind::item)) return {};
   auto above = item.need(Ask::parent).parent;
   for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
     const auto container = item.other(above);
-    if (isItemContainer(container.role())) return above;
+    if (is(container.role(), RoleKind::itemContainer)) return above;
     above = container.need(Ask::parent).parent;
   }
   return {};
@@ -89,7 +86,7 @@ AtspiReference followedElement(const ElementView& focused) {
 }
 
 void noteSelected(const ElementView& focused, const AtspiReference& followed) {
-  const bool isItem = isOneOf(items, focused.role()) && followed != focused.reference();
+  const bool isItem = is(focused.role(), RoleKind::item) && followed != focused.reference();
   if (isItem) focused.application().selectedItems.note(followed, focused.reference());
 }
 

@@ -7,7 +7,7 @@ namespace {
 
 constexpr int mostLevelsOfMenus = 8;
 
-bool isPartOfMenu(AtspiRole role) { return roleDependsOnParent(role) || role == AtspiRole::popupMenu; }
+bool isPartOfMenu(AtspiRole role) { return is(role, RoleKind::menuPart) || role == AtspiRole::popupMenu; }
 
 // An option in the open list of a combo box.
 bool isOption(const ElementView& item) {
@@ -55,6 +55,6 @@ void keepMenuOf(const ElementView& item) {
   for (const auto& level : menuAround(item)) item.reader().keep(level, AtspiReader::KeptFor::silenceAndEnd);
 }
 
-bool saysPlaceOnScreen(const ElementView& view) { return view.toolkit() != Toolkit::gtk4; }
+bool saysPlaceOnScreen(const ElementView& view) { return view.toolkit().saysPlacesOnScreen; }
 
 }  // namespace norra::linux_desktop

@@ -21,7 +21,7 @@ void wake(AtspiSession& session, ProcessIdentifier process) {
   const auto root = session.processes.rootOf(process, reader);
   if (root.isNull()) return;
   const ElementView view(reader, root);
-  if (!view.application().showsWebPages()) return;
+  if (!view.toolkit().showsWebPages) return;
   const auto windows = fewChildren(view);
   std::vector<AtspiQuestion> questions;
   for (const auto& window : windows) questions.push_back({window, Asks{Ask::attributes, Ask::extents}});

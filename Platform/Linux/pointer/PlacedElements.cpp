@@ -9,13 +9,9 @@ namespace {
 
 constexpr int mostLevels = 40;
 constexpr std::size_t mostChildren = 64;
-constexpr std::int32_t marginOfItem = 8;
 constexpr std::int32_t nowhere = -2147483647;
 
 Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
-
-// Popovers of GTK 4, open or not, say that they lie over the widget that opens them. They have windows of their own.
-bool isPopover(const AtspiFacts& facts) { return facts.name == "GtkPopover" || facts.name == "GtkPopoverMenu"; }
 
 std::optional<AtspiRectangle> placeIn(const AtspiFacts& facts, Coordinates coordinates) {
   const auto ask = askFor(coordinates);
@@ -27,16 +23,17 @@ std::optional<AtspiRectangle> placeIn(const AtspiFacts& facts, Coordinates coord
 
 std::vector<PlacedElement> placed(const ElementView& view, const std::vector<AtspiReference>& references,
                                   Coordinates coordinates) {
+  const auto liesInOwnWindow = view.toolkit().liesInOwnWindow;
   std::vector<AtspiQuestion> questions;
   for (const auto& child : references) {
     const Asks asks{Ask::role, Ask::states, askFor(coordinates)};
-    questions.push_back({child, coordinates == Coordinates::ofWindow ? asks | Ask::name : asks});
+    questions.push_back({child, liesInOwnWindow ? asks | Ask::name : asks});
   }
   view.reader().read(questions);
   std::vector<PlacedElement> children;
   for (const auto& child : references) {
     const auto& facts = view.reader().known(child);
-    auto place = isPopover(facts) ? std::nullopt : placeIn(facts, coordinates);
+    auto place = liesInOwnWindow && liesInOwnWindow(facts) ? std::nullopt : placeIn(facts, coordinates);
     children.push_back({child, static_cast<AtspiRole>(facts.role), facts.states, place});
     view.reader().noteParent(child, view.reference());
   }
@@ -52,12 +49,10 @@ bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinate
   return !view.reader().known(child.reference).answered(askFor(coordinates));
 }
 
-// Items of lists of GTK 4 say where their content is, without what is around it.
-bool isAroundItem(const PlacedElement& child, CGPoint point, Coordinates coordinates) {
-  if (coordinates != Coordinates::ofWindow || child.role != AtspiRole::listItem || !child.place) return false;
+bool isAroundItem(const PlacedElement& child, CGPoint point, std::int32_t margin) {
+  if (margin == 0 || child.role != AtspiRole::listItem || !child.place) return false;
   const auto& [x, y, width, height] = *child.place;
-  const AtspiRectangle around{x - marginOfItem, y - marginOfItem, width + 2 * marginOfItem, height + 2 * marginOfItem};
-  return contains(around, point);
+  return contains({x - margin, y - margin, width + 2 * margin, height + 2 * margin}, point);
 }
 
 // The child to go on with: the topmost at the point, else one that does not say where it is but has a child there.
@@ -67,7 +62,7 @@ AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coor
       std::find_if(children.rbegin(), children.rend(), [&](const auto& child) { return child.isAt(point); });
   if (topmost != children.rend()) return topmost->reference;
   for (const auto& child : children) {
-    if (isAroundItem(child, point, coordinates)) return child.reference;
+    if (isAroundItem(child, point, view.toolkit().marginOfItems)) return child.reference;
   }
   if (levelsOfUnplaced == 0) return {};
   for (auto child = children.rbegin(); child != children.rend(); ++child) {
@@ -116,6 +111,17 @@ AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinate
     current = next;
   }
   return current;
+}
+
+AtspiReference askedElementAt(const ElementView& view, CGPoint point, Coordinates coordinates, Asks asks) {
+  const AtspiQuestion question{view.reference(), asks};
+  const auto system = static_cast<std::uint32_t>(coordinates == Coordinates::ofScreen ? 0 : 1);
+  const auto replies = view.reader().read(
+      {&question, 1}, {{view.reference(),
+                        "org.a11y.atspi.Component",
+                        "GetAccessibleAtPoint",
+                        {static_cast<std::int32_t>(point.x), static_cast<std::int32_t>(point.y), system}}});
+  return readReference(replies.front().message.get()).value_or(AtspiReference{});
 }
 
 }  // namespace norra::linux_desktop

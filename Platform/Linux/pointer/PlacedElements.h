@@ -34,4 +34,8 @@ AtspiReference childAtHeight(const ElementView& list, CGPoint point);
 /// ones. A child that does not say where it is, is looked into.
 AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates);
 
+/// Asks the toolkit once for the element at a point, in these coordinates; what is asked of the element itself travels
+/// along. Null: it says none.
+AtspiReference askedElementAt(const ElementView& view, CGPoint point, Coordinates coordinates, Asks asks = Ask::role);
+
 }  // namespace norra::linux_desktop

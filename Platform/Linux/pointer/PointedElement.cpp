@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "Platform/Linux/following/MenuItems.h"
-#include "Platform/Linux/pointer/HitTestByToolkit.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/runtime/PlatformLogger.h"
 
@@ -33,7 +32,7 @@ bool mayBe(const WindowOnScreen& window, double distance) {
 
 // The top-level accessible that looks most like the window.
 AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window) {
-  const auto coordinates = root.toolkit() == Toolkit::gtk4 ? Coordinates::ofWindow : Coordinates::ofScreen;
+  const auto coordinates = root.toolkit().saysPlacesOnScreen ? Coordinates::ofScreen : Coordinates::ofWindow;
   const PlacedElement* best = nullptr;
   double bestDistance = 0;
   const auto topLevels = fewPlacedChildren(root, coordinates);
@@ -49,8 +48,7 @@ AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window)
   return best && mayBe(window, bestDistance) ? best->reference : AtspiReference{};
 }
 
-// A popover of GTK 4 is a window of its own, while its accessible lies below that of the widget that opened it. The
-// keyboard focus went into it.
+// The keyboard focus went into it.
 AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
   AtspiReference best;
   double bestDistance = mostDistanceOfPopover;
@@ -68,12 +66,18 @@ AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) 
   return best;
 }
 
-bool isPopover(const WindowOnScreen& window, Toolkit toolkit) {
-  return window.overrideRedirect && toolkit == Toolkit::gtk4;
+bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
+  return window.overrideRedirect && toolkit.popoversAreWindows;
 }
 
 AtspiReference windowOrPopover(const ElementView& root, const WindowOnScreen& window) {
   return isPopover(window, root.toolkit()) ? popoverOf(root, window) : topLevelOf(root, window);
+}
+
+AtspiReference hitTest(const ElementView& topLevel, const PointedAt& at) {
+  if (const auto elementAt = topLevel.toolkit().elementAt) return elementAt(topLevel, at);
+  auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  return answer.isNull() ? topLevel.reference() : answer;
 }
 
 }  // namespace
@@ -149,7 +153,7 @@ AtspiReference PointedElement::elementIn(const WindowOnScreen& window, CGPoint p
 AtspiReference PointedElement::pressedInBrowser(const WindowOnScreen& window, CGPoint point) {
   auto topLevel = topLevels_.find(window);
   if (topLevel.isNull()) topLevel = findTopLevel(window);
-  return topLevel.isNull() ? AtspiReference{} : toolkitsAnswer(view(topLevel), point);
+  return topLevel.isNull() ? AtspiReference{} : askedElementAt(view(topLevel), point, Coordinates::ofScreen);
 }
 
 // Null without a call for applications that need not be asked.
@@ -158,7 +162,7 @@ AtspiReference PointedElement::pressedElement(const WindowOnScreen& window, CGPo
     const auto application = session_.applications.find(name);
     if (!application || !application->isMet()) continue;
     if (isPopover(window, application->toolkit())) return elementIn(window, point);
-    if (!application->showsWebPages()) continue;
+    if (!application->toolkit().showsWebPages) continue;
     return window.overrideRedirect ? optionAt(name, point) : pressedInBrowser(window, point);
   }
   return {};

@@ -11,16 +11,8 @@ constexpr std::size_t mostPasswords = 10000;
 
 }  // namespace
 
-Toolkit toolkitNamed(std::string_view name, std::string_view version) {
-  if (name == "GTK" || name == "gtk") return version.starts_with("4") ? Toolkit::gtk4 : Toolkit::gtk3;
-  if (name == "Qt") return Toolkit::qt;
-  if (name == "Chromium" || name == "Electron") return Toolkit::chromium;
-  if (name == "Gecko") return Toolkit::gecko;
-  return Toolkit::other;
-}
-
-void AtspiApplication::noteToolkit(Toolkit toolkit, bool isItsOwnWord) {
-  toolkit_ = toolkit;
+void AtspiApplication::noteToolkit(const Toolkit& toolkit, bool isItsOwnWord) {
+  toolkit_ = &toolkit;
   isMet_ = isItsOwnWord;
 }
 

@@ -16,23 +16,18 @@
 #include "Platform/Linux/reading/AtspiFacts.h"
 #include "Platform/Linux/reading/FocusMemory.h"
 #include "Platform/Linux/reading/SelectedItems.h"
+#include "Platform/Linux/reading/Toolkit.h"
 
 namespace norra::linux_desktop {
-
-/// What an application's accessibles were made with; it decides which of their answers mean what they say.
-enum class Toolkit : std::uint8_t { other, gtk3, gtk4, qt, chromium, gecko };
-
-/// By what an application says of itself.
-Toolkit toolkitNamed(std::string_view name, std::string_view version);
 
 /// All that is known of one application. Any thread.
 class AtspiApplication {
  public:
   /// What it was made with, as far as it is known.
-  Toolkit toolkit() const { return toolkit_; }
+  const Toolkit& toolkit() const { return *toolkit_; }
   /// Whether it has said so itself.
   bool isMet() const { return isMet_; }
-  void noteToolkit(Toolkit toolkit, bool isItsOwnWord);
+  void noteToolkit(const Toolkit& toolkit, bool isItsOwnWord);
 
   /// Whether a question is of no use here, because one element of this application does not know it and none will.
   bool isUnknown(Ask ask) const { return Asks::fromBits(unknown_).has(ask); }
@@ -46,16 +41,11 @@ class AtspiApplication {
   bool wasPassword(const std::string& path) const;
   void notePassword(const std::string& path);
 
-  /// Whether a role is called the same on every element, so that its name can be remembered.
-  bool hasOneNameForEachRole() const { return toolkit() == Toolkit::gtk3 || showsWebPages(); }
-  /// Whether its accessibles are, or may be, those of web pages.
-  bool showsWebPages() const { return toolkit() == Toolkit::chromium || toolkit() == Toolkit::gecko; }
-
   FocusMemory focus;
   SelectedItems selectedItems;
 
  private:
-  std::atomic<Toolkit> toolkit_ = Toolkit::other;
+  std::atomic<const Toolkit*> toolkit_ = &unknownToolkit;
   std::atomic<bool> isMet_ = false;
   std::atomic<std::uint32_t> unknown_ = 0;
   mutable std::mutex mutex_;
@@ -67,6 +57,12 @@ class AtspiApplication {
 /// Any thread.
 class AtspiApplications {
  public:
+  explicit AtspiApplications(ToolkitLookup lookUp) : toolkitOf_(lookUp) {}
+
+  /// See ToolkitLookup.
+  const Toolkit& toolkitOf(std::string_view name, std::string_view version, std::string_view path) const {
+    return toolkitOf_(name, version, path);
+  }
   /// Made at the first time. Never null.
   std::shared_ptr<AtspiApplication> of(const std::string& busName);
   /// Null: nothing is known of it.
@@ -75,6 +71,7 @@ class AtspiApplications {
   void clear();
 
  private:
+  const ToolkitLookup toolkitOf_;
   mutable std::mutex mutex_;
   std::map<std::string, std::shared_ptr<AtspiApplication>, std::less<>> applications_;  // guarded by mutex_
 };

@@ -16,12 +16,6 @@ constexpr Asks lateProperties{Ask::accessibleId, Ask::helpText};
 constexpr std::size_t mostKept = 64;
 constexpr std::size_t mostFormerParents = 4096;
 
-// GTK 4 puts its elements below its application's own path, and may have no root to ask.
-Toolkit toolkitOfPath(std::string_view path) {
-  const bool isAtspiPath = path.starts_with("/org/a11y/");
-  return !isAtspiPath && path.find("/a11y/") != std::string_view::npos ? Toolkit::gtk4 : Toolkit::other;
-}
-
 bool isSilent(const AtspiFacts& facts) {
   return facts.asked.has(Ask::role) && facts.error(Ask::role) == axError::cannotComplete;
 }
@@ -145,9 +139,9 @@ std::shared_ptr<AtspiApplication> AtspiReader::application(const AtspiReference&
   const std::array<AtspiCall, 2> calls{propertyCall(root, "org.a11y.atspi.Application", "ToolkitName"),
                                        propertyCall(root, "org.a11y.atspi.Application", "Version")};
   const auto replies = exchange(calls);
-  const auto toolkit =
-      toolkitNamed(readText(replies[0].message.get()).value_or(""), readText(replies[1].message.get()).value_or(""));
-  application->noteToolkit(toolkit == Toolkit::other ? toolkitOfPath(element.path) : toolkit,
+  const auto name = readText(replies[0].message.get()).value_or("");
+  const auto version = readText(replies[1].message.get()).value_or("");
+  application->noteToolkit(applications_.toolkitOf(name, version, element.path),
                            replies[0].error != axError::cannotComplete);
   return application;
 }

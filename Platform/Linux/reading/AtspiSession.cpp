@@ -2,7 +2,8 @@
 
 namespace norra::linux_desktop {
 
-AtspiSession::AtspiSession(const ReadingEpoch& epoch) : epoch_(epoch) {
+AtspiSession::AtspiSession(const ReadingEpoch& epoch, ToolkitLookup toolkitOf)
+    : applications(toolkitOf), epoch_(epoch) {
   shared.bus.onNewGeneration([this] { forgetAll(); });
 }
 

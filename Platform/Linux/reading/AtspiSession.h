@@ -20,7 +20,7 @@ namespace norra::linux_desktop {
 class AtspiSession {
  public:
   /// `epoch` must outlive this.
-  explicit AtspiSession(const ReadingEpoch& epoch);
+  AtspiSession(const ReadingEpoch& epoch, ToolkitLookup toolkitOf);
   AtspiSession(const AtspiSession&) = delete;
   AtspiSession& operator=(const AtspiSession&) = delete;
 

@@ -1,7 +1,5 @@
 #include "Platform/Linux/reading/ElementView.h"
 
-#include <array>
-
 namespace norra::linux_desktop {
 namespace {
 
@@ -10,14 +8,11 @@ constexpr Asks ancestorAsks{Ask::role, Ask::parent};
 constexpr Asks expectedAsks{Ask::role, Ask::parent, Ask::states};
 constexpr int mostExpectedAncestors = 5;
 
-constexpr std::array partsOfControls{AtspiRole::icon, AtspiRole::image, AtspiRole::label, AtspiRole::staticText};
-constexpr std::array controls{AtspiRole::checkBox, AtspiRole::link,         AtspiRole::listItem,
-                              AtspiRole::menuItem, AtspiRole::pushButton,   AtspiRole::radioButton,
-                              AtspiRole::pageTab,  AtspiRole::toggleButton, AtspiRole::treeItem};
-
 bool endsSearchAt(const AtspiFacts& facts) {
   return facts.asked.has(Ask::role) && endsSearch(static_cast<AtspiRole>(facts.role));
 }
+
+bool isOfKind(const AtspiFacts& facts, RoleKind kind) { return is(static_cast<AtspiRole>(facts.role), kind); }
 
 }  // namespace
 
@@ -34,7 +29,7 @@ const AtspiFacts& ElementView::need(Asks asks) const {
 
 Asks ElementView::generalAsks() const {
   Asks asks{Ask::role, Ask::states, Ask::interfaces, Ask::name, Ask::description, Ask::parent, Ask::relations};
-  if (application_->showsWebPages()) asks |= Ask::attributes;
+  if (toolkit().showsWebPages) asks |= Ask::attributes;
   if (!application_->isUnknown(Ask::accessibleId)) asks |= Ask::accessibleId;
   if (!application_->isUnknown(Ask::helpText)) asks |= Ask::helpText;
   return asks;
@@ -42,9 +37,9 @@ Asks ElementView::generalAsks() const {
 
 Asks ElementView::asksOnPath(const AtspiFacts& facts) const {
   Asks asks;
-  if (!application_->hasOneNameForEachRole()) asks |= Ask::localizedRoleName;
+  if (!toolkit().hasOneNameForEachRole) asks |= Ask::localizedRoleName;
   const bool isPage = static_cast<AtspiRole>(facts.role) == AtspiRole::documentWeb;
-  if (isPage && toolkit() == Toolkit::chromium) asks |= Ask::documentURI;
+  if (isPage && toolkit().answersPageAddressAtOnce) asks |= toolkit().pageAddress;
   return asks;
 }
 
@@ -61,11 +56,11 @@ Asks ElementView::detailAsks(const AtspiFacts& facts) const {
 // time, are asked for ahead.
 void ElementView::expectAncestors() const {
   if (!reader_.isOnPath(reference_) || endsSearchAt(reader_.known(reference_))) return;
-  bool isControlSought = isOneOf(partsOfControls, static_cast<AtspiRole>(reader_.known(reference_).role));
+  bool isControlSought = isOfKind(reader_.known(reference_), RoleKind::partOfControl);
   auto ancestor = reader_.likelyParent(reference_);
   for (int i = 0; i < mostExpectedAncestors && !ancestor.isNull(); ++i) {
     const auto& known = reader_.known(ancestor);
-    const bool isControl = isControlSought && isOneOf(controls, static_cast<AtspiRole>(known.role));
+    const bool isControl = isControlSought && isOfKind(known, RoleKind::control);
     const bool isPage = static_cast<AtspiRole>(known.role) == AtspiRole::documentWeb;
     if (isControl || isPage) {
       reader_.expect(ancestor, generalAsks() | asksOnPath(known));

@@ -9,7 +9,6 @@
 #include <memory>
 
 #include "Platform/Linux/reading/AtspiReader.h"
-#include "Platform/Linux/reading/RoleKinds.h"
 
 namespace norra::linux_desktop {
 
@@ -21,7 +20,7 @@ class ElementView {
   AtspiReader& reader() const { return reader_; }
   const AtspiReference& reference() const { return reference_; }
   AtspiApplication& application() const { return *application_; }
-  Toolkit toolkit() const { return application_->toolkit(); }
+  const Toolkit& toolkit() const { return application_->toolkit(); }
   ElementView other(const AtspiReference& reference) const { return {reader_, reference}; }
 
   /// The facts, with these among them; what is sure to be needed soon is asked for in the same wave.

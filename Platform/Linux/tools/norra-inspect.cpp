@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "Platform/Linux/accessibility/ElementHandles.h"
+#include "Platform/Linux/toolkits/Toolkits.h"
 #include "Platform/Linux/x11/X11Windows.h"
 
 namespace norra::linux_desktop {
@@ -127,7 +128,7 @@ std::optional<AXUIElement> find(const std::vector<std::string>& arguments, const
 
 void inspect(const std::vector<std::string>& arguments, WindowsOnScreen& windows) {
   CountedEpoch epoch;
-  AtspiSession session(epoch);
+  AtspiSession session(epoch, toolkitNamed);
   Focus focus(session);
   PointedElement pointed(session, focus, windows);
   const ElementHandles handles(session, focus, pointed, windows);

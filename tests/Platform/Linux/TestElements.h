@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Linux/accessibility/ElementHandles.h"
+#include "Platform/Linux/toolkits/Toolkits.h"
 
 namespace norra::linux_desktop {
 
@@ -10,7 +11,7 @@ struct TestElements {
 
   WindowsOnScreen& windows;
   CountedEpoch epoch;
-  AtspiSession session{epoch};
+  AtspiSession session{epoch, toolkitNamed};
   Focus focus{session};
   PointedElement pointed{session, focus, windows};
   ElementHandles handles{session, focus, pointed, windows};

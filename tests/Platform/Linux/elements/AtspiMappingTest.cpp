@@ -2,6 +2,7 @@
 
 #include <set>
 
+#include "NorraDataCollector/interpretation/RolePredicates.h"
 #include "Platform/Linux/applications/Sandbox.h"
 #include "Platform/Linux/atspi/RestingApplications.h"
 #include "Platform/Linux/elements/Naming.h"
@@ -10,14 +11,14 @@
 #include "Platform/Linux/elements/Text.h"
 #include "Platform/Linux/elements/Value.h"
 #include "Platform/Linux/following/HighlightedItems.h"
+#include "Platform/Linux/toolkits/Toolkits.h"
 
 namespace norra::linux_desktop {
 namespace {
 
 using std::chrono_literals::operator""ms;
 
-constexpr std::array toolkits{Toolkit::other, Toolkit::gtk3,     Toolkit::gtk4,
-                              Toolkit::qt,    Toolkit::chromium, Toolkit::gecko};
+const std::array<const Toolkit*, 6> toolkits{&unknownToolkit, &gtk3, &gtk4, &qt, &chromium, &gecko};
 
 constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
 
@@ -30,19 +31,26 @@ AtspiFacts facts(AtspiRole role, std::uint64_t states = 0) {
 
 TEST(RoleMapping, GivesEveryNumberARoleThatHasWords) {
   for (std::uint32_t role = 0; role < roleLimit; ++role) {
-    for (const auto toolkit : toolkits) {
-      const auto mapped = mapRole(facts(static_cast<AtspiRole>(role)), {.toolkit = toolkit});
+    for (const auto* toolkit : toolkits) {
+      const auto mapped = mapRole(facts(static_cast<AtspiRole>(role)), {}, *toolkit);
       EXPECT_TRUE(englishRoleDescription(mapped.role, std::nullopt)) << role << " " << mapped.role;
     }
   }
 }
 
+// What is asked ahead ends where the core's walk does, or too much or too little is asked.
+TEST(Roles, EndAWalkWhereTheCoreEndsIt) {
+  for (const auto& row : roleRows) {
+    EXPECT_EQ(endsSearch(row.role), !canContinueSearch(row.name.role, true)) << row.name.role;
+  }
+}
+
 TEST(RoleMapping, SecuresPasswordsWhateverElseIsKnown) {
-  for (const auto toolkit : toolkits) {
+  for (const auto* toolkit : toolkits) {
     for (const auto states : {std::uint64_t{0}, ~std::uint64_t{0}}) {
-      EXPECT_EQ(mapRole(facts(AtspiRole::passwordText, states), {.toolkit = toolkit}).subrole, "AXSecureTextField");
+      EXPECT_EQ(mapRole(facts(AtspiRole::passwordText, states), {}, *toolkit).subrole, "AXSecureTextField");
       for (const auto role : {AtspiRole::text, AtspiRole::entry}) {
-        EXPECT_EQ(mapRole(facts(role, states), {.toolkit = toolkit, .hidesText = true}).subrole, "AXSecureTextField");
+        EXPECT_EQ(mapRole(facts(role, states), {.hidesText = true}, *toolkit).subrole, "AXSecureTextField");
       }
     }
   }
@@ -51,19 +59,20 @@ TEST(RoleMapping, SecuresPasswordsWhateverElseIsKnown) {
 TEST(RoleMapping, SecuresNothingElse) {
   for (std::uint32_t role = 0; role < roleLimit; ++role) {
     if (role == static_cast<std::uint32_t>(AtspiRole::passwordText)) continue;
-    EXPECT_NE(mapRole(facts(static_cast<AtspiRole>(role)), {}).subrole, "AXSecureTextField") << role;
+    EXPECT_NE(mapRole(facts(static_cast<AtspiRole>(role)), {}, unknownToolkit).subrole, "AXSecureTextField") << role;
   }
 }
 
-struct RoleRow {
+struct MappedRow {
   AtspiRole role;
   std::uint64_t states;
   RoleSurroundings surroundings;
   RoleAndSubrole expected;
+  const Toolkit& toolkit = unknownToolkit;
 };
 
 TEST(RoleMapping, DependsOnStatesAndSurroundings) {
-  const RoleRow rows[] = {
+  const MappedRow rows[] = {
       {AtspiRole::pushButton, 0, {}, {"AXButton", ""}},
       {AtspiRole::pushButton, bit(AtspiState::hasPopup), {}, {"AXMenuButton", ""}},
       {AtspiRole::toggleButton, 0, {}, {"AXCheckBox", "AXToggle"}},
@@ -72,21 +81,21 @@ TEST(RoleMapping, DependsOnStatesAndSurroundings) {
       {AtspiRole::comboBox, bit(AtspiState::editable), {}, {"AXComboBox", ""}},
       {AtspiRole::text, 0, {}, {"AXTextField", ""}},
       {AtspiRole::text, bit(AtspiState::multiLine), {}, {"AXTextArea", ""}},
-      {AtspiRole::entry, 0, {.toolkit = Toolkit::gtk4}, {"AXTextField", "AXSearchField"}},
-      {AtspiRole::entry, 0, {.toolkit = Toolkit::chromium}, {"AXTextField", ""}},
+      {AtspiRole::entry, 0, {}, {"AXTextField", "AXSearchField"}, gtk4},
+      {AtspiRole::entry, 0, {}, {"AXTextField", ""}, chromium},
       {AtspiRole::menu, 0, {.parentRole = AtspiRole::menuBar}, {"AXMenuBarItem", ""}},
       {AtspiRole::menu, 0, {.parentRole = AtspiRole::menu}, {"AXMenuItem", ""}},
       {AtspiRole::menu, 0, {.parentRole = AtspiRole::window}, {"AXMenu", ""}},
       {AtspiRole::menu, 0, {.parentRole = AtspiRole::comboBox}, {"AXMenu", ""}},
-      {AtspiRole::menuItem, 0, {.toolkit = Toolkit::qt, .parentRole = AtspiRole::menuBar}, {"AXMenuBarItem", ""}},
-      {AtspiRole::menuItem, 0, {.toolkit = Toolkit::chromium, .parentRole = AtspiRole::menuBar}, {"AXMenuItem", ""}},
+      {AtspiRole::menuItem, 0, {.parentRole = AtspiRole::menuBar}, {"AXMenuBarItem", ""}, qt},
+      {AtspiRole::menuItem, 0, {.parentRole = AtspiRole::menuBar}, {"AXMenuItem", ""}, chromium},
       {AtspiRole::menuItem, 0, {.parentRole = AtspiRole::popupMenu}, {"AXMenuItem", ""}},
       {AtspiRole::panel, 0, {.holdsRadioButtons = true}, {"AXRadioGroup", ""}},
       {AtspiRole::filler, 0, {.holdsRadioButtons = true}, {"AXGroup", ""}},
-      {AtspiRole::dialog, 0, {.toolkit = Toolkit::gtk3}, {"AXWindow", "AXDialog"}},
-      {AtspiRole::dialog, 0, {.toolkit = Toolkit::chromium}, {"AXGroup", ""}},
-      {AtspiRole::tableColumnHeader, 0, {.toolkit = Toolkit::qt}, {"AXButton", "AXSortButton"}},
-      {AtspiRole::columnHeader, 0, {.toolkit = Toolkit::gecko}, {"AXCell", ""}},
+      {AtspiRole::dialog, 0, {}, {"AXWindow", "AXDialog"}, gtk3},
+      {AtspiRole::dialog, 0, {}, {"AXGroup", ""}, chromium},
+      {AtspiRole::tableColumnHeader, 0, {}, {"AXButton", "AXSortButton"}, qt},
+      {AtspiRole::columnHeader, 0, {}, {"AXCell", ""}, gecko},
       {AtspiRole::separator, bit(AtspiState::focusable), {}, {"AXSplitter", ""}},
       {AtspiRole::pageTab, 0, {}, {"AXRadioButton", "AXTabButton"}},
       {AtspiRole::listBox, 0, {}, {"AXList", ""}},
@@ -94,7 +103,7 @@ TEST(RoleMapping, DependsOnStatesAndSurroundings) {
       {AtspiRole::documentWeb, 0, {}, {"AXWebArea", ""}},
   };
   for (const auto& row : rows) {
-    const auto mapped = mapRole(facts(row.role, row.states), row.surroundings);
+    const auto mapped = mapRole(facts(row.role, row.states), row.surroundings, row.toolkit);
     EXPECT_EQ(mapped.role, row.expected.role) << static_cast<int>(row.role);
     EXPECT_EQ(mapped.subrole, row.expected.subrole) << static_cast<int>(row.role);
   }
@@ -126,21 +135,21 @@ TEST(Names, LeaveOutWhatToolkitsSayInsteadOfAName) {
   struct Row {
     const char* name;
     AtspiRole role;
-    Toolkit toolkit;
+    const Toolkit& toolkit;
     const char* expected;
   };
-  const Row rows[] = {{"GtkButton", AtspiRole::pushButton, Toolkit::gtk4, ""},
-                      {"AdwGizmo", AtspiRole::filler, Toolkit::gtk4, ""},
-                      {"GtkButton", AtspiRole::pushButton, Toolkit::gtk3, "GtkButton"},
-                      {"Gtk demo", AtspiRole::pushButton, Toolkit::gtk4, "Gtk demo"},
-                      {"Gtk", AtspiRole::label, Toolkit::gtk4, "Gtk"},
-                      {"Tab", AtspiRole::pageTab, Toolkit::gtk4, ""},
-                      {"Tab", AtspiRole::pushButton, Toolkit::gtk4, "Tab"},
-                      {"First", AtspiRole::pageTabList, Toolkit::qt, ""},
-                      {"First", AtspiRole::pageTab, Toolkit::qt, "First"},
-                      {"\u2022 Red buoy", AtspiRole::listItem, Toolkit::gecko, "Red buoy"},
-                      {"\u2022 Red buoy", AtspiRole::listItem, Toolkit::qt, "\u2022 Red buoy"},
-                      {"  ", AtspiRole::pushButton, Toolkit::gtk3, ""}};
+  const Row rows[] = {{"GtkButton", AtspiRole::pushButton, gtk4, ""},
+                      {"AdwGizmo", AtspiRole::filler, gtk4, ""},
+                      {"GtkButton", AtspiRole::pushButton, gtk3, "GtkButton"},
+                      {"Gtk demo", AtspiRole::pushButton, gtk4, "Gtk demo"},
+                      {"Gtk", AtspiRole::label, gtk4, "Gtk"},
+                      {"Tab", AtspiRole::pageTab, gtk4, ""},
+                      {"Tab", AtspiRole::pushButton, gtk4, "Tab"},
+                      {"First", AtspiRole::pageTabList, qt, ""},
+                      {"First", AtspiRole::pageTab, qt, "First"},
+                      {"\u2022 Red buoy", AtspiRole::listItem, gecko, "Red buoy"},
+                      {"\u2022 Red buoy", AtspiRole::listItem, qt, "\u2022 Red buoy"},
+                      {"  ", AtspiRole::pushButton, gtk3, ""}};
   for (const auto& row : rows) EXPECT_EQ(properName(row.name, row.role, row.toolkit), row.expected) << row.name;
 }
 
@@ -174,12 +183,12 @@ TEST(Sandboxes, AreNamedByTheirControlGroup) {
 }
 
 TEST(Toolkits, AreToldByNameAndVersion) {
-  EXPECT_EQ(toolkitNamed("gtk", "3.24.38"), Toolkit::gtk3);
-  EXPECT_EQ(toolkitNamed("GTK", "4.8.3"), Toolkit::gtk4);
-  EXPECT_EQ(toolkitNamed("Qt", "5.15"), Toolkit::qt);
-  EXPECT_EQ(toolkitNamed("Chromium", "156"), Toolkit::chromium);
-  EXPECT_EQ(toolkitNamed("Gecko", "153"), Toolkit::gecko);
-  EXPECT_EQ(toolkitNamed("", ""), Toolkit::other);
+  EXPECT_EQ(&toolkitNamed("gtk", "3.24.38", ""), &gtk3);
+  EXPECT_EQ(&toolkitNamed("GTK", "4.8.3", ""), &gtk4);
+  EXPECT_EQ(&toolkitNamed("Qt", "5.15", ""), &qt);
+  EXPECT_EQ(&toolkitNamed("Chromium", "156", ""), &chromium);
+  EXPECT_EQ(&toolkitNamed("Gecko", "153", ""), &gecko);
+  EXPECT_EQ(&toolkitNamed("", "", ""), &unknownToolkit);
 }
 
 class Resting : public testing::Test {

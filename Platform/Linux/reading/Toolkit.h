@@ -1,0 +1,91 @@
+// How toolkits differ in what their accessibles say of them.
+//
+// The accessibility interface is one, and what it says is believed until a toolkit is known to mean something else.
+// Each such habit is a field here, whose default is what the interface promises; a toolkit is one value of this record,
+// in a file of its own under toolkits/, with the functions that only it needs. Nothing outside that folder asks which
+// toolkit an application was made with: it asks for the habit. A habit that a newer version of the toolkit has lost is
+// told by the version, where the record is chosen (see Toolkits.h).
+//
+// A new field needs a toolkit that differs, and its test in tests/Platform/Linux/toolkits.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "Platform/Linux/reading/AtspiFacts.h"
+#include "Platform/Linux/reading/Roles.h"
+
+namespace norra::linux_desktop {
+
+class ElementView;
+struct PointedAt;
+
+/// What decides what an element is beside its own facts.
+struct RoleSurroundings {
+  /// Of the element that this one lies in; nothing where it was not asked for.
+  std::optional<AtspiRole> parentRole = std::nullopt;
+  /// Whether radio buttons lie in this element.
+  bool holdsRadioButtons = false;
+  /// Whether it is, or ever was, a field whose text is hidden.
+  bool hidesText = false;
+};
+
+struct Toolkit {
+  /// Its accessibles are, or may be, those of web pages: their attributes tell much, and their containers may be
+  /// clicked.
+  bool showsWebPages = false;
+  /// The words of a page are children of their own, as other elements are.
+  bool listsMereTexts = false;
+  /// A role is called the same on every element, so that its name can be remembered.
+  bool hasOneNameForEachRole = false;
+  /// Hides what a field holds from who looks at the screen, and tells it to who asks for the text, or for its events.
+  bool givesHiddenTextAway = false;
+  /// Tells when the number of a slider changes.
+  bool tellsNumbers = true;
+  /// Its lists, tables and trees tell what is selected in them; else only their items do, each of itself.
+  bool viewsTellSelections = true;
+  /// An element may be labelled by a part of itself, which is then no label.
+  bool isLabelledByOwnParts = true;
+  /// Gives a button that holds its own label the name twice.
+  bool joinsNameAndLabel = false;
+  /// Puts the page of a notebook below the label of its tab, which is not what it looks like.
+  bool putsPagesBelowTabs = false;
+  /// Says where its elements are on the screen; else only where they are in their window.
+  bool saysPlacesOnScreen = true;
+  /// Its popovers are windows of their own, while their accessibles lie below what opens them.
+  bool popoversAreWindows = false;
+  /// How far around an item of a list a point still belongs to it, in pixels, where it says the place of its content
+  /// only.
+  std::int32_t marginOfItems = 0;
+  /// How many of the names of an element's actions are asked for together with their number.
+  int actionsReadAhead = 1;
+  /// What is asked for the address of a page, and whether it is worth asking before it is needed.
+  Ask pageAddress = Ask::documentURI;
+  bool answersPageAddressAtOnce = false;
+  std::string_view placeholderAttribute = "placeholder-text";
+
+  /// What has to be asked to know what an element is, beside what is asked in every toolkit. Null: nothing more.
+  Asks (*asksForRole)(AtspiRole role) = nullptr;
+  /// What an element is, where the toolkit means something else than its role says; an empty role: nothing else. Null:
+  /// never.
+  RoleAndSubrole (*ownRole)(const AtspiFacts& facts, const RoleSurroundings& surroundings) = nullptr;
+  /// A name without what the toolkit puts into it or says instead of one. Null: as it is given.
+  std::string_view (*properName)(std::string_view name, AtspiRole role) = nullptr;
+  /// Whether an element below another lies in a window of its own, wherever it says that it is. Null: none does.
+  bool (*liesInOwnWindow)(const AtspiFacts& facts) = nullptr;
+  /// The element at a point of the screen, below the top-level accessible of the window there; the top-level where
+  /// there is none. Null: the toolkit is asked once.
+  AtspiReference (*elementAt)(const ElementView& topLevel, const PointedAt& at) = nullptr;
+};
+
+/// What has to be asked, beside its role, to know what an element is.
+Asks asksForRole(AtspiRole role, const Toolkit& toolkit);
+
+/// For whatever is not known by name.
+inline constexpr Toolkit unknownToolkit{};
+
+/// By what an application says of itself, and by the path of one of its elements. The record lives as long as the
+/// program.
+using ToolkitLookup = const Toolkit& (*)(std::string_view name, std::string_view version, std::string_view path);
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,137 @@
+// GTK 3.
+#include <algorithm>
+
+#include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/pointer/PlacedElements.h"
+#include "Platform/Linux/pointer/PointedAt.h"
+#include "Platform/Linux/toolkits/Toolkits.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr int mostLevels = 40;
+// A tab says only where its label is.
+constexpr std::int32_t marginOfTab = 16;
+constexpr std::int64_t mostColumns = 64;
+
+Asks asksForGtk3Role(AtspiRole role) {
+  if (role == AtspiRole::pushButton) return Ask::interfaces;
+  if (role == AtspiRole::comboBox) return Ask::childCount;
+  return {};
+}
+
+// It has no role for its link buttons, and says of the field beside the list, not of the box, that it can be edited.
+RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
+  const auto role = static_cast<AtspiRole>(facts.role);
+  if (role == AtspiRole::pushButton && facts.has(AtspiInterface::hyperlink)) return {"AXLink", ""};
+  if (role == AtspiRole::comboBox && facts.childCount > 1) return {"AXComboBox", ""};
+  return {};
+}
+
+AtspiRectangle inflated(AtspiRectangle place, std::int32_t margin) {
+  return {place.x - margin, place.y - margin / 2, place.width + 2 * margin, place.height + margin};
+}
+
+const PlacedElement* tabAt(const std::vector<PlacedElement>& tabs, CGPoint point) {
+  for (const auto margin : {0, marginOfTab}) {
+    const auto found = std::ranges::find_if(
+        tabs, [&](const auto& tab) { return tab.place && contains(inflated(*tab.place, margin), point); });
+    if (found != tabs.end()) return &*found;
+  }
+  return nullptr;
+}
+
+// The page that is on the screen at the point; null: none.
+AtspiReference pageAt(const ElementView& tabList, const std::vector<PlacedElement>& tabs, CGPoint point) {
+  for (const auto& tab : tabs) {
+    if (!hasState(tab.states, AtspiState::selected)) continue;
+    for (const auto& page : fewPlacedChildren(tabList.other(tab.reference), Coordinates::ofScreen)) {
+      if (!page.isAt(point)) continue;
+      tabList.reader().noteParent(page.reference, tabList.reference());
+      return page.reference;
+    }
+  }
+  return {};
+}
+
+struct Step {
+  AtspiReference next;  // null: none
+  bool isLast = false;
+};
+
+Step stepIntoNotebook(const ElementView& tabList, CGPoint point) {
+  const auto tabs = fewPlacedChildren(tabList, Coordinates::ofScreen);
+  const auto page = pageAt(tabList, tabs, point);
+  if (!page.isNull()) return {page};
+  const auto* tab = tabAt(tabs, point);
+  return {tab ? tab->reference : AtspiReference{}, true};
+}
+
+// Popovers are children of the window beside what they cover, and the toolkit finds what they cover.
+AtspiReference popoverAt(const ElementView& window, CGPoint point) {
+  if (fewChildren(window).size() < 2) return {};
+  const auto children = fewPlacedChildren(window, Coordinates::ofScreen);
+  const auto found = std::ranges::find_if(children.rbegin(), children.rend(), [point](const auto& child) {
+    return child.isAt(point) && hasState(child.states, AtspiState::showing);
+  });
+  return found != children.rend() ? found->reference : AtspiReference{};
+}
+
+// The hit test of a table finds its cells only.
+AtspiReference headerAt(const ElementView& table, CGPoint point) {
+  const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, mostColumns);
+  std::vector<AtspiCall> calls;
+  for (std::int32_t i = 0; i < count; ++i) {
+    calls.push_back({table.reference(), "org.a11y.atspi.Table", "GetColumnHeader", {i}});
+  }
+  std::vector<AtspiQuestion> headers;
+  for (const auto& reply : table.reader().exchange(calls)) {
+    auto header = readReference(reply.message.get());
+    if (header && !header->isNull()) headers.push_back({std::move(*header), Ask::extents});
+  }
+  table.reader().read(headers);
+  const auto found = std::ranges::find_if(
+      headers, [&](const auto& header) { return contains(table.reader().known(header.element).extents, point); });
+  return found != headers.end() ? found->element : AtspiReference{};
+}
+
+Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
+  auto asks = Asks{Ask::role};
+  if (isTopLevel) asks |= Asks{Ask::childCount, Ask::children};
+  const auto answer = askedElementAt(view, point, Coordinates::ofScreen, asks);
+  const auto role = static_cast<AtspiRole>(view.needOnly(Ask::role).role);
+  if (role == AtspiRole::pageTabList) return stepIntoNotebook(view, point);
+  if (answer.isNull() && is(role, RoleKind::tableLike)) return {headerAt(view, point), true};
+  if (!isTopLevel) return {answer};
+  const auto popover = popoverAt(view, point);
+  return {popover.isNull() ? answer : popover};
+}
+
+// Level by level; pages of notebooks, whose own hit test stops at their tabs, by extents.
+AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
+  auto& reader = topLevel.reader();
+  auto current = topLevel.reference();
+  for (int level = 0; level < mostLevels; ++level) {
+    const auto step = stepGtk3(topLevel.other(current), at.point, level == 0);
+    if (step.next.isNull() || step.next == current) break;
+    // The menu in a window of its own belongs to the combo box or the menu that opened it.
+    const bool isParentSure = level > 0 || static_cast<AtspiRole>(reader.known(current).role) != AtspiRole::window;
+    if (isParentSure && !reader.known(step.next).asked.has(Ask::parent)) reader.noteParent(step.next, current);
+    current = step.next;
+    if (step.isLast) break;
+  }
+  return current;
+}
+
+}  // namespace
+
+const Toolkit gtk3{
+    .hasOneNameForEachRole = true,
+    .isLabelledByOwnParts = false,
+    .putsPagesBelowTabs = true,
+    .asksForRole = asksForGtk3Role,
+    .ownRole = ownRole,
+    .elementAt = elementAt,
+};
+
+}  // namespace norra::linux_desktop

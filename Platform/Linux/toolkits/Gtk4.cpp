@@ -1,0 +1,101 @@
+// GTK 4.
+#include <algorithm>
+#include <string_view>
+
+#include "Platform/Linux/pointer/PlacedElements.h"
+#include "Platform/Linux/pointer/PointedAt.h"
+#include "Platform/Linux/toolkits/Toolkits.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+// What buttons that have no name are called.
+constexpr std::string_view nameOfButtonInDropDown = "GtkToggleButton";
+constexpr int mostLevelsInDropDown = 8;
+
+// It has no other elements with this role than search fields.
+RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
+  const bool isSearchField =
+      static_cast<AtspiRole>(facts.role) == AtspiRole::entry && !hasState(facts.states, AtspiState::multiLine);
+  return isSearchField ? RoleAndSubrole{"AXTextField", "AXSearchField"} : RoleAndSubrole{};
+}
+
+bool isAscii(char c, char first, char last) { return c >= first && c <= last; }
+
+// GtkButton, AdwActionRow.
+bool isClassName(std::string_view name) {
+  if (!name.starts_with("Gtk") && !name.starts_with("Adw")) return false;
+  const auto rest = name.substr(3);
+  return !rest.empty() && isAscii(rest.front(), 'A', 'Z') && std::ranges::all_of(rest, [](char c) {
+    return isAscii(c, 'A', 'Z') || isAscii(c, 'a', 'z') || isAscii(c, '0', '9');
+  });
+}
+
+// What stands there instead of a name.
+std::string_view properName(std::string_view name, AtspiRole role) {
+  const bool isDefault = isClassName(name) || (role == AtspiRole::pageTab && name == "Tab") ||
+                         (role == AtspiRole::pageTabList && name == "Tab list");
+  return isDefault ? std::string_view() : name;
+}
+
+// Popovers, open or not, say that they lie over the widget that opens them.
+bool isPopover(const AtspiFacts& facts) { return facts.name == "GtkPopover" || facts.name == "GtkPopoverMenu"; }
+
+bool mayBePartOfDropDown(const ElementView& view) {
+  const auto& name = view.need(Ask::name).name;
+  switch (view.role()) {
+    case AtspiRole::label:
+    case AtspiRole::panel:
+    case AtspiRole::filler: return true;
+    default: return name == nameOfButtonInDropDown;
+  }
+}
+
+// A drop-down is covered by a button that is part of it, and has no name. What is asked here is what the walk
+// from the element upwards asks anyway.
+AtspiReference withoutDropDownsButton(const ElementView& topLevel, const AtspiReference& found) {
+  auto current = found;
+  for (int level = 0; level < mostLevelsInDropDown && current != topLevel.reference(); ++level) {
+    topLevel.reader().notePath(current);
+    const auto view = topLevel.other(current);
+    if (view.role() == AtspiRole::comboBox) return current;
+    if (!mayBePartOfDropDown(view)) break;
+    current = view.need(Ask::parent).parent;
+    if (current.isNull()) break;
+  }
+  return found;
+}
+
+// In coordinates of the window, since it knows no others; a popover has its place in that of the window it belongs to.
+AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
+  const auto& window = at.window;
+  const bool saysShadow = window.shadow != ShadowExtents{};
+  const auto place = saysShadow ? AtspiRectangle{} : topLevel.needOnly({Ask::windowExtents, Ask::role}).windowExtents;
+  const auto left = saysShadow ? window.shadow.left : (window.client.width - place.width) / 2;
+  const auto top = saysShadow ? window.shadow.top : (window.client.height - place.height) / 2;
+  const CGPoint inside{at.point.x - window.client.x - left + place.x, at.point.y - window.client.y - top + place.y};
+  // It finds nothing in popovers.
+  const auto answer =
+      window.overrideRedirect ? AtspiReference{} : askedElementAt(topLevel, inside, Coordinates::ofWindow);
+  const auto hit = answer.isNull() ? topLevel : topLevel.other(answer);
+  topLevel.reader().notePath(hit.reference());
+  hit.need(Ask::childCount);
+  return withoutDropDownsButton(topLevel, deepestByPlace(hit, inside, Coordinates::ofWindow));
+}
+
+}  // namespace
+
+const Toolkit gtk4{
+    .givesHiddenTextAway = true,
+    .tellsNumbers = false,
+    .joinsNameAndLabel = true,
+    .saysPlacesOnScreen = false,
+    .popoversAreWindows = true,
+    .marginOfItems = 8,
+    .ownRole = ownRole,
+    .properName = properName,
+    .liesInOwnWindow = isPopover,
+    .elementAt = elementAt,
+};
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,21 @@
+#include "Platform/Linux/toolkits/Toolkits.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+// GTK 4 puts its elements below its application's own path, and may have no root to ask.
+bool isPathOfGtk4(std::string_view path) {
+  return !path.starts_with("/org/a11y/") && path.find("/a11y/") != std::string_view::npos;
+}
+
+}  // namespace
+
+const Toolkit& toolkitNamed(std::string_view name, std::string_view version, std::string_view path) {
+  if (name == "GTK" || name == "gtk") return version.starts_with("4") ? gtk4 : gtk3;
+  if (name == "Qt") return qt;
+  if (name == "Chromium" || name == "Electron") return chromium;
+  if (name == "Gecko") return gecko;
+  return isPathOfGtk4(path) ? gtk4 : unknownToolkit;
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,17 @@
+// The toolkits that are known, one file each in this folder.
+#pragma once
+
+#include "Platform/Linux/reading/Toolkit.h"
+
+namespace norra::linux_desktop {
+
+extern const Toolkit gtk3;
+extern const Toolkit gtk4;
+extern const Toolkit qt;
+extern const Toolkit chromium;
+extern const Toolkit gecko;
+
+/// See ToolkitLookup.
+const Toolkit& toolkitNamed(std::string_view name, std::string_view version, std::string_view path);
+
+}  // namespace norra::linux_desktop
