@@ -1,4 +1,7 @@
 // Loggers. Their names and messages belong to the service; where a message goes is a sink's business.
+//
+// Messages are whole texts in plain English, made where something happens. A logger decides by its level what is
+// written; a sink may want more, as a scenario does, which shows a whole run.
 #pragma once
 
 #include <atomic>

@@ -1,4 +1,5 @@
-// What the service says of its own work. The XML file beside this one tells the meaning of each property.
+// What the service says of its own work. The XML file beside this one tells the meaning of each property. One table of
+// members serves the bus, the client and the words for a person.
 #pragma once
 
 #include <array>

@@ -1,7 +1,5 @@
 #include "ScenarioPlayer/DesktopReading.h"
 
-#include "ScenarioPlayer/AttributeReading.h"
-
 namespace norra::scenario {
 namespace {
 

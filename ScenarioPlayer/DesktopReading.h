@@ -1,6 +1,8 @@
+// The desktop that a file describes. It is read in two goes: first the names of everything, then what it is, since
+// elements may refer to others that stand further down.
 #pragma once
 
-#include "ScenarioPlayer/References.h"
+#include "ScenarioPlayer/AttributeReading.h"
 
 namespace norra::scenario {
 

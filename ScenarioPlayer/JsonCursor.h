@@ -1,4 +1,7 @@
 // Typed reading of a JSON text that knows where it is, so that every fault can name its place.
+//
+// Whoever writes a scenario by hand makes mistakes, and a file that is half understood would play another story than
+// the one that was meant. So every key must be known and every value of its type, and the first fault ends the reading.
 #pragma once
 
 #include <functional>

@@ -1,3 +1,5 @@
+// Keys as a file names them: by the names of special keys and modifiers, or by numbers where a fault is to be tried
+// out.
 #pragma once
 
 #include "Platform/EventTap.h"

@@ -5,7 +5,7 @@
 
 #include "NorraDataCollector/model/ActionDecoding.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
-#include "ScenarioPlayer/JsonText.h"
+#include "ScenarioPlayer/Transcript.h"
 
 namespace norra::scenario {
 namespace {

@@ -1,3 +1,5 @@
+// Plays a scenario: the whole service over a desktop in memory, from the first step of the file to the end of the
+// process.
 #pragma once
 
 #include <iosfwd>

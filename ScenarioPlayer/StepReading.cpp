@@ -3,7 +3,6 @@
 #include <array>
 #include <cmath>
 
-#include "ScenarioPlayer/AttributeReading.h"
 #include "ScenarioPlayer/DesktopReading.h"
 #include "ScenarioPlayer/KeyReading.h"
 

@@ -1,6 +1,7 @@
+// What happens in a scenario, step by step.
 #pragma once
 
-#include "ScenarioPlayer/References.h"
+#include "ScenarioPlayer/AttributeReading.h"
 #include "ScenarioPlayer/ScenarioFile.h"
 
 namespace norra::scenario {

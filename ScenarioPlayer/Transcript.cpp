@@ -1,8 +1,7 @@
 #include "ScenarioPlayer/Transcript.h"
 
+#include <nlohmann/json.hpp>
 #include <ostream>
-
-#include "ScenarioPlayer/JsonText.h"
 
 namespace norra::scenario {
 
@@ -20,6 +19,11 @@ class Transcript::Line {
  private:
   std::string members_;
 };
+
+std::string jsonText(std::string_view text) {
+  using nlohmann::json;
+  return json(text).dump(-1, ' ', false, json::error_handler_t::replace);
+}
 
 std::string secondsText(std::chrono::nanoseconds time) {
   constexpr std::int64_t perSecond = 1'000'000'000;

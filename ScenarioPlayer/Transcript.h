@@ -8,6 +8,9 @@
 
 namespace norra::scenario {
 
+/// The text as a JSON string: slashes as they are, everything beyond ASCII as UTF-8.
+std::string jsonText(std::string_view text);
+
 /// A time as a JSON number of seconds, without digits that say nothing.
 std::string secondsText(std::chrono::nanoseconds time);
 

@@ -1,3 +1,5 @@
+// Who may connect, and what for: every program of this user, each to an object of its own. Nothing of a client is
+// looked at; what may be asked of the service is the same for all.
 #pragma once
 
 #include <memory>

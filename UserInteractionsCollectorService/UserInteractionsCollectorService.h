@@ -1,4 +1,8 @@
 // The object that the service exports to one client.
+//
+// It lives as long as its connection, and longer while it collects. Every request is answered before what it asks for
+// has taken place: start and stop run on the collector's executor, and what comes of them is seen in the reports. A
+// stop ends the process, and with it the collections of all other clients.
 #pragma once
 
 #include <memory>
@@ -6,10 +10,22 @@
 
 #include "NorraDataCollector/DataCollector.h"
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceProtocol.h"
+#include "Platform/Connection.h"
 #include "Platform/Platform.h"
-#include "UserInteractionsCollectorService/XPCTransaction.h"
 
 namespace norra {
+
+/// Keeps the process marked as busy for as long as it exists.
+class XPCTransaction {
+ public:
+  explicit XPCTransaction(ProcessServices& process) : process_(process) { process_.beginTransaction(); }
+  ~XPCTransaction() { process_.endTransaction(); }
+  XPCTransaction(const XPCTransaction&) = delete;
+  XPCTransaction& operator=(const XPCTransaction&) = delete;
+
+ private:
+  ProcessServices& process_;
+};
 
 /// Starts, stops, pauses and resumes collection, and forwards every report to the client. Its operations run one at a
 /// time, on the thread of its connection.

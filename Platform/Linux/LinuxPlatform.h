@@ -1,4 +1,5 @@
-// The whole platform on a Linux desktop.
+// The whole platform on a Linux desktop: its parts are made here, in the order in which they need each other, and end
+// in the reverse one.
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,8 @@
 // What the accessibility side asks the window side: which top-level window lies under a point, and which one is active.
+//
+// Applications know their elements and mostly not what lies above them. The display server knows windows, their order
+// and their processes, and nothing in them. A click is found with both: the window by the server, the element by the
+// window's application.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// Rows, columns and cells. Tables that have cells only get their rows and columns made up here.
+// Rows, columns and cells. Tables that have cells only get their rows and columns made up here: the core goes from a
+// cell to its row and from the row to its name, whatever the application's own tree looks like.
 #pragma once
 
 #include <optional>

@@ -1,5 +1,7 @@
 #include "Platform/Linux/reading/AtspiFacts.h"
 
+#include <algorithm>
+#include <functional>
 #include <string_view>
 #include <utility>
 
@@ -78,7 +80,6 @@ bool takeInterfaces(sd_bus_message* message, AtspiFacts& facts) {
 
 using Facts = AtspiFacts;
 
-// In the order of Ask.
 constexpr std::array<Question, askCount> questions{{
     {Ask::role, Access::method, accessible, "GetRole", take<&Facts::role, readInteger>},
     {Ask::states, Access::method, accessible, "GetState", take<&Facts::states, readStates>},
@@ -123,6 +124,7 @@ constexpr std::array<Question, askCount> questions{{
     {Ask::fieldsBelow, Access::method, collection, "GetMatches", take<&Facts::fieldsBelow, readReferences>,
      ArgumentKind::firstFields},
 }};
+static_assert(std::ranges::is_sorted(questions, std::ranges::less_equal(), &Question::ask), "in the order of Ask");
 
 const Question& questionFor(Ask ask) { return questions[static_cast<std::size_t>(ask)]; }
 

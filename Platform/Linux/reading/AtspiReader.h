@@ -2,7 +2,7 @@
 //
 // A call to an application costs a round trip through the bus and through the application's main loop, a tenth of a
 // millisecond at best and a frame when it paints. A click needs some forty facts of some ten elements; asked one after
-// the other they would take longer than a person notices. Three things keep that from happening.
+// the other they would take long enough for a person to notice. Three things keep that from happening.
 //
 // A wave: whatever is missing at one moment is sent together and awaited together, so that twenty questions take as
 // long as the slowest of them. The number of waves, and not that of the calls, is what a click costs.

@@ -1,4 +1,8 @@
 // The main run loop on systemd's event loop: everything that the main thread waits for is a source of one sd_event.
+//
+// So nothing of it needs a lock, and no event waits behind another wait. Jobs of other threads come in through one
+// counter; delayed work is a timer. An iteration of the loop handles one thing, which is what readers of elements call
+// an epoch.
 #pragma once
 
 #include <systemd/sd-event.h>

@@ -1,4 +1,9 @@
 // Keeps account of the reports that are on their way to one client.
+//
+// A bus takes every message at once and keeps it until the client reads, so a client that has stopped reading would
+// fill the bus for everybody. Therefore it is counted what a client has not read yet. Past a limit its reports are
+// lost, which is said, and those to others go on. How far it has read is learnt from a question now and then, whose
+// answer comes after everything before it.
 #pragma once
 
 #include <atomic>

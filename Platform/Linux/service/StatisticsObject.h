@@ -1,4 +1,5 @@
-// The service's statistics on the session bus, as read-only properties.
+// The service's statistics on the session bus, as read-only properties. They count and time, and hold nothing that a
+// report holds, so whoever may talk to the service may read them.
 #pragma once
 
 #include <functional>

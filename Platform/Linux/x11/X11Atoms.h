@@ -39,5 +39,6 @@ inline constexpr std::array<std::string_view, 13> x11AtomNames{
     "WM_NAME",
     "WM_STATE",
 };
+static_assert(x11AtomNames.size() == static_cast<std::size_t>(X11Atom::windowManagerState) + 1);
 
 }  // namespace norra::linux_desktop

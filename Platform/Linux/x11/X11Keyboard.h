@@ -1,4 +1,6 @@
-// The keyboard of an X server: its layout and state, followed as they change.
+// The keyboard of an X server: its layout and state, followed as they change. A key event tells a code only; what it
+// means depends on the layout that is switched on and on the modifiers that are held at that moment, so both are
+// followed from the server's own notices and never guessed from the keys that were seen.
 #pragma once
 
 #include "Platform/Linux/display/KeyTranslator.h"

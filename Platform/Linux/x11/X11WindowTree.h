@@ -1,4 +1,7 @@
 // Finds the windows that matter in the X server's tree: clients inside their window manager's frames, what is active.
+//
+// A window manager puts each window of an application into one of its own, at a depth that it chooses. What a person
+// calls a window is the outer one in place and size and the inner one in everything else, so both are kept.
 #pragma once
 
 #include "Platform/Accessibility.h"
