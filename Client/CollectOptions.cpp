@@ -13,7 +13,8 @@ constexpr const char* description =
     "The key p, or SIGUSR1 and SIGUSR2, pauses and resumes.";
 constexpr const char* footer =
     "Exit status: 0 after the service's last report, 1 when the service cannot be reached, --check finds something "
-    "missing or --stats finds no service, 2 for a wrong use, 3 when the collection ended before it was stopped or "
+    "missing or a Wayland session, or --stats finds no service, 2 for a wrong use, 3 when the collection ended before "
+    "it was stopped or "
     "reports could not be "
     "written.";
 constexpr int usageError = 2;

@@ -13,6 +13,10 @@ namespace norra {
 namespace {
 
 using linux_desktop::EventLoop;
+using linux_desktop::isWaylandSession;
+using linux_desktop::limited;
+using linux_desktop::missing;
+using linux_desktop::needsSessionBus;
 using linux_desktop::openSessionBus;
 
 constexpr const char* importDisplay = " run: dbus-update-activation-environment --systemd DISPLAY XAUTHORITY";
@@ -79,11 +83,6 @@ DesktopFinding displayFromSystemd(sd_bus* bus) {
 }
 
 }  // namespace
-
-bool isWaylandSession() {
-  const auto* type = std::getenv("XDG_SESSION_TYPE");
-  return std::getenv("WAYLAND_DISPLAY") != nullptr || (type != nullptr && type == std::string_view("wayland"));
-}
 
 DesktopFinding checkService(EventLoop& loop) {
   const auto opened = openSessionBus(loop.event(), "check");

@@ -1,10 +1,12 @@
 // Whether the session bus can start the service, and with which display.
 #pragma once
 
-#include "Client/DesktopFinding.h"
+#include "Platform/Linux/DesktopReadiness.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
+
+using linux_desktop::DesktopFinding;
 
 /// Takes a bounded time and starts nothing. Main thread.
 DesktopFinding checkService(linux_desktop::EventLoop& loop);
@@ -12,8 +14,5 @@ DesktopFinding checkService(linux_desktop::EventLoop& loop);
 /// Of the service, which may have another environment than this program: what it sees where it runs, otherwise what
 /// systemd would give it. Takes a bounded time and starts nothing. Main thread.
 DesktopFinding checkDisplayOfService(linux_desktop::EventLoop& loop);
-
-/// Of this program.
-bool isWaylandSession();
 
 }  // namespace norra

@@ -40,7 +40,7 @@ void tellShortcomings(norra::linux_desktop::EventLoop& loop) {
   if (statistics == nullptr) return;
   auto shortcomings = norra::shortcomingsIn(*statistics);
   if (statistics->accessibility.empty()) {  // perhaps only since it has not been needed yet
-    const auto advice = norra::checkAccessibilityBus(loop).advice;
+    const auto advice = norra::linux_desktop::accessibilityReadiness(loop.event()).advice;
     if (!advice.empty()) shortcomings.push_back(advice);
   }
   for (const auto& shortcoming : shortcomings) tell(shortcoming);

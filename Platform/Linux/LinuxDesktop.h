@@ -3,11 +3,11 @@
 #pragma once
 
 #include <memory>
-#include <string>
 
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
+#include "Platform/Linux/DesktopReadiness.h"
 #include "Platform/Linux/display/WindowsOnScreen.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Workspace.h"
@@ -28,24 +28,19 @@ class LinuxDesktop {
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;
 
   Workspace& workspace() { return *workspace_; }
-  EventTaps& eventTaps() { return *eventTaps_.taps; }
+  EventTaps& eventTaps() { return *eventTaps_; }
   Accessibility& accessibility();
 
   /// Fills in what of it works, and what reading from applications has cost.
   void describe(ServiceStatistics& statistics);
 
  private:
-  struct OfferedTaps {
-    std::unique_ptr<EventTaps> taps;
-    std::string problem;  // empty: they work
-  };
-  OfferedTaps offerEventTaps(EventLoop& loop);
-  std::string windowsProblem();
+  std::unique_ptr<EventTaps> newEventTaps(EventLoop& loop);
 
-  const std::string sessionProblem_;     // empty: everything of the session can be seen
   std::unique_ptr<X11Windows> windows_;  // null: no X server
+  DisplayFacts facts_;
   std::unique_ptr<Workspace> workspace_;
-  OfferedTaps eventTaps_;
+  std::unique_ptr<EventTaps> eventTaps_;
   std::unique_ptr<WindowsOnScreen> noWindows_;  // null: windows_ is there
   std::unique_ptr<AtspiAccessibility> accessibility_;
 };

@@ -263,6 +263,17 @@ class WithoutService(ProgramTest):
                 ("--format", "xml", "--format: xml not in {")):
             self.expect_end(self.start("norra-collect", option, value), 2, problem)
 
+    def test_the_inspector_explains_itself_and_refuses_what_is_no_number(self):
+        helped = self.start("norra-inspect", "--help")
+        self.assertIn("norra-inspect focused [PID]", helped.stdout.read())
+        self.expect_end(helped, 0)
+        for arguments, problem in (
+                (["here", "12"], "'here' is no number"), (["12", "12px"], "'12px' is no number"), (["nan", "1"], "'nan' is no number"),
+                (["focused", "gedit"], "'gedit' is no process identifier"), (["focused", "-3"], "'-3' is no process identifier"),
+                ([], "usage: "), (["1", "2", "3"], "usage: ")):
+            self.expect_end(self.start("norra-inspect", *arguments), 2, problem)
+        self.expect_end(self.start("norra-inspect", "10", "10"), 1, "there is no such element")
+
 
 class SessionManager(dbus.service.Object):
     """Stands on the bus for the systemd of a session, with an environment of its own, until `close`."""

@@ -1,10 +1,12 @@
 #!/usr/bin/python3
-"""Clients that do not read."""
+"""Clients that do not read, and what the client says of the desktop."""
+import os
 import signal
+import subprocess
 import sys
 
 import hands
-from desktop import EndToEndTest, main
+from desktop import PROGRAMS, EndToEndTest, main
 from expected import collector, key_combination
 from waiting import wait_until
 
@@ -41,6 +43,27 @@ class Clients(EndToEndTest):
             return stopped.next(1, patience=0.5) == [REPORT]
 
         wait_until(is_told, "reports to the client that reads again")
+
+
+class Checking(EndToEndTest):
+    def check(self, **environment):
+        check = subprocess.run([PROGRAMS / "norra-collect", "--check"], env={**os.environ, **environment}, capture_output=True,
+                               text=True, check=False)
+        return check.returncode, check.stdout.splitlines()
+
+    def test_says_that_an_x_server_shows_only_a_part_of_a_wayland_session(self):
+        self.open_own("gtk3_app.py")
+        for wayland in ({"WAYLAND_DISPLAY": "wayland-0"}, {"XDG_SESSION_TYPE": "wayland"}):
+            status, lines = self.check(**wayland)
+            self.assertEqual(status, 1, lines)
+            for line, what in ((2, "display"), (4, "clicks and keys"), (5, "window in front")):
+                self.assertRegex(lines[line], f"limited  {what} .*Wayland session.*Log in to an X11")
+
+    def test_knows_no_wayland_session_by_an_empty_variable(self):
+        self.open_own("gtk3_app.py")
+        status, lines = self.check(WAYLAND_DISPLAY="")
+        self.assertEqual([line.split(" ", 1)[0] for line in lines], 8 * ["ready"], lines)
+        self.assertEqual(status, 0)
 
 
 if __name__ == "__main__":

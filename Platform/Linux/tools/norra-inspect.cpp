@@ -1,15 +1,14 @@
 // norra-inspect: what the platform says about an element of the desktop, for developers.
-//
-//   norra-inspect X Y          the element at a point of the screen, and those above it
-//   norra-inspect focused      the element with the keyboard focus
-//   norra-inspect focused PID  the same of one application
-//
-// Behind each element: calls, waves and microseconds that reading it took.
+#include <array>
+#include <charconv>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
-#include <cstdlib>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "Platform/Linux/accessibility/ElementHandles.h"
@@ -20,6 +19,14 @@ namespace norra::linux_desktop {
 namespace {
 
 constexpr int mostLevels = 12;
+constexpr int wrongUse = 2;
+
+constexpr const char* usage =
+    "usage: norra-inspect X Y            the element at a point of the screen, in pixels, and those above it\n"
+    "       norra-inspect focused [PID]  the element with the keyboard focus, of the desktop or of one application\n"
+    "       norra-inspect --help\n"
+    "Prints what the platform says of each: its attributes, its actions and its process, and behind them the calls,\n"
+    "the waves of calls and the microseconds that reading it took. Ends with 1 where there is no such element.\n";
 
 class Meter {
  public:
@@ -114,19 +121,51 @@ void walk(AXUIElement element, Meter& meter) {
   std::printf("walk %s\n", meter.lap().c_str());
 }
 
-std::optional<AXUIElement> find(const std::vector<std::string>& arguments, const ElementHandles& handles) {
-  if (arguments.size() == 2 && arguments[0] != "focused") {
-    return handles.systemWide()
-        .primitives()
-        .copyElementAtPosition(std::stof(arguments[0]), std::stof(arguments[1]))
-        .value;
+struct Target {
+  std::optional<CGPoint> point = std::nullopt;  // nothing: what has the focus
+  std::optional<ProcessIdentifier> process = std::nullopt;
+};
+
+/// Nothing where the text is no such number.
+template <typename Number>
+std::optional<Number> numberIn(const std::string& text) {
+  Number number{};
+  const auto* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, number);
+  if (error != std::errc() || rest != end) return std::nullopt;
+  return number;
+}
+
+/// What is asked for, or what is wrong with the question; a text that is empty where its shape is wrong.
+std::variant<Target, std::string> targetIn(const std::vector<std::string>& arguments) {
+  if (arguments == std::vector<std::string>{"focused"}) return Target{};
+  if (arguments.size() != 2) return "";
+  if (arguments[0] == "focused") {
+    const auto process = numberIn<ProcessIdentifier>(arguments[1]);
+    if (process && *process > 0) return Target{.process = process};
+    return "'" + arguments[1] + "' is no process identifier: a whole number above 0";
   }
-  const auto owner =
-      arguments.size() == 2 ? handles.application(std::atoi(arguments[1].c_str())) : handles.systemWide();
+  std::array<float, 2> place{};
+  for (std::size_t i = 0; i < place.size(); ++i) {
+    const auto number = numberIn<float>(arguments[i]);
+    if (!number || !std::isfinite(*number))
+      return "'" + arguments[i] + "' is no number: X and Y are pixels of the screen";
+    place.at(i) = *number;
+  }
+  return Target{.point = CGPoint{place[0], place[1]}};
+}
+
+std::optional<AXUIElement> find(const Target& target, const ElementHandles& handles) {
+  if (target.point) {
+    const auto [x, y] = *target.point;
+    return handles.systemWide().primitives().copyElementAtPosition(static_cast<float>(x), static_cast<float>(y)).value;
+  }
+  const auto owner = target.process ? handles.application(*target.process) : handles.systemWide();
   return elementIn(owner.primitives().copyAttributeValue("AXFocusedUIElement"));
 }
 
-void inspect(const std::vector<std::string>& arguments, WindowsOnScreen& windows) {
+/// Whether there is one.
+bool inspect(const Target& target, WindowsOnScreen& windows) {
   CountedEpoch epoch;
   AtspiSession session(epoch, toolkitNamed);
   Focus focus(session);
@@ -135,33 +174,44 @@ void inspect(const std::vector<std::string>& arguments, WindowsOnScreen& windows
   Meter meter(session.shared.statistics);
   for (int i = 0; i < 3; ++i) {
     epoch.begin();
-    const auto found = find(arguments, handles);
+    const auto found = find(target, handles);
     std::printf("found %s\n", meter.lap().c_str());
     if (found) walk(*found, meter);
   }
   epoch.begin();
-  auto element = find(arguments, handles);
+  auto element = find(target, handles);
+  const bool isThere = element.has_value();
   meter.lap();
   for (int level = 0; element && level < mostLevels; ++level) {
     std::printf("%d\n", level);
     print(*element, meter);
     element = parentOf(*element);
   }
+  return isThere;
+}
+
+int inspectOnDesktop(const Target& target) {
+  NoWindowsOnScreen noWindows;
+  auto connection = X11Connection::open();
+  const auto windows = connection ? std::make_unique<X11Windows>(std::move(connection)) : nullptr;
+  if (inspect(target, windows ? static_cast<WindowsOnScreen&>(*windows) : noWindows)) return 0;
+  std::fputs("norra-inspect: there is no such element\n", stderr);
+  return 1;
 }
 
 }  // namespace
 }  // namespace norra::linux_desktop
 
-int main(int count, char** values) {
+int main(int argumentCount, char** values) {
   using namespace norra::linux_desktop;
-  const std::vector<std::string> arguments(values + 1, values + count);
-  if (arguments.empty() || arguments.size() > 2) {
-    std::fputs("usage: norra-inspect X Y | focused [PID]\n", stderr);
-    return 2;
+  const std::vector<std::string> arguments(values + 1, values + argumentCount);
+  if (arguments == std::vector<std::string>{"--help"}) {
+    std::fputs(usage, stdout);
+    return 0;
   }
-  NoWindowsOnScreen noWindows;
-  auto connection = X11Connection::open();
-  const auto windows = connection ? std::make_unique<X11Windows>(std::move(connection)) : nullptr;
-  inspect(arguments, windows ? static_cast<WindowsOnScreen&>(*windows) : noWindows);
-  return 0;
+  const auto target = targetIn(arguments);
+  if (const auto* found = std::get_if<Target>(&target)) return inspectOnDesktop(*found);
+  const auto& problem = std::get<std::string>(target);
+  std::fputs(problem.empty() ? usage : ("norra-inspect: " + problem + "\n").c_str(), stderr);
+  return wrongUse;
 }
