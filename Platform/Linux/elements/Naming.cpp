@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Platform/Linux/elements/PageNames.h"
+#include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
@@ -14,6 +15,13 @@ namespace {
 constexpr std::uint32_t labelledBy = 2;
 // How far above a label the labelled element is looked for.
 constexpr int mostLevelsOfALabel = 3;
+// Where a text is looked for in an element without a name.
+constexpr std::size_t mostParts = 6;
+constexpr int mostLevelsOfParts = 3;
+
+constexpr std::array namedByTheirParts{AtspiRole::checkBox,     AtspiRole::listItem,  AtspiRole::pushButton,
+                                       AtspiRole::radioButton,  AtspiRole::tableCell, AtspiRole::tableRow,
+                                       AtspiRole::toggleButton, AtspiRole::treeItem};
 
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
 
@@ -63,6 +71,37 @@ std::string withoutOwnLabel(const ElementView& view, std::string name) {
   return !label.isNull() && isOwnPart(view, label) ? std::string(half) : name;
 }
 
+bool isShownText(const ElementView& part) {
+  const bool isText = part.role() == AtspiRole::label || part.role() == AtspiRole::staticText;
+  return isText && part.hasState(AtspiState::showing) && !isBlank(part.need(Ask::name).name);
+}
+
+bool showsText(const ElementView& view, int level = 0) {
+  const auto parts = firstChildren(view, mostParts);
+  std::vector<AtspiQuestion> questions;
+  for (const auto& part : parts) questions.push_back({part, view.generalAsks() | Ask::childCount});
+  view.reader().read(questions);
+  return std::ranges::any_of(parts, [&](const auto& reference) {
+    const auto part = view.other(reference);
+    if (isShownText(part)) return true;
+    return level < mostLevelsOfParts && is(part.role(), RoleKind::mereContainer) && showsText(part, level + 1);
+  });
+}
+
+// The search for a name finds the text that stands on the screen, where no tooltip or description is taken for a name.
+bool isNamedByItsParts(const ElementView& view) {
+  const bool mayBe = std::ranges::find(namedByTheirParts, view.role()) != namedByTheirParts.end();
+  if (!mayBe || view.toolkit().showsWebPages) return false;
+  return properName(view.need(Ask::name).name, view.role(), view.toolkit()).empty() && showsText(view);
+}
+
+// Some icons are called by what they are used for elsewhere.
+bool isIconBesideText(const ElementView& view) {
+  const bool isIcon = view.role() == AtspiRole::icon || view.role() == AtspiRole::image;
+  if (!isIcon || view.toolkit().showsWebPages) return false;
+  return !view.need(Ask::name).name.empty() && showsText(view.other(view.need(Ask::parent).parent));
+}
+
 AttributeResult attributeNamed(const ElementView& view, std::string_view name) {
   const auto& attributes = view.need(Ask::attributes).attributes;
   const auto found = attributes.find(name);
@@ -84,7 +123,7 @@ std::string properDescription(const AtspiFacts& facts) {
 
 AttributeResult titleOf(const ElementView& view) {
   const auto& facts = view.need(Ask::name);
-  if (isListMark(facts)) return noValue();
+  if (isListMark(facts) || isIconBesideText(view)) return noValue();
   const auto name = view.toolkit().showsWebPages ? nameInPage(view) : facts.name;
   return textOrNoValue(withoutOwnLabel(view, properName(name, view.role(), view.toolkit())));
 }
@@ -93,6 +132,7 @@ AttributeResult descriptionOf(const ElementView& view) {
   const auto& facts = view.need(Ask::description);
   if (facts.description.empty()) return noValue();
   if (view.toolkit().showsWebPages && isDescribedByField(view)) return noValue();
+  if (isNamedByItsParts(view)) return noValue();
   return textOrNoValue(properDescription(view.has(AtspiInterface::value) ? view.need(Ask::currentValue) : facts));
 }
 
@@ -103,7 +143,8 @@ AttributeResult placeholderOf(const ElementView& view) {
 
 AttributeResult helpOf(const ElementView& view) {
   if (view.application().isUnknown(Ask::helpText)) return unsupported();
-  return textOrNoValue(view.need(Ask::helpText).helpText);
+  const auto& text = view.need(Ask::helpText).helpText;
+  return text.empty() || isNamedByItsParts(view) ? noValue() : valueOf(text);
 }
 
 AttributeResult identifierOf(const ElementView& view) {

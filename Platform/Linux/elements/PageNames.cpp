@@ -88,6 +88,15 @@ std::string textWithoutFields(const ElementView& view, int level = 0) {
   return text;
 }
 
+// A browser puts the mark of a list before what stands in its items, whatever role the page gives these.
+std::string_view withoutListMark(std::string_view name) {
+  static constexpr std::array<std::string_view, 3> marks{"\u2022 ", "\u25E6 ", "\u25AA "};
+  for (const auto mark : marks) {
+    if (name.starts_with(mark)) return name.substr(mark.size());
+  }
+  return name;
+}
+
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 std::string withoutNeedlessBlanks(std::string_view text) {
@@ -136,8 +145,9 @@ bool isNamedByField(const ElementView& view) {
 // Not from a label, an attribute, or the like.
 std::string nameFromContent(const ElementView& view) {
   if (isWritten(view)) return {};
-  if (view.role() == AtspiRole::label || holdsField(view)) return withoutNeedlessBlanks(textWithoutFields(view));
-  return view.need(Ask::name).name;
+  const bool isOwnText = view.role() == AtspiRole::label || holdsField(view);
+  const auto text = isOwnText ? textWithoutFields(view) : view.need(Ask::name).name;
+  return withoutNeedlessBlanks(withoutListMark(text));
 }
 
 }  // namespace

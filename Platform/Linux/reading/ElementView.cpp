@@ -49,6 +49,8 @@ Asks ElementView::detailAsks(const AtspiFacts& facts) const {
   if (facts.has(AtspiInterface::value)) asks |= Ask::currentValue;
   if (facts.has(AtspiInterface::hyperlink) && role == AtspiRole::link) asks |= Ask::linkURI;
   if (application_->roleName(facts.role).empty()) asks |= Ask::localizedRoleName;
+  const bool hasOwnName = facts.name.empty() || facts.attributes.contains("explicit-name");
+  if (toolkit().showsWebPages && is(role, RoleKind::control) && !hasOwnName) asks |= Ask::fieldsBelow;
   return asks;
 }
 

@@ -40,15 +40,6 @@ RoleAndSubrole roleInChromium(const AtspiFacts& facts, const RoleSurroundings& s
   return isInMenuBar ? RoleAndSubrole{"AXMenuItem", ""} : roleInPage(facts, surroundings);
 }
 
-std::string_view withoutListMark(std::string_view name, AtspiRole role) {
-  static constexpr std::array<std::string_view, 3> marks{"\u2022 ", "\u25E6 ", "\u25AA "};
-  if (role != AtspiRole::listItem) return name;
-  for (const auto mark : marks) {
-    if (name.starts_with(mark)) return name.substr(mark.size());
-  }
-  return name;
-}
-
 // A closed select answers with an option that is not on the screen.
 AtspiReference withoutHiddenOption(const ElementView& topLevel, AtspiReference answer) {
   topLevel.reader().notePath(answer);
@@ -102,7 +93,6 @@ const Toolkit gecko{
     .hasOneNameForEachRole = true,
     .pageAddress = Ask::documentURL,
     .ownRole = roleInGecko,
-    .properName = withoutListMark,
     .elementAt = elementAtInGecko,
 };
 

@@ -187,6 +187,18 @@ TEST_F(Elements, LabelledByAPartOfThemselvesHaveNoTitleElement) {
             elements_.handles.element(gtk4.reference("label")));
 }
 
+TEST_F(Elements, ThatShowATextAreNotNamedByTheirTooltip) {
+  application_.set("home",
+                   {.role = number(AtspiRole::listItem), .description = "Open your folder", .children = {"box"}});
+  application_.set("box", {.role = number(AtspiRole::panel), .children = {"icon", "text"}});
+  application_.set("icon", {.role = number(AtspiRole::icon), .name = "Add", .parent = "box"});
+  application_.set("text", {.role = number(AtspiRole::label), .name = "Home", .states = bit(AtspiState::showing)});
+  application_.set("eject", {.role = number(AtspiRole::pushButton), .description = "Unmount", .children = {"icon"}});
+  EXPECT_EQ(text("home", "AXDescription"), std::nullopt);
+  EXPECT_EQ(text("icon", "AXTitle"), std::nullopt);
+  EXPECT_EQ(text("eject", "AXDescription"), "Unmount");
+}
+
 TEST_F(Elements, ThatOnlyDisplayBulletsAreSecureInGtk4) {
   FakeApplication gtk4("GTK", "4.8.3");
   gtk4.set("hidden", field("secret", "\u25CF\u25CF\u25CF\u25CF\u25CF\u25CF"));

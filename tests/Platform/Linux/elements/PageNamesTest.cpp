@@ -41,6 +41,7 @@ class PageNames : public testing::TestWithParam<const char*> {
   PageNames() {
     page("area", with(element(AtspiRole::entry, "", "secret"), editor));
     page("line", with(element(AtspiRole::entry, "", "ann@example.org"), editable));
+    page("number", element(AtspiRole::spinButton, "Amount", "3"));
     page("box", with(element(AtspiRole::section, "", "secret"), editor));
     page("word", element(AtspiRole::staticText, "", "Bold"));
     page("words", element(AtspiRole::section, "", "\uFFFC note ", {"word"}));
@@ -70,12 +71,15 @@ TEST_P(PageNames, AreTheOwnTextsWhereAFieldIsBelow) {
   const std::vector<std::pair<FakeElement, const char*>> rows{
       {element(AtspiRole::label, "Message secret", "Message \uFFFC", {"area"}), "Message"},
       {element(AtspiRole::label, "Email ann@example.org", "\n Email \uFFFC", {"line"}), "Email"},
+      {element(AtspiRole::label, "Amount 3", "Amount \uFFFC", {"number"}), "Amount"},
+      {element(AtspiRole::label, "", "Email "), "Email"},
       {element(AtspiRole::label, "Bold note secret", "\uFFFC\uFFFC", {"words", "around"}), "Bold note"},
       {element(AtspiRole::link, "Home", "Home"), "Home"},
       {element(AtspiRole::link, "Home secret", "Home \uFFFC", {"box"}), "Home"},
       {element(AtspiRole::pushButton, "Send secret", "\uFFFC", {"box"}), ""},
       {element(AtspiRole::tableCell, "Flash secret times", "Flash \uFFFC times", {"around"}), "Flash times"},
-      {element(AtspiRole::heading, "Group \u2022", "Group \u2022"), "Group \u2022"},
+      {element(AtspiRole::listItem, "\u2022 Red buoy", "\u2022 Red buoy"), "Red buoy"},
+      {element(AtspiRole::menuItem, "\u25E6 File ", "\u25E6 File"), "File"},
   };
   for (const auto& [one, expected] : rows) {
     page("one", one);
