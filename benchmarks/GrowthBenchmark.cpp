@@ -112,7 +112,7 @@ Interaction selection(ConstantTree& tree, std::size_t size) {
   const auto element = ConstantTree::handle(table);
   auto data = std::make_shared<FocusedElementData>(element);
   return [element, data] {
-    data->lastSelectedElements.clear();
+    data->setLastSelectedElements({});
     benchmark::DoNotOptimize(changedSelectedCells(element, data.get()));
   };
 }

@@ -15,9 +15,9 @@ namespace {
 
 using std::chrono::steady_clock;
 
-constexpr std::size_t mostElementsSearched = 1200;
-constexpr std::size_t mostChildrenSearched = 40;
-constexpr int mostLevelsOfItems = 4;
+constexpr std::size_t maxElementsSearched = 1200;
+constexpr std::size_t maxChildrenSearched = 40;
+constexpr int maxLevelsOfItems = 4;
 
 bool isFocused(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::focused); }
 
@@ -28,7 +28,7 @@ bool isSearched(const AtspiFacts& facts) {
 }
 
 std::vector<AtspiReference> shownChildren(const ElementView& view) {
-  auto children = firstChildren(view, mostChildrenSearched);
+  auto children = firstChildren(view, maxChildrenSearched);
   std::vector<AtspiQuestion> questions;
   for (const auto& child : children) questions.push_back({child, Asks{Ask::role, Ask::states, Ask::childCount}});
   view.reader().read(questions);
@@ -47,7 +47,7 @@ AtspiReference searchFocused(const ElementView& window) {
   std::deque<AtspiReference> open{window.reference()};
   std::unordered_set<AtspiReference, AtspiReferenceHash> seen;
   AtspiReference best;
-  while (!open.empty() && seen.size() < mostElementsSearched) {
+  while (!open.empty() && seen.size() < maxElementsSearched) {
     const auto current = open.front();
     open.pop_front();
     for (const auto& child : shownChildren(window.other(current))) {
@@ -70,7 +70,7 @@ AtspiReference withoutOwnButton(const ElementView& button) {
 AtspiReference containerOf(const ElementView& item) {
   if (!is(item.role(), RoleKind::item)) return {};
   auto above = item.need(Ask::parent).parent;
-  for (int level = 0; level < mostLevelsOfItems && !above.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsOfItems && !above.isNull(); ++level) {
     const auto container = item.other(above);
     if (is(container.role(), RoleKind::itemContainer)) return above;
     above = container.need(Ask::parent).parent;

@@ -5,7 +5,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr int mostLevelsOfMenus = 8;
+constexpr int maxLevelsOfMenus = 8;
 
 bool isPartOfMenu(AtspiRole role) { return is(role, RoleKind::menuPart) || role == AtspiRole::popupMenu; }
 
@@ -24,7 +24,7 @@ Asks keptOf(const ElementView& item) {
 std::vector<AtspiReference> menuAround(const ElementView& item) {
   std::vector<AtspiReference> levels;
   auto current = item.reference();
-  while (levels.size() < mostLevelsOfMenus && !current.isNull()) {
+  while (levels.size() < maxLevelsOfMenus && !current.isNull()) {
     const auto view = item.other(current);
     const auto parent = view.need(levels.empty() ? keptOf(item) : item.generalAsks()).parent;
     const bool mayGoOn = isPartOfMenu(view.role()) || view.role() == AtspiRole::list || levels.empty();

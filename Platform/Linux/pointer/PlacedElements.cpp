@@ -7,8 +7,8 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr int mostLevels = 40;
-constexpr std::size_t mostChildren = 64;
+constexpr int maxLevels = 40;
+constexpr std::size_t maxChildren = 64;
 constexpr std::int32_t nowhere = -2147483647;
 
 Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
@@ -78,7 +78,7 @@ AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coor
 bool PlacedElement::isAt(CGPoint point) const { return place && contains(*place, point); }
 
 std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates coordinates) {
-  return placed(view, firstChildren(view, mostChildren), coordinates);
+  return placed(view, firstChildren(view, maxChildren), coordinates);
 }
 
 std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates) {
@@ -105,7 +105,7 @@ AtspiReference childAtHeight(const ElementView& list, CGPoint point) {
 
 AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates) {
   auto current = view.reference();
-  for (int level = 0; level < mostLevels; ++level) {
+  for (int level = 0; level < maxLevels; ++level) {
     const auto next = nextDown(view.other(current), point, coordinates, 2);
     if (next.isNull() || next == current) break;
     current = next;

@@ -7,7 +7,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::size_t mostPasswords = 10000;
+constexpr std::size_t maxPasswords = 10000;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ bool AtspiApplication::wasPassword(const std::string& path) const {
 // application.
 void AtspiApplication::notePassword(const std::string& path) {
   const std::lock_guard lock(mutex_);
-  if (passwords_.size() >= mostPasswords) passwords_.clear();
+  if (passwords_.size() >= maxPasswords) passwords_.clear();
   passwords_.insert(path);
 }
 

@@ -24,7 +24,7 @@ SelectedItems::Items& SelectedItems::itemsOf(const AtspiReference& container) {
   const auto found = std::ranges::find(containers_, container, &Items::container);
   if (found != containers_.end()) return *found;
   containers_.push_back({container, {}});
-  if (containers_.size() > mostContainers) containers_.pop_front();
+  if (containers_.size() > maxContainers) containers_.pop_front();
   return containers_.back();
 }
 

@@ -14,7 +14,7 @@ namespace norra::linux_desktop {
 class SelectedItems {
  public:
   static constexpr std::size_t mostItems = 64;
-  static constexpr std::size_t mostContainers = 8;
+  static constexpr std::size_t maxContainers = 8;
 
   /// The item of the container is selected, or was.
   void note(const AtspiReference& container, const AtspiReference& item);

@@ -30,14 +30,14 @@ void ClickTimes::noteReport() {
   if (!arrival) return;
   const auto taken = std::chrono::duration_cast<std::chrono::microseconds>(steady_clock::now() - *arrival);
   const std::lock_guard lock(mutex_);
-  microseconds_[reports_++ % mostKept] = static_cast<std::uint32_t>(std::min<std::int64_t>(taken.count(), UINT32_MAX));
+  microseconds_[reports_++ % maxKept] = static_cast<std::uint32_t>(std::min<std::int64_t>(taken.count(), UINT32_MAX));
 }
 
 ClickTimes::Summary ClickTimes::summary() const {
   std::vector<std::uint32_t> sorted;
   {
     const std::lock_guard lock(mutex_);
-    const auto kept = std::min<std::uint64_t>(reports_, mostKept);
+    const auto kept = std::min<std::uint64_t>(reports_, maxKept);
     sorted.assign(microseconds_.begin(), microseconds_.begin() + static_cast<std::ptrdiff_t>(kept));
   }
   std::ranges::sort(sorted);

@@ -20,7 +20,7 @@ class ClickTimes {
  public:
   using TimePoint = std::chrono::steady_clock::time_point;
 
-  static constexpr std::size_t mostKept = 1024;
+  static constexpr std::size_t maxKept = 1024;
 
   /// Of the latest reports, in microseconds; zero where there is none.
   struct Summary {
@@ -57,7 +57,7 @@ class ClickTimes {
 
   // Guarded by mutex_.
   std::map<std::thread::id, TimePoint> handled_;
-  std::array<std::uint32_t, mostKept> microseconds_{};  // a ring
+  std::array<std::uint32_t, maxKept> microseconds_{};  // a ring
   std::uint64_t reports_ = 0;
 };
 

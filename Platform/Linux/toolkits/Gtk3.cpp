@@ -9,10 +9,10 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr int mostLevels = 40;
+constexpr int maxLevels = 40;
 // A tab says only where its label is.
 constexpr std::int32_t marginOfTab = 16;
-constexpr std::int64_t mostColumns = 64;
+constexpr std::int64_t maxColumns = 64;
 
 Asks asksForGtk3Role(AtspiRole role) {
   if (role == AtspiRole::pushButton) return Ask::interfaces;
@@ -79,7 +79,7 @@ AtspiReference popoverAt(const ElementView& window, CGPoint point) {
 
 // The hit test of a table finds its cells only.
 AtspiReference headerAt(const ElementView& table, CGPoint point) {
-  const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, mostColumns);
+  const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, maxColumns);
   std::vector<AtspiCall> calls;
   for (std::int32_t i = 0; i < count; ++i) {
     calls.push_back({table.reference(), "org.a11y.atspi.Table", "GetColumnHeader", {i}});
@@ -111,7 +111,7 @@ Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
 AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
   auto& reader = topLevel.reader();
   auto current = topLevel.reference();
-  for (int level = 0; level < mostLevels; ++level) {
+  for (int level = 0; level < maxLevels; ++level) {
     const auto step = stepGtk3(topLevel.other(current), at.point, level == 0);
     if (step.next.isNull() || step.next == current) break;
     // The menu in a window of its own belongs to the combo box or the menu that opened it.

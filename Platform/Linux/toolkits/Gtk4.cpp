@@ -11,7 +11,7 @@ namespace {
 
 // What buttons that have no name are called.
 constexpr std::string_view nameOfButtonInDropDown = "GtkToggleButton";
-constexpr int mostLevelsInDropDown = 8;
+constexpr int maxLevelsInDropDown = 8;
 
 // It has no other elements with this role than search fields.
 RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
@@ -55,7 +55,7 @@ bool mayBePartOfDropDown(const ElementView& view) {
 // from the element upwards asks anyway.
 AtspiReference withoutDropDownsButton(const ElementView& topLevel, const AtspiReference& found) {
   auto current = found;
-  for (int level = 0; level < mostLevelsInDropDown && current != topLevel.reference(); ++level) {
+  for (int level = 0; level < maxLevelsInDropDown && current != topLevel.reference(); ++level) {
     topLevel.reader().notePath(current);
     const auto view = topLevel.other(current);
     if (view.role() == AtspiRole::comboBox) return current;

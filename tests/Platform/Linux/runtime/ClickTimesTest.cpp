@@ -22,11 +22,11 @@ TEST(ClickTimes, GivesTheMedianAndThe99thPercentileOfTheLatestReports) {
   };
   EXPECT_EQ(times.summary().count, 0U);
   EXPECT_EQ(times.summary().median, 0U);
-  for (std::size_t i = 0; i < ClickTimes::mostKept; ++i) report(100);
+  for (std::size_t i = 0; i < ClickTimes::maxKept; ++i) report(100);
   for (int units = 1; units <= 100; ++units) report(units);
-  for (std::size_t i = 0; i < ClickTimes::mostKept - 100; ++i) report(30);
+  for (std::size_t i = 0; i < ClickTimes::maxKept - 100; ++i) report(30);
   const auto [count, median, percentile99] = times.summary();
-  EXPECT_EQ(count, ClickTimes::mostKept);
+  EXPECT_EQ(count, ClickTimes::maxKept);
   EXPECT_EQ(median / microseconds, 30U) << "the first thousand are forgotten";
   EXPECT_EQ(percentile99 / microseconds, 90U) << "the eleventh from above of 1024";
 }
