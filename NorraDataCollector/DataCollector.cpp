@@ -23,6 +23,7 @@ std::string encodedText(const Action& action) {
 
 }  // namespace
 
+using NorraDataCollectorLogging::clickLogger;
 using NorraDataCollectorLogging::defaultLogger;
 
 std::shared_ptr<DataCollector> DataCollector::create(const Platform& platform, CollectedAction collectedAction) {
@@ -60,7 +61,8 @@ std::function<void(DataCollector::Job)> DataCollector::sourceJobs() {
   return [weak = weak_from_this(), executor = executor_](Job job) {
     executor->postUnlessCrowded([weak, job = std::move(job)] {
       const auto self = weak.lock();
-      if (self && self->state_ == State::started) job(*self);
+      if (self && self->state_ == State::started) return job(*self);
+      clickLogger().debug("A click or another event gives no report: collection ended before it was handled");
     });
   };
 }

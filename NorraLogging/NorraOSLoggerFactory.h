@@ -11,6 +11,10 @@ namespace norra {
 /// The subsystem of the service's loggers.
 inline constexpr std::string_view mainBundleIdentifier = "com.norra.UserInteractionsCollectorService";
 
+/// The category of the loggers that say, at debug level, why a click was not reported. What they say is for whoever
+/// looks for that reason; it is no part of what the service promises to log.
+inline constexpr std::string_view clickCategory = "Clicks";
+
 namespace NorraOSLoggerFactory {
 
 /// `processType` is one character.

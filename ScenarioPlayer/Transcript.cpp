@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "NorraLogging/NorraOSLoggerFactory.h"
+
 namespace norra::scenario {
 
 /// The members of one line, in the order in which they are added.
@@ -35,6 +37,7 @@ std::string secondsText(std::chrono::nanoseconds time) {
 }
 
 void Transcript::write(const LogMessage& message) {
+  if (message.category == clickCategory) return;
   const bool isLast = std::exchange(isLastMessageNext_, false);
   print(Line().add("log", name(message.level)).add("category", message.category).add("message", message.text));
   hasEnded_ |= isLast;

@@ -32,12 +32,15 @@ int serve() {
 int main(int argc, char** argv) {
   CLI::App app(description, "norra-collector-service");
   app.set_version_flag("--version", "norra-collector-service " NORRA_VERSION);
+  bool isDebugging = false;
+  app.add_flag("--debug", isDebugging, "Write debug messages too, among them why a click was not reported");
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? 0 : usageError;
   }
-  const auto sink = norra::linux_desktop::newLogSink();
+  const auto sink = norra::linux_desktop::newLogSink(isDebugging ? norra::linux_desktop::Messages::all
+                                                                 : norra::linux_desktop::Messages::enabled);
   norra::NorraOSLoggerFactory::setSink(sink.get());
   const int status = serve();
   norra::NorraOSLoggerFactory::setSink(nullptr);

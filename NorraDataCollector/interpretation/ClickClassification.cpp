@@ -7,9 +7,18 @@
 #include "NorraDataCollector/interpretation/ElementNaming.h"
 #include "NorraDataCollector/interpretation/NameLists.h"
 #include "NorraDataCollector/interpretation/NameSearch.h"
+#include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
 namespace norra {
 namespace {
+
+/// No action, and a line of the log that says why.
+std::vector<Action> nothing(const SearchData& found, bool isRetry, std::string_view reason) {
+  std::string message = "A click on " + found.roles;
+  message.append(isRetry ? " gives no report: " : " gives no report yet: ").append(reason);
+  NorraDataCollectorLogging::clickLogger().debug(message);
+  return {};
+}
 
 std::string nameFoundAround(const AXUIElement& element) {
   auto found = searchName(element, SearchDirections::both, false);
@@ -86,7 +95,7 @@ std::vector<Action> actionsForControl(const SearchData& found, MouseButton butto
   if (role == role::comboBox) return {clickedComboBox(control, button)};
   if (role == role::slider) return {clickOn(control, button), changedSlider(control)};
   if (role != role::checkBox) return {clickOn(control, button)};
-  if (!isRetry) return {};
+  if (!isRetry) return nothing(found, isRetry, "a check box has its new state a moment later");
   return {clickedCheckBox(control, button)};
 }
 
@@ -114,10 +123,14 @@ std::string rowOrCellAutomationID(const SearchData& found) {
   return collectAutomationID(found.row).value_or("");
 }
 
-std::vector<Action> actionsForRowOrCell(const SearchData& found, const AXUIElement& clicked, MouseButton button) {
+std::vector<Action> actionsForRowOrCell(const SearchData& found, const AXUIElement& clicked, MouseButton button,
+                                        bool isRetry) {
   auto rowName = rowOrCellName(found.row);
   auto cellName = rowOrCellName(found.cell);
-  if (rowName.empty() && cellName.empty()) return {};
+  if (rowName.empty() && cellName.empty()) {
+    const bool isInRow = found.row || found.cell;
+    return nothing(found, isRetry, isInRow ? "the row and the cell have no name" : "none of these is a control");
+  }
   const auto kindRole = rowName.empty() ? role::cell : role::row;
   ClickListItemData item;
   item.elementName = std::move(rowName);
@@ -134,11 +147,11 @@ std::vector<Action> actionsForRowOrCell(const SearchData& found, const AXUIEleme
 std::vector<Action> actionsForClick(const std::optional<AXUIElement>& clicked, MouseButton mouseButton, bool isRetry) {
   if (!clicked) return {};
   const auto found = collectSearchData(*clicked);
-  if (!found.isInInteractiveHierarchy) return {};
+  if (!found.isInInteractiveHierarchy) return nothing(found, isRetry, "none of these can be clicked");
   if (found.linkElement) return {clickedLink(found)};
   if (found.interactiveElement) return actionsForControl(found, mouseButton, isRetry);
   if (found.listItemElement) return {clickedListItem(*found.listItemElement, mouseButton)};
-  return actionsForRowOrCell(found, *clicked, mouseButton);
+  return actionsForRowOrCell(found, *clicked, mouseButton, isRetry);
 }
 
 std::string labelledElementName(const SearchData& searchData, const std::string& name) {

@@ -61,6 +61,7 @@ SearchData AncestorWalk::run(const AXUIElement& clicked) {
 }
 
 void AncestorWalk::examine(const AXUIElement& current, std::string_view role, int depth) {
+  data_.roles.append(depth == 0 ? "" : " in ").append(role);
   if (!data_.isInInteractiveHierarchy) {
     data_.isInInteractiveHierarchy = checkInteractiveHierarchy(role, current, depth);
   }

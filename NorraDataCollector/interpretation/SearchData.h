@@ -25,6 +25,8 @@ namespace norra {
 
 /// The first element of each kind on the walk. Lives for one click.
 struct SearchData {
+  /// The roles on the walk, such as "AXStaticText in AXButton in AXWindow".
+  std::string roles;
   std::optional<URL> url;
   std::optional<AXUIElement> cell;
   std::optional<CFRange> cellColumnIndexRange;

@@ -9,4 +9,10 @@ NorraOSLogger& defaultLogger() {
   return *logger;
 }
 
+NorraOSLogger& clickLogger() {
+  static const auto logger =
+      NorraOSLoggerFactory::newOSLogger(std::string(mainBundleIdentifier), std::string(clickCategory), "C");
+  return *logger;
+}
+
 }  // namespace norra::NorraDataCollectorLogging

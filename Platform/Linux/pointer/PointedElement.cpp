@@ -180,11 +180,28 @@ AtspiReference PointedElement::at(CGPoint point) {
   auto found = focus_.highlightedItems().clicked(point, steady_clock::now());
   if (found.isNull()) {
     const auto window = windows_.topLevelWindowAt(point);
-    if (!window || window->process == 0) return {};
-    found = elementIn(*window, point);
+    if (window && window->process != 0) found = elementIn(*window, point);
+    if (found.isNull()) {
+      clickLogger().debug("A click at " + std::to_string(std::lround(point.x)) + ", " +
+                          std::to_string(std::lround(point.y)) + " gives no report: " + whyNothing(window));
+      return {};
+    }
   }
   session_.reader().notePath(found);
   return found;
+}
+
+std::string PointedElement::whyNothing(const std::optional<WindowOnScreen>& window) {
+  if (!window) return "no window lies there";
+  if (window->process == 0) return "its window does not say which process it belongs to";
+  const auto application = "the application (process " + std::to_string(window->process) + ") ";
+  const auto names = session_.processes.busNamesOf(window->process, session_.reader());
+  if (names.empty()) return application + "is not on the accessibility bus";
+  const auto now = steady_clock::now();
+  const bool rests =
+      std::ranges::any_of(names, [&](const auto& name) { return session_.shared.resting.isResting(name, now); });
+  return application +
+         (rests ? "did not answer in time and is left alone for a while" : "has no accessible element there");
 }
 
 // Its elements cannot be read, which is logged once for each process.

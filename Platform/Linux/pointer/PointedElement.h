@@ -4,6 +4,7 @@
 #include <mutex>
 #include <optional>
 #include <set>
+#include <string>
 
 #include "Platform/Linux/following/Focus.h"
 #include "Platform/Linux/pointer/PointedAt.h"
@@ -19,7 +20,8 @@ class PointedElement {
   PointedElement(AtspiSession& session, Focus& focus, WindowsOnScreen& windows);
 
   /// The deepest element under a point; null: none that can be known. The window under the point decides the
-  /// application. What it takes does not depend on how many elements the application has.
+  /// application. What it takes does not depend on how many elements the application has. Where there is none, the log
+  /// says why.
   AtspiReference at(CGPoint point);
 
   /// A press may open a list, and a release may close one: browsers find nothing in or below a list that is open, and
@@ -42,6 +44,7 @@ class PointedElement {
   AtspiReference pressedInBrowser(const WindowOnScreen& window, CGPoint point);
   AtspiReference pressedElement(const WindowOnScreen& window, CGPoint point);
   void noteMissing(const WindowOnScreen& window);
+  std::string whyNothing(const std::optional<WindowOnScreen>& window);
 
   AtspiSession& session_;
   Focus& focus_;

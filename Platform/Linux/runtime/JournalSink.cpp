@@ -46,7 +46,7 @@ int width(std::string_view text) { return static_cast<int>(text.size()); }
 }  // namespace
 
 void JournalSink::write(const LogMessage& message) {
-  if (!message.isEnabled) return;
+  if (!message.isEnabled && written_ == Messages::enabled) return;
   sd_journal_send("MESSAGE=%.*s", width(message.text), message.text.data(),                           //
                   "PRIORITY=%i", priority(message.level),                                             //
                   "NORRA_SUBSYSTEM=%.*s", width(message.subsystem), message.subsystem.data(),         //
@@ -56,16 +56,16 @@ void JournalSink::write(const LogMessage& message) {
 }
 
 void StandardErrorSink::write(const LogMessage& message) {
-  if (!message.isEnabled) return;
+  if (!message.isEnabled && written_ == Messages::enabled) return;
   std::string line = localTimeOfDay(std::chrono::system_clock::now());
   line.append(" ").append(name(message.level)).append(" ").append(message.category).append(": ");
   line.append(message.text).append("\n");
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
-std::unique_ptr<LogSink> newLogSink() {
-  if (isStandardErrorTheJournal() || isServiceOfSystemd()) return std::make_unique<JournalSink>();
-  return std::make_unique<StandardErrorSink>();
+std::unique_ptr<LogSink> newLogSink(Messages written) {
+  if (isStandardErrorTheJournal() || isServiceOfSystemd()) return std::make_unique<JournalSink>(written);
+  return std::make_unique<StandardErrorSink>(written);
 }
 
 }  // namespace norra::linux_desktop

@@ -11,4 +11,10 @@ NorraOSLogger& platformLogger() {
   return *logger;
 }
 
+NorraOSLogger& clickLogger() {
+  static const auto logger =
+      NorraOSLoggerFactory::newOSLogger(std::string(mainBundleIdentifier), std::string(clickCategory), "L");
+  return *logger;
+}
+
 }  // namespace norra::linux_desktop

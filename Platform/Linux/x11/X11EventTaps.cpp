@@ -173,7 +173,9 @@ void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t tim
   if (listeners_.clickTimes) handling.emplace(*listeners_.clickTimes, std::chrono::steady_clock::now());
   const auto place = placeAt(time);
   const auto type = clickTypeOf(logicalButton(button));
-  if (type && place) deliver({*type, *place, std::nullopt});
+  if (!type) return;
+  if (!place) return clickLogger().debug("A click gives no report: the X server does not say where the pointer is");
+  deliver({*type, *place, std::nullopt});
 }
 
 std::optional<CGPoint> X11EventTaps::placeAt(xcb_timestamp_t time) {

@@ -39,6 +39,13 @@ TEST(StandardErrorSink, WritesALineForEachMessageThatItsLoggerLetThrough) {
   EXPECT_EQ(std::ranges::count(written, '\n'), 1);
 }
 
+TEST(StandardErrorSink, WritesEveryMessageWhereItIsToldTo) {
+  StandardErrorSink sink(Messages::all);
+  testing::internal::CaptureStderr();
+  sink.write(message(false));
+  EXPECT_THAT(testing::internal::GetCapturedStderr(), EndsWith("\n"));
+}
+
 TEST(LogSink, IsTheJournalWhereStandardErrorLeadsThere) {
   unsetenv("SYSTEMD_EXEC_PID");
   unsetenv("JOURNAL_STREAM");
