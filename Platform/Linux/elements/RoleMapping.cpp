@@ -8,6 +8,8 @@
 namespace norra::linux_desktop {
 namespace {
 
+constexpr int mostLevelsInRadioGroup = 8;
+
 bool isMenuOpener(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::hasPopup); }
 
 RoleAndSubrole toggleButton(const AtspiFacts& facts) {
@@ -39,6 +41,23 @@ RoleAndSubrole panel(const AtspiFacts& facts, const RoleSurroundings& surroundin
   const bool holdsRadioButtons =
       surroundings.holdsRadioButtons && static_cast<AtspiRole>(facts.role) != AtspiRole::filler;
   return {holdsRadioButtons || hasXmlRole(facts, "radiogroup") ? "AXRadioGroup" : "AXGroup", ""};
+}
+
+bool mayHoldRadioButtons(AtspiRole role) { return role == AtspiRole::panel || role == AtspiRole::grouping; }
+
+// Whether a radio button that the pointer is in lies in the element, with nothing between that means anything. No
+// toolkit calls a group of radio buttons one.
+bool holdsPointedRadioButton(const ElementView& view) {
+  auto current = view.reader().pointed();
+  bool isHeld = false;
+  for (int level = 0; level < mostLevelsInRadioGroup && !current.isNull(); ++level) {
+    if (current == view.reference()) return isHeld;
+    const auto inside = view.other(current);
+    const bool meansNothing = inside.role() == AtspiRole::filler || inside.role() == AtspiRole::label;
+    isHeld = inside.role() == AtspiRole::radioButton || (isHeld && meansNothing);
+    current = inside.need(Ask::parent).parent;
+  }
+  return false;
 }
 
 RoleAndSubrole standardRole(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
@@ -79,7 +98,8 @@ RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surround
 RoleAndSubrole mappedRole(const ElementView& view) {
   const auto role = view.role();
   const auto& facts = view.need(asksForRole(role, view.toolkit()));
-  RoleSurroundings surroundings{std::nullopt, view.reader().isRadioGroup(view.reference()), hidesText(view)};
+  RoleSurroundings surroundings{std::nullopt, mayHoldRadioButtons(role) && holdsPointedRadioButton(view),
+                                hidesText(view)};
   if (is(role, RoleKind::menuPart)) surroundings.parentRole = view.other(view.need(Ask::parent).parent).role();
   return mapRole(facts, surroundings, view.toolkit());
 }

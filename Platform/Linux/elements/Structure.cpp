@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/PageNames.h"
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Tables.h"
@@ -21,25 +22,15 @@ constexpr int mostLevels = 64;
 
 bool isRoot(const AtspiReference& reference) { return reference.path == AtspiReference::rootPath; }
 
-AtspiCall childCall(const AtspiReference& parent, std::size_t index) {
-  return {parent, "org.a11y.atspi.Accessible", "GetChildAtIndex", {static_cast<std::int32_t>(index)}};
-}
-
 std::vector<AtspiReference> childrenByIndex(const ElementView& view, std::size_t count) {
   std::vector<AtspiCall> calls;
-  for (std::size_t i = 0; i < count; ++i) calls.push_back(childCall(view.reference(), i));
+  for (std::size_t i = 0; i < count; ++i) calls.push_back(childCall(view.reference(), static_cast<std::int32_t>(i)));
   std::vector<AtspiReference> children;
   for (const auto& reply : view.reader().exchange(calls)) {
     auto child = readReference(reply.message.get());
     if (child && !child->isNull()) children.push_back(std::move(*child));
   }
   return children;
-}
-
-void noteRadioGroup(const ElementView& child, const AtspiReference& parent) {
-  const bool mayBeBetween = child.role() == AtspiRole::filler || child.role() == AtspiRole::label;
-  const bool holdsThem = mayBeBetween && child.reader().isRadioGroup(child.reference());
-  if (child.role() == AtspiRole::radioButton || holdsThem) child.reader().noteRadioGroup(parent);
 }
 
 AtspiReference withoutPageTab(const ElementView& view, const AtspiReference& parent) {
@@ -60,14 +51,13 @@ AttributeResult parentOf(const ElementView& view) {
   const auto parent = facts.parent;
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(parent);
   if (auto row = madeUpRowOf(view)) return valueOf(std::move(*row));
-  noteRadioGroup(view, parent);
   const auto visible = withoutPageTab(view, parent);
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(visible);
   return visible.isNull() ? noValue() : elementOrApplication(visible);
 }
 
 AtspiReference childAt(const ElementView& view, std::size_t index) {
-  const auto call = childCall(view.reference(), index);
+  const auto call = childCall(view.reference(), static_cast<std::int32_t>(index));
   const auto replies = view.reader().exchange({&call, 1});
   return readReference(replies.front().message.get()).value_or(AtspiReference{});
 }

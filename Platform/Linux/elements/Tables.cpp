@@ -5,14 +5,13 @@
 #include <iterator>
 #include <vector>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
 namespace {
 
-constexpr const char* table = "org.a11y.atspi.Table";
-constexpr const char* selection = "org.a11y.atspi.Selection";
 constexpr std::int64_t mostColumns = 256;
 constexpr std::int64_t mostCellsOfARow = 64;
 constexpr std::int64_t mostSelected = 64;
@@ -31,8 +30,8 @@ std::optional<CellPlace> placeByIndex(const ElementView& cell) {
   const auto& facts = cell.need(Asks{Ask::parent, Ask::indexInParent});
   if (facts.indexInParent < 0) return std::nullopt;
   const auto index = static_cast<std::int32_t>(facts.indexInParent);
-  const std::array<AtspiCall, 2> calls{AtspiCall{facts.parent, table, "GetRowAtIndex", {index}},
-                                       AtspiCall{facts.parent, table, "GetColumnAtIndex", {index}}};
+  const std::array<AtspiCall, 2> calls{AtspiCall{facts.parent, atspi::table, "GetRowAtIndex", {index}},
+                                       AtspiCall{facts.parent, atspi::table, "GetColumnAtIndex", {index}}};
   const auto replies = cell.reader().exchange(calls);
   const auto row = readInteger(replies[0].message.get());
   const auto column = readInteger(replies[1].message.get());
@@ -73,7 +72,8 @@ std::vector<AtspiReference> callsForIndices(const ElementView& view, const char*
 
 std::vector<AtspiReference> selectedElements(const ElementView& container) {
   const auto count = container.need(Ask::selectedChildCount).selectedChildCount;
-  return callsForIndices(container, selection, "GetSelectedChild", std::clamp<std::int64_t>(count, 0, mostSelected));
+  return callsForIndices(container, atspi::selection, "GetSelectedChild",
+                         std::clamp<std::int64_t>(count, 0, mostSelected));
 }
 
 std::vector<AtspiReference> selectedOfRole(const ElementView& container, std::string_view role) {
@@ -124,7 +124,7 @@ AttributeResult childrenAtSelectedRows(const ElementView& list) {
   std::vector<AtspiCall> calls;
   for (const auto row : list.need(Ask::selectedRows).selectedRows) {
     if (calls.size() >= mostSelected) break;
-    calls.push_back({list.reference(), "org.a11y.atspi.Accessible", "GetChildAtIndex", {row}});
+    calls.push_back(childCall(list.reference(), row));
   }
   return elementsNamed(referencesIn(list.reader().exchange(calls)));
 }
@@ -133,7 +133,7 @@ AttributeResult cellsOfRow(const ElementView& view, std::int32_t row) {
   const auto count = std::clamp<std::int64_t>(view.need(Ask::columnCount).columnCount, 0, mostCellsOfARow);
   std::vector<AtspiCall> calls;
   for (std::int32_t column = 0; column < count; ++column) {
-    calls.push_back({view.reference(), table, "GetAccessibleAt", {row, column}});
+    calls.push_back({view.reference(), atspi::table, "GetAccessibleAt", {row, column}});
   }
   const auto cells = referencesIn(view.reader().exchange(calls));
   for (const auto& cell : cells) view.reader().expect(cell, view.generalAsks());
@@ -141,14 +141,14 @@ AttributeResult cellsOfRow(const ElementView& view, std::int32_t row) {
 }
 
 AttributeResult headerOfColumn(const ElementView& view, std::int32_t column) {
-  const auto reply = view.reader().call({view.reference(), table, "GetColumnHeader", {column}});
+  const auto reply = view.reader().call({view.reference(), atspi::table, "GetColumnHeader", {column}});
   const auto header = readReference(reply.message.get());
   if (!header || header->isNull()) return noValue();
   return elementNamed(*header);
 }
 
 AttributeResult isRowSelected(const ElementView& view, std::int32_t row) {
-  const auto reply = view.reader().call({view.reference(), table, "IsRowSelected", {row}});
+  const auto reply = view.reader().call({view.reference(), atspi::table, "IsRowSelected", {row}});
   return truth(readInteger(reply.message.get()).value_or(0) != 0);
 }
 
@@ -199,7 +199,7 @@ AttributeResult rowIndexRangeOf(const ElementView& cell) {
 
 AttributeResult rowHeadersOf(const ElementView& cell) {
   if (!cell.has(AtspiInterface::tableCell)) return unsupported();
-  const auto reply = cell.reader().call({cell.reference(), "org.a11y.atspi.TableCell", "GetRowHeaderCells", {}});
+  const auto reply = cell.reader().call({cell.reference(), atspi::tableCell, "GetRowHeaderCells", {}});
   return elementsNamed(readReferences(reply.message.get()).value_or(std::vector<AtspiReference>{}));
 }
 

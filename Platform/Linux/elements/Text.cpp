@@ -4,6 +4,7 @@
 #include <array>
 #include <string>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
@@ -33,7 +34,7 @@ std::string textOf(const ElementView& view) {
   if (isSingleLine(view)) return view.need(Ask::wholeText).wholeText;
   const auto count = view.need(Ask::characterCount).characterCount;
   const auto end = static_cast<std::int32_t>(std::clamp<std::int64_t>(count, 0, longestMultiLineText));
-  const auto reply = view.reader().call({view.reference(), "org.a11y.atspi.Text", "GetText", {std::int32_t{0}, end}});
+  const auto reply = view.reader().call({view.reference(), atspi::text, "GetText", {std::int32_t{0}, end}});
   return readText(reply.message.get()).value_or("");
 }
 

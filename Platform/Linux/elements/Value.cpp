@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/PageNames.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Text.h"
@@ -74,7 +75,7 @@ AttributeResult textBesideName(const ElementView& view) {
 std::vector<std::string> actionNamesFrom(const ElementView& view, std::int32_t first, std::int32_t count) {
   std::vector<AtspiCall> calls;
   for (std::int32_t i = first; i < count; ++i) {
-    calls.push_back({view.reference(), "org.a11y.atspi.Action", "GetName", {i}});
+    calls.push_back({view.reference(), atspi::action, "GetName", {i}});
   }
   std::vector<std::string> names;
   for (const auto& reply : view.reader().exchange(calls)) {

@@ -1,5 +1,6 @@
 #include "Platform/Linux/following/Waking.h"
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/reading/AtspiSession.h"
 #include "Platform/Linux/reading/ElementView.h"
@@ -8,10 +9,7 @@ namespace norra::linux_desktop {
 namespace {
 
 AtspiCall hitTestInTheMiddle(const AtspiReference& element, const AtspiRectangle& place) {
-  return {element,
-          "org.a11y.atspi.Component",
-          "GetAccessibleAtPoint",
-          {place.x + place.width / 2, place.y + place.height / 2, std::uint32_t{0}}};
+  return hitTestCall(element, place.x + place.width / 2, place.y + place.height / 2, AtspiCoordinates::screen);
 }
 
 }  // namespace

@@ -187,7 +187,7 @@ AtspiReference PointedElement::at(CGPoint point) {
       return {};
     }
   }
-  session_.reader().notePath(found);
+  session_.reader().notePointed(found);
   return found;
 }
 

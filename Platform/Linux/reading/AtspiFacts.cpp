@@ -5,22 +5,11 @@
 #include <string_view>
 #include <utility>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/atspi/AtspiRole.h"
 
 namespace norra::linux_desktop {
 namespace {
-
-constexpr const char* accessible = "org.a11y.atspi.Accessible";
-constexpr const char* action = "org.a11y.atspi.Action";
-constexpr const char* collection = "org.a11y.atspi.Collection";
-constexpr const char* component = "org.a11y.atspi.Component";
-constexpr const char* document = "org.a11y.atspi.Document";
-constexpr const char* hyperlink = "org.a11y.atspi.Hyperlink";
-constexpr const char* selection = "org.a11y.atspi.Selection";
-constexpr const char* table = "org.a11y.atspi.Table";
-constexpr const char* tableCell = "org.a11y.atspi.TableCell";
-constexpr const char* text = "org.a11y.atspi.Text";
-constexpr const char* value = "org.a11y.atspi.Value";
 
 enum class Access : std::uint8_t { property, method };
 enum class ArgumentKind : std::uint8_t {
@@ -54,17 +43,17 @@ bool take(sd_bus_message* message, AtspiFacts& facts) {
 }
 
 constexpr std::array<std::pair<std::string_view, AtspiInterface>, 11> interfaceNames{{
-    {"org.a11y.atspi.Action", AtspiInterface::action},
-    {"org.a11y.atspi.Collection", AtspiInterface::collection},
-    {"org.a11y.atspi.Component", AtspiInterface::component},
-    {"org.a11y.atspi.Document", AtspiInterface::document},
-    {"org.a11y.atspi.EditableText", AtspiInterface::editableText},
-    {"org.a11y.atspi.Hyperlink", AtspiInterface::hyperlink},
-    {"org.a11y.atspi.Selection", AtspiInterface::selection},
-    {"org.a11y.atspi.Table", AtspiInterface::table},
-    {"org.a11y.atspi.TableCell", AtspiInterface::tableCell},
-    {"org.a11y.atspi.Text", AtspiInterface::text},
-    {"org.a11y.atspi.Value", AtspiInterface::value},
+    {atspi::action, AtspiInterface::action},
+    {atspi::collection, AtspiInterface::collection},
+    {atspi::component, AtspiInterface::component},
+    {atspi::document, AtspiInterface::document},
+    {atspi::editableText, AtspiInterface::editableText},
+    {atspi::hyperlink, AtspiInterface::hyperlink},
+    {atspi::selection, AtspiInterface::selection},
+    {atspi::table, AtspiInterface::table},
+    {atspi::tableCell, AtspiInterface::tableCell},
+    {atspi::text, AtspiInterface::text},
+    {atspi::value, AtspiInterface::value},
 }};
 
 bool takeInterfaces(sd_bus_message* message, AtspiFacts& facts) {
@@ -81,47 +70,49 @@ bool takeInterfaces(sd_bus_message* message, AtspiFacts& facts) {
 using Facts = AtspiFacts;
 
 constexpr std::array<Question, askCount> questions{{
-    {Ask::role, Access::method, accessible, "GetRole", take<&Facts::role, readInteger>},
-    {Ask::states, Access::method, accessible, "GetState", take<&Facts::states, readStates>},
-    {Ask::interfaces, Access::method, accessible, "GetInterfaces", takeInterfaces},
-    {Ask::name, Access::property, accessible, "Name", take<&Facts::name, readText>},
-    {Ask::description, Access::property, accessible, "Description", take<&Facts::description, readText>},
-    {Ask::parent, Access::property, accessible, "Parent", take<&Facts::parent, readReference>},
-    {Ask::childCount, Access::property, accessible, "ChildCount", take<&Facts::childCount, readInteger>},
-    {Ask::children, Access::method, accessible, "GetChildren", take<&Facts::children, readReferences>},
-    {Ask::attributes, Access::method, accessible, "GetAttributes", take<&Facts::attributes, readAttributes>},
-    {Ask::relations, Access::method, accessible, "GetRelationSet", take<&Facts::relations, readRelations>},
-    {Ask::indexInParent, Access::method, accessible, "GetIndexInParent", take<&Facts::indexInParent, readInteger>},
-    {Ask::localizedRoleName, Access::method, accessible, "GetLocalizedRoleName",
+    {Ask::role, Access::method, atspi::accessible, "GetRole", take<&Facts::role, readInteger>},
+    {Ask::states, Access::method, atspi::accessible, "GetState", take<&Facts::states, readStates>},
+    {Ask::interfaces, Access::method, atspi::accessible, "GetInterfaces", takeInterfaces},
+    {Ask::name, Access::property, atspi::accessible, "Name", take<&Facts::name, readText>},
+    {Ask::description, Access::property, atspi::accessible, "Description", take<&Facts::description, readText>},
+    {Ask::parent, Access::property, atspi::accessible, "Parent", take<&Facts::parent, readReference>},
+    {Ask::childCount, Access::property, atspi::accessible, "ChildCount", take<&Facts::childCount, readInteger>},
+    {Ask::children, Access::method, atspi::accessible, "GetChildren", take<&Facts::children, readReferences>},
+    {Ask::attributes, Access::method, atspi::accessible, "GetAttributes", take<&Facts::attributes, readAttributes>},
+    {Ask::relations, Access::method, atspi::accessible, "GetRelationSet", take<&Facts::relations, readRelations>},
+    {Ask::indexInParent, Access::method, atspi::accessible, "GetIndexInParent",
+     take<&Facts::indexInParent, readInteger>},
+    {Ask::localizedRoleName, Access::method, atspi::accessible, "GetLocalizedRoleName",
      take<&Facts::localizedRoleName, readText>},
-    {Ask::accessibleId, Access::property, accessible, "AccessibleId", take<&Facts::accessibleId, readText>},
-    {Ask::helpText, Access::property, accessible, "HelpText", take<&Facts::helpText, readText>},
-    {Ask::actionCount, Access::property, action, "NActions", take<&Facts::actionCount, readInteger>},
-    {Ask::firstActionName, Access::method, action, "GetName", take<&Facts::firstActionName, readText>,
+    {Ask::accessibleId, Access::property, atspi::accessible, "AccessibleId", take<&Facts::accessibleId, readText>},
+    {Ask::helpText, Access::property, atspi::accessible, "HelpText", take<&Facts::helpText, readText>},
+    {Ask::actionCount, Access::property, atspi::action, "NActions", take<&Facts::actionCount, readInteger>},
+    {Ask::firstActionName, Access::method, atspi::action, "GetName", take<&Facts::firstActionName, readText>,
      ArgumentKind::zero},
-    {Ask::secondActionName, Access::method, action, "GetName", take<&Facts::secondActionName, readText>,
+    {Ask::secondActionName, Access::method, atspi::action, "GetName", take<&Facts::secondActionName, readText>,
      ArgumentKind::one},
-    {Ask::characterCount, Access::property, text, "CharacterCount", take<&Facts::characterCount, readInteger>},
-    {Ask::currentValue, Access::property, value, "CurrentValue", take<&Facts::currentValue, readNumber>},
-    {Ask::extents, Access::method, component, "GetExtents", take<&Facts::extents, readRectangle>,
+    {Ask::characterCount, Access::property, atspi::text, "CharacterCount", take<&Facts::characterCount, readInteger>},
+    {Ask::currentValue, Access::property, atspi::value, "CurrentValue", take<&Facts::currentValue, readNumber>},
+    {Ask::extents, Access::method, atspi::component, "GetExtents", take<&Facts::extents, readRectangle>,
      ArgumentKind::screenCoordinates},
-    {Ask::windowExtents, Access::method, component, "GetExtents", take<&Facts::windowExtents, readRectangle>,
+    {Ask::windowExtents, Access::method, atspi::component, "GetExtents", take<&Facts::windowExtents, readRectangle>,
      ArgumentKind::windowCoordinates},
-    {Ask::documentURI, Access::method, document, "GetAttributeValue", take<&Facts::documentURI, readText>,
+    {Ask::documentURI, Access::method, atspi::document, "GetAttributeValue", take<&Facts::documentURI, readText>,
      ArgumentKind::uriName},
-    {Ask::documentURL, Access::method, document, "GetAttributeValue", take<&Facts::documentURL, readText>,
+    {Ask::documentURL, Access::method, atspi::document, "GetAttributeValue", take<&Facts::documentURL, readText>,
      ArgumentKind::urlName},
-    {Ask::linkURI, Access::method, hyperlink, "GetURI", take<&Facts::linkURI, readText>, ArgumentKind::zero},
-    {Ask::selectedChildCount, Access::property, selection, "NSelectedChildren",
+    {Ask::linkURI, Access::method, atspi::hyperlink, "GetURI", take<&Facts::linkURI, readText>, ArgumentKind::zero},
+    {Ask::selectedChildCount, Access::property, atspi::selection, "NSelectedChildren",
      take<&Facts::selectedChildCount, readInteger>},
-    {Ask::selectedRows, Access::method, table, "GetSelectedRows", take<&Facts::selectedRows, readIntegers>},
-    {Ask::cellPosition, Access::property, tableCell, "Position", take<&Facts::cellPosition, readPair>},
-    {Ask::cellTable, Access::property, tableCell, "Table", take<&Facts::cellTable, readReference>},
-    {Ask::columnCount, Access::property, table, "NColumns", take<&Facts::columnCount, readInteger>},
-    {Ask::wholeText, Access::method, text, "GetText", take<&Facts::wholeText, readText>, ArgumentKind::fromStartToEnd},
-    {Ask::displayedText, Access::method, text, "GetStringAtOffset", take<&Facts::displayedText, readText>,
+    {Ask::selectedRows, Access::method, atspi::table, "GetSelectedRows", take<&Facts::selectedRows, readIntegers>},
+    {Ask::cellPosition, Access::property, atspi::tableCell, "Position", take<&Facts::cellPosition, readPair>},
+    {Ask::cellTable, Access::property, atspi::tableCell, "Table", take<&Facts::cellTable, readReference>},
+    {Ask::columnCount, Access::property, atspi::table, "NColumns", take<&Facts::columnCount, readInteger>},
+    {Ask::wholeText, Access::method, atspi::text, "GetText", take<&Facts::wholeText, readText>,
+     ArgumentKind::fromStartToEnd},
+    {Ask::displayedText, Access::method, atspi::text, "GetStringAtOffset", take<&Facts::displayedText, readText>,
      ArgumentKind::firstParagraph},
-    {Ask::fieldsBelow, Access::method, collection, "GetMatches", take<&Facts::fieldsBelow, readReferences>,
+    {Ask::fieldsBelow, Access::method, atspi::collection, "GetMatches", take<&Facts::fieldsBelow, readReferences>,
      ArgumentKind::firstFields},
 }};
 static_assert(std::ranges::is_sorted(questions, std::ranges::less_equal(), &Question::ask), "in the order of Ask");

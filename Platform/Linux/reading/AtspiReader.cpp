@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/atspi/AtspiRole.h"
 
 namespace norra::linux_desktop {
@@ -40,7 +41,12 @@ void AtspiReader::enter() {
   facts_.clear();
   expected_.clear();
   path_.clear();
-  radioGroups_.clear();
+  pointed_ = {};
+}
+
+void AtspiReader::notePointed(const AtspiReference& element) {
+  pointed_ = element;
+  notePath(element);
 }
 
 AtspiReader::TimePoint AtspiReader::deadline() {
@@ -136,8 +142,8 @@ std::shared_ptr<AtspiApplication> AtspiReader::application(const AtspiReference&
   auto application = applications_.of(element.busName);
   if (application->isMet()) return application;
   const AtspiReference root{element.busName, AtspiReference::rootPath};
-  const std::array<AtspiCall, 2> calls{propertyCall(root, "org.a11y.atspi.Application", "ToolkitName"),
-                                       propertyCall(root, "org.a11y.atspi.Application", "Version")};
+  const std::array<AtspiCall, 2> calls{propertyCall(root, atspi::application, "ToolkitName"),
+                                       propertyCall(root, atspi::application, "Version")};
   const auto replies = exchange(calls);
   const auto name = readText(replies[0].message.get()).value_or("");
   const auto version = readText(replies[1].message.get()).value_or("");

@@ -84,9 +84,9 @@ class AtspiReader {
   /// The parent, if it is known, else the one that it had when it was last asked for. Null: no idea.
   AtspiReference likelyParent(const AtspiReference& element) const;
 
-  /// Elements that were found to hold radio buttons.
-  void noteRadioGroup(const AtspiReference& element) { radioGroups_.insert(element); }
-  bool isRadioGroup(const AtspiReference& element) const { return radioGroups_.contains(element); }
+  /// The element that the event is about: the one under the pointer. It is where the path begins. Null: none.
+  void notePointed(const AtspiReference& element);
+  const AtspiReference& pointed() const { return pointed_; }
 
   /// Other calls; see AtspiConnection::exchange.
   std::vector<AtspiReply> exchange(std::span<const AtspiCall> calls) { return connection_.exchange(calls, deadline()); }
@@ -121,7 +121,7 @@ class AtspiReader {
   AtspiFactsByElement facts_;
   std::vector<AtspiQuestion> expected_;
   std::unordered_set<AtspiReference, AtspiReferenceHash> path_;
-  std::unordered_set<AtspiReference, AtspiReferenceHash> radioGroups_;
+  AtspiReference pointed_;
 
   // Of all epochs: of elements that may go, and a mere hint of what to ask for.
   std::unordered_map<AtspiReference, Kept, AtspiReferenceHash> kept_;

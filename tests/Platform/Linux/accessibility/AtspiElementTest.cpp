@@ -229,6 +229,22 @@ TEST_F(Elements, InAPageOfGtk3LieInTheTabListAndNotInTheTab) {
   EXPECT_EQ(read<std::vector<AXUIElement>>(element("tab"), "AXChildren"), std::nullopt);
 }
 
+TEST_F(Elements, AreTheGroupOfTheRadioButtonUnderThePointerWhateverWasReadBefore) {
+  application_.set("radio", {.role = number(AtspiRole::radioButton), .parent = "row"});
+  application_.set("row", {.role = number(AtspiRole::filler), .parent = "sizes"});
+  application_.set("sizes", {.role = number(AtspiRole::panel), .parent = "all"});
+  application_.set("all", {.role = number(AtspiRole::panel)});
+  EXPECT_EQ(text("sizes", "AXRole"), "AXGroup");
+  read<AXUIElement>(element("radio"), "AXParent");
+  read<AXUIElement>(element("row"), "AXParent");
+  EXPECT_EQ(text("sizes", "AXRole"), "AXGroup");
+  elements_.epoch.begin();
+  elements_.session.reader().notePointed(application_.reference("radio"));
+  EXPECT_EQ(text("sizes", "AXRole"), "AXRadioGroup");
+  EXPECT_EQ(text("row", "AXRole"), "AXGroup");
+  EXPECT_EQ(text("all", "AXRole"), "AXGroup");
+}
+
 TEST_F(Elements, OfASilentApplicationFailWithoutHarmToOthers) {
   FakeApplication silent;
   silent.set("save", button);
