@@ -14,6 +14,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::string_view proxyName = "xdg-dbus-proxy";
+
 fs::path folderOf(ProcessIdentifier process) { return fs::path("/proc") / std::to_string(process); }
 
 std::string contentOf(const fs::path& path) {
@@ -50,6 +52,23 @@ std::string snapIdentifierOf(ProcessIdentifier process) {
 bool hasEnded(const std::string& state) { return state == "Z" || state == "X"; }
 
 }  // namespace
+
+std::optional<std::string> sandboxedApplication(std::string_view controlGroups) {
+  constexpr std::string_view prefix = "/app-flatpak-";
+  const auto begin = controlGroups.find(prefix);
+  if (begin == std::string_view::npos) return std::nullopt;
+  const auto scope = controlGroups.substr(begin + prefix.size());
+  const auto end = scope.find(".scope");
+  const auto number = scope.substr(0, end).rfind('-');
+  if (end == std::string_view::npos || number == std::string_view::npos || number == 0) return std::nullopt;
+  return std::string(scope.substr(0, number));
+}
+
+bool isSandboxOf(ProcessIdentifier peer, ProcessIdentifier process) {
+  if (!contentOf(folderOf(peer) / "comm").starts_with(proxyName)) return false;
+  const auto application = sandboxedApplication(contentOf(folderOf(peer) / "cgroup"));
+  return application && application == sandboxedApplication(contentOf(folderOf(process) / "cgroup"));
+}
 
 std::optional<std::uint64_t> startTimeOf(ProcessIdentifier process) {
   if (process <= 0) return std::nullopt;

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Platform/Accessibility.h"
@@ -23,5 +24,11 @@ std::vector<std::string> argumentsOf(ProcessIdentifier process);
 
 /// The name of the desktop file that the process's Flatpak or Snap sandbox belongs to; empty where it has none.
 std::string sandboxIdentifierOf(ProcessIdentifier process);
+
+/// The sandboxed application that a control group belongs to, as /proc/PID/cgroup writes it; nothing: none.
+std::optional<std::string> sandboxedApplication(std::string_view controlGroups);
+
+/// Whether `peer` is the proxy through which the sandboxed application of `process` talks to the bus.
+bool isSandboxOf(ProcessIdentifier peer, ProcessIdentifier process);
 
 }  // namespace norra::linux_desktop

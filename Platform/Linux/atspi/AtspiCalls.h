@@ -24,10 +24,10 @@ inline constexpr const char* value = "org.a11y.atspi.Value";
 }  // namespace atspi
 
 /// What a place is relative to, as the protocol numbers it.
-enum class AtspiCoordinates : std::uint32_t { screen = 0, window = 1 };
+enum class Coordinates : std::uint32_t { ofScreen = 0, ofWindow = 1 };
 
 /// The element at a place below another one.
-inline AtspiCall hitTestCall(AtspiReference element, std::int32_t x, std::int32_t y, AtspiCoordinates coordinates) {
+inline AtspiCall hitTestCall(AtspiReference element, std::int32_t x, std::int32_t y, Coordinates coordinates) {
   return {
       std::move(element), atspi::component, "GetAccessibleAtPoint", {x, y, static_cast<std::uint32_t>(coordinates)}};
 }

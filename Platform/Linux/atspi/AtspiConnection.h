@@ -5,6 +5,7 @@
 // calls refused for a while (RestingApplications.h), and whatever answers late is passed over when it comes.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstdint>
 #include <span>
@@ -15,7 +16,6 @@
 #include "Platform/Accessibility.h"
 #include "Platform/Linux/atspi/AtspiBus.h"
 #include "Platform/Linux/atspi/AtspiReference.h"
-#include "Platform/Linux/atspi/AtspiStatistics.h"
 #include "Platform/Linux/atspi/RestingApplications.h"
 
 namespace norra::linux_desktop {
@@ -43,6 +43,18 @@ AtspiCall propertyCall(AtspiReference target, const char* interface, const char*
 struct AtspiReply {
   AXError error = axError::cannotComplete;
   MessagePtr message;
+};
+
+/// What reading from other applications costs. Counts that only grow. Any thread.
+struct AtspiStatistics {
+  /// Calls sent.
+  std::atomic<std::uint64_t> reads = 0;
+  /// Sets of calls that were sent together and awaited together.
+  std::atomic<std::uint64_t> waves = 0;
+  /// Calls whose answer did not come in time.
+  std::atomic<std::uint64_t> timeOuts = 0;
+  /// Calls that were not sent because the application rests.
+  std::atomic<std::uint64_t> spared = 0;
 };
 
 /// What all connections share. Any thread.

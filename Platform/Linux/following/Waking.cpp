@@ -9,7 +9,7 @@ namespace norra::linux_desktop {
 namespace {
 
 AtspiCall hitTestInTheMiddle(const AtspiReference& element, const AtspiRectangle& place) {
-  return hitTestCall(element, place.x + place.width / 2, place.y + place.height / 2, AtspiCoordinates::screen);
+  return hitTestCall(element, place.x + place.width / 2, place.y + place.height / 2, Coordinates::ofScreen);
 }
 
 }  // namespace

@@ -115,12 +115,9 @@ AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinate
 
 AtspiReference askedElementAt(const ElementView& view, CGPoint point, Coordinates coordinates, Asks asks) {
   const AtspiQuestion question{view.reference(), asks};
-  const auto system = static_cast<std::uint32_t>(coordinates == Coordinates::ofScreen ? 0 : 1);
-  const auto replies = view.reader().read(
-      {&question, 1}, {{view.reference(),
-                        "org.a11y.atspi.Component",
-                        "GetAccessibleAtPoint",
-                        {static_cast<std::int32_t>(point.x), static_cast<std::int32_t>(point.y), system}}});
+  const auto x = static_cast<std::int32_t>(point.x);
+  const auto y = static_cast<std::int32_t>(point.y);
+  const auto replies = view.reader().read({&question, 1}, {hitTestCall(view.reference(), x, y, coordinates)});
   return readReference(replies.front().message.get()).value_or(AtspiReference{});
 }
 

@@ -5,11 +5,10 @@
 #include <vector>
 
 #include "Platform/Accessibility.h"
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/reading/ElementView.h"
 
 namespace norra::linux_desktop {
-
-enum class Coordinates : std::uint8_t { ofScreen, ofWindow };
 
 struct PlacedElement {
   AtspiReference reference;

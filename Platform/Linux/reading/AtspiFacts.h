@@ -54,6 +54,8 @@ enum class Ask : std::uint8_t {
 };
 inline constexpr std::size_t askCount = 32;
 
+static_assert(askCount <= 32, "a set of them has 32 bits");
+
 /// A set of questions.
 class Asks {
  public:

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "Platform/Linux/applications/Sandbox.h"
+#include "Platform/Linux/applications/ProcessFacts.h"
 #include "Platform/Linux/reading/AtspiReader.h"
 
 namespace norra::linux_desktop {

@@ -1,6 +1,7 @@
 // GTK 3.
 #include <algorithm>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/pointer/PointedAt.h"
@@ -82,7 +83,7 @@ AtspiReference headerAt(const ElementView& table, CGPoint point) {
   const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, maxColumns);
   std::vector<AtspiCall> calls;
   for (std::int32_t i = 0; i < count; ++i) {
-    calls.push_back({table.reference(), "org.a11y.atspi.Table", "GetColumnHeader", {i}});
+    calls.push_back({table.reference(), atspi::table, "GetColumnHeader", {i}});
   }
   std::vector<AtspiQuestion> headers;
   for (const auto& reply : table.reader().exchange(calls)) {

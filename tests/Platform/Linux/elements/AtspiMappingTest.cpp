@@ -3,7 +3,7 @@
 #include <set>
 
 #include "NorraDataCollector/interpretation/RolePredicates.h"
-#include "Platform/Linux/applications/Sandbox.h"
+#include "Platform/Linux/applications/ProcessFacts.h"
 #include "Platform/Linux/atspi/RestingApplications.h"
 #include "Platform/Linux/elements/Naming.h"
 #include "Platform/Linux/elements/RoleDescriptions.h"
