@@ -4,8 +4,7 @@
 #include <string_view>
 
 #include "Platform/Linux/atspi/AtspiBus.h"
-#include "Platform/Linux/x11/X11EventTaps.h"
-#include "Platform/Linux/x11/X11Windows.h"
+#include "Platform/Linux/x11/X11Display.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -48,15 +47,9 @@ bool isWaylandSession() {
 }
 
 DisplayFacts lookAtDisplay(sd_event* event) {
-  DisplayFacts facts{.isWayland = isWaylandSession()};
-  auto forWindows = X11Connection::open();
-  auto forInput = X11Connection::open();
-  if (!forWindows || !forInput) return facts;
-  X11Windows windows(std::move(forWindows));
-  facts.hasServer = true;
-  facts.hasInput = X11EventTaps::open(event, std::move(forInput)) != nullptr;
-  facts.hasWindowManager = windows.hasWindowManager();
-  facts.hasActiveWindow = windows.activeWindow().has_value();
+  const auto display = openX11Display(event);
+  auto facts = display ? display->facts() : DisplayFacts{};
+  facts.isWayland = isWaylandSession();
   return facts;
 }
 

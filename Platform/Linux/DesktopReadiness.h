@@ -7,6 +7,8 @@
 #include <string>
 #include <utility>
 
+#include "Platform/Linux/display/DisplayServer.h"
+
 namespace norra::linux_desktop {
 
 enum class Readiness {
@@ -31,16 +33,7 @@ inline constexpr const char* needsSessionBus = "This cannot be known without the
 /// Of this process: whether there may be windows that an X server does not know.
 bool isWaylandSession();
 
-/// What the decisions rest on.
-struct DisplayFacts {
-  bool isWayland = false;
-  bool hasServer = false;  // an X server is reached; the following are of it
-  bool hasInput = false;
-  bool hasWindowManager = false;
-  bool hasActiveWindow = false;
-};
-
-/// Connects to the X server. Main thread; takes a bounded time.
+/// What the decisions rest on. Connects to the display server. Main thread; takes a bounded time.
 DisplayFacts lookAtDisplay(sd_event* event);
 
 DesktopFinding displayReadiness(const DisplayFacts& facts);

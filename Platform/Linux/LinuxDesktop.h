@@ -7,14 +7,12 @@
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
-#include "Platform/Linux/DesktopReadiness.h"
-#include "Platform/Linux/display/WindowsOnScreen.h"
+#include "Platform/Linux/display/AbsentDisplay.h"
+#include "Platform/Linux/display/DisplayServer.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Workspace.h"
 
 namespace norra::linux_desktop {
-
-class X11Windows;
 
 class AtspiAccessibility;
 
@@ -27,21 +25,21 @@ class LinuxDesktop {
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;
 
-  Workspace& workspace() { return *workspace_; }
-  EventTaps& eventTaps() { return *eventTaps_; }
+  Workspace& workspace();
+  EventTaps& eventTaps();
   Accessibility& accessibility();
 
   /// Fills in what of it works, and what reading from applications has cost.
   void describe(ServiceStatistics& statistics);
 
  private:
-  std::unique_ptr<EventTaps> newEventTaps(EventLoop& loop);
+  InputListeners listeners(EventLoop& loop);
+  DisplayFacts facts() const;
 
-  std::unique_ptr<X11Windows> windows_;  // null: no X server
-  DisplayFacts facts_;
-  std::unique_ptr<Workspace> workspace_;
-  std::unique_ptr<EventTaps> eventTaps_;
-  std::unique_ptr<WindowsOnScreen> noWindows_;  // null: windows_ is there
+  const std::unique_ptr<DisplayServer> display_;  // null: none is reached
+  NoWindowsOnScreen noWindows_;
+  AbsentWorkspace absentWorkspace_;
+  AbsentEventTaps absentEventTaps_;
   std::unique_ptr<AtspiAccessibility> accessibility_;
 };
 

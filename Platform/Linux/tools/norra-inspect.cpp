@@ -12,8 +12,9 @@
 #include <vector>
 
 #include "Platform/Linux/accessibility/ElementHandles.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/toolkits/Toolkits.h"
-#include "Platform/Linux/x11/X11Windows.h"
+#include "Platform/Linux/x11/X11Display.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -191,10 +192,10 @@ bool inspect(const Target& target, WindowsOnScreen& windows) {
 }
 
 int inspectOnDesktop(const Target& target) {
+  EventLoop loop;
   NoWindowsOnScreen noWindows;
-  auto connection = X11Connection::open();
-  const auto windows = connection ? std::make_unique<X11Windows>(std::move(connection)) : nullptr;
-  if (inspect(target, windows ? static_cast<WindowsOnScreen&>(*windows) : noWindows)) return 0;
+  const auto display = openX11Display(loop.event());
+  if (inspect(target, display ? display->windows() : noWindows)) return 0;
   std::fputs("norra-inspect: there is no such element\n", stderr);
   return 1;
 }

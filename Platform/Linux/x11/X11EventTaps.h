@@ -13,23 +13,12 @@
 #include <functional>
 #include <vector>
 
-#include "Platform/EventTap.h"
-#include "Platform/Linux/runtime/ClickTimes.h"
+#include "Platform/Linux/display/DisplayServer.h"
 #include "Platform/Linux/x11/X11ClickPlaces.h"
 #include "Platform/Linux/x11/X11EventSource.h"
 #include "Platform/Linux/x11/X11Keyboard.h"
 
 namespace norra::linux_desktop {
-
-/// Told of every press of a button that clicks: where the pointer is, if it is known.
-using PressHandler = std::function<void(std::optional<CGPoint> place)>;
-
-/// Whom the taps ask and tell beside their callbacks; each may be absent.
-struct InputListeners {
-  SecureInput isSecureInput = {};  // as for KeyTranslator
-  PressHandler pressed = {};
-  ClickTimes* clickTimes = nullptr;  // not owned; told which click is handled
-};
 
 /// Main thread. The server is asked for no event that no tap wants now. A click is where the pointer was
 /// when the server saw it, or else is when its event is read; key presses carry no location. Taps are never disabled.

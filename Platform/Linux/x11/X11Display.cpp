@@ -1,0 +1,65 @@
+#include "Platform/Linux/x11/X11Display.h"
+
+#include <utility>
+
+#include "Platform/Linux/x11/X11EventTaps.h"
+#include "Platform/Linux/x11/X11Windows.h"
+#include "Platform/Linux/x11/X11Workspace.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+class X11Display final : public DisplayServer {
+ public:
+  X11Display(sd_event* event, std::unique_ptr<X11Connection> forWindows, std::unique_ptr<X11Connection> forInput,
+             InputListeners listeners, std::function<void()> didLoseServer)
+      : event_(event),
+        didLoseServer_(std::move(didLoseServer)),
+        windows_(std::move(forWindows)),
+        eventTaps_(X11EventTaps::open(event, std::move(forInput), withWindows(std::move(listeners)))) {}
+
+  WindowsOnScreen& windows() override { return windows_; }
+  Workspace* workspace() override {
+    auto connection = workspace_ ? nullptr : X11Connection::open();
+    if (connection) {
+      workspace_ = std::make_unique<X11Workspace>(event_, std::move(connection), windows_, didLoseServer_);
+    }
+    return workspace_.get();
+  }
+  EventTaps* eventTaps() override { return eventTaps_.get(); }
+  DisplayFacts facts() override {
+    return {.hasServer = true,
+            .hasInput = eventTaps_ != nullptr,
+            .hasWindowManager = windows_.hasWindowManager(),
+            .hasActiveWindow = windows_.activeWindow().has_value()};
+  }
+
+ private:
+  // The windows hear of a press first.
+  InputListeners withWindows(InputListeners listeners) {
+    listeners.pressed = [this, pressed = std::move(listeners.pressed)](std::optional<CGPoint> place) {
+      windows_.notePress(place);
+      if (pressed) pressed(place);
+    };
+    return listeners;
+  }
+
+  sd_event* const event_;
+  const std::function<void()> didLoseServer_;
+  X11Windows windows_;
+  std::unique_ptr<X11Workspace> workspace_;
+  const std::unique_ptr<X11EventTaps> eventTaps_;  // null: the server has no XInput 2.2
+};
+
+}  // namespace
+
+std::unique_ptr<DisplayServer> openX11Display(sd_event* event, InputListeners listeners,
+                                              std::function<void()> didLoseServer) {
+  auto forWindows = X11Connection::open();
+  auto forInput = X11Connection::open();
+  if (!forWindows || !forInput) return nullptr;
+  return std::make_unique<X11Display>(event, std::move(forWindows), std::move(forInput), std::move(listeners),
+                                      std::move(didLoseServer));
+}
+
+}  // namespace norra::linux_desktop
