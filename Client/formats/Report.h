@@ -1,6 +1,8 @@
+// What a client receives, and what makes lines of it.
 #pragma once
 
 #include <chrono>
+#include <functional>
 #include <string>
 
 namespace norra {
@@ -11,6 +13,14 @@ struct Report {
   std::string event;
   std::chrono::system_clock::time_point date;
   bool isApplicationEvent = false;
+};
+
+/// Gives one line without its end for each report, called in the order of the reports.
+using ReportFormatter = std::function<std::string(const Report&)>;
+
+struct FormatOptions {
+  /// Whether the lines may hold a terminal's color sequences.
+  bool usesColor = false;
 };
 
 }  // namespace norra

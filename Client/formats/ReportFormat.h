@@ -1,7 +1,9 @@
-// How reports are written out.
+// How reports are written out: the formats by their names.
+//
+// A format is a function from a report to a line, so that a stream of reports can be cut anywhere. One that has to
+// remember what came before, such as which application is in front, is made anew for each stream.
 #pragma once
 
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,14 +11,6 @@
 #include "Client/formats/Report.h"
 
 namespace norra {
-
-/// Gives one line without its end for each report, called in the order of the reports.
-using ReportFormatter = std::function<std::string(const Report&)>;
-
-struct FormatOptions {
-  /// Whether the lines may hold a terminal's color sequences.
-  bool usesColor = false;
-};
 
 /// The names of all formats; the first is the usual one.
 std::vector<std::string> formatNames();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Client/formats/ReportFormat.h"
+#include "Client/formats/Report.h"
 
 namespace norra {
 
