@@ -1,6 +1,5 @@
 """Applications under test, and how they say where their widgets are."""
 import json
-import os
 import subprocess
 from pathlib import Path
 
@@ -48,9 +47,6 @@ class Application:
     def state(self):
         """The kernel's letter: T is stopped."""
         return Path(f"/proc/{self.pid}/stat").read_text().rpartition(")")[2].split()[0]
-
-    def executable(self):
-        return Path(os.readlink(f"/proc/{self.pid}/exe")).name
 
     def close(self):
         self.process.kill()

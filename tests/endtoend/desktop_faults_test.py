@@ -45,7 +45,7 @@ class PartsThatComeBack(FaultTest):
         wait_until(is_focus_wanted, "the service on the new bus")
         self.expect_all_of(self.open_own("gtk3_app.py"))
         running.activate()
-        self.expect_among(change_application(running.pid, running.executable(), "", "Harbour ledger"))
+        self.expect_among(change_application(running.pid, "gtk3_app.py", "Gtk3_app.py", "Harbour ledger"))
 
     def test_the_window_manager(self):
         running = self.open_own("gtk3_app.py")

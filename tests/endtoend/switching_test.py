@@ -11,12 +11,12 @@ from waiting import wait_until
 
 
 class Switching(EndToEndTest):
-    # What is started, its identifier and name. Nothing: there is no desktop file, the executable's name stands for it.
+    # What is started, its identifier and name. A script without a desktop file is called by its own name.
     APPLICATIONS = [
         (["galculator"], "galculator", "Galculator"),
         (["mousepad", "--disable-server"], "org.xfce.mousepad", "Mousepad"),
         (["featherpad", "--standalone"], "featherpad", "FeatherPad"),
-        (["/usr/bin/python3", FOLDER / "plain_window.py", "Bare hull"], None, ""),
+        (["/usr/bin/python3", FOLDER / "plain_window.py", "Bare hull"], "plain_window.py", "plain_window.py"),
     ]
 
     def test_each_switch_is_told_with_identifier_name_and_window_title(self):
@@ -30,15 +30,21 @@ class Switching(EndToEndTest):
         application = Application(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         self.addCleanup(application.close)
         application.wait_until_in_front()
-        name = identifier or application.executable()
-        self.expect(change_application(application.pid, name, description, application.window_title()))
-        return application, name, description
+        self.expect(change_application(application.pid, identifier, description, application.window_title()))
+        return application, identifier, description
 
     def test_an_application_that_begins_where_another_ended_is_told(self):
         for title in ("First hull", "Second hull"):  # the second window gets the number of the first one
             application = ControlledApplication("plain_window.py", title)
-            self.expect(change_application(application.pid, application.executable(), "", title))
+            self.expect(change_application(application.pid, "plain_window.py", "plain_window.py", title))
             application.close()
+
+    def test_the_keys_of_an_application_without_accessibility_belong_to_its_window(self):
+        application = ControlledApplication("plain_window.py", "Bare hull")
+        self.addCleanup(application.close)
+        self.follow(application)
+        hands.key("ctrl+b")
+        self.expect(key_combination("Control + b", "Bare hull", "window"))
 
     def test_a_client_that_vanishes_disturbs_no_other(self):
         other = self.collect()
@@ -48,7 +54,7 @@ class Switching(EndToEndTest):
         wait_until(lambda: "Connection was invalidated." in self.service.logged(), "the warning")
         application = ControlledApplication("plain_window.py", "Bare hull")
         self.addCleanup(application.close)
-        self.expect(change_application(application.pid, application.executable(), "", "Bare hull"))
+        self.expect(change_application(application.pid, "plain_window.py", "plain_window.py", "Bare hull"))
 
     def test_an_application_that_does_not_answer_disturbs_no_other(self):
         stuck = ControlledApplication("gtk3_app.py")
@@ -67,7 +73,7 @@ class Switching(EndToEndTest):
         self.expect(key_combination("Control + b", "Ship", "text"))
         stuck.process.send_signal(signal.SIGCONT)
         stuck.activate()
-        self.expect(change_application(stuck.pid, stuck.executable(), "", "Harbour ledger"))
+        self.expect(change_application(stuck.pid, "gtk3_app.py", "Gtk3_app.py", "Harbour ledger"))
 
 
 class Stopping(EndToEndTest):

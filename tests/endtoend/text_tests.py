@@ -48,7 +48,7 @@ class TextTests:
         other = ControlledApplication("plain_window.py", "Bare hull")
         try:
             self.expect(change("Text", "Captain", self.text, before + "x"),
-                        change_application(other.pid, other.executable(), "", "Bare hull"))
+                        change_application(other.pid, "plain_window.py", "plain_window.py", "Bare hull"))
         finally:
             other.close()
         self.follow(self.application)

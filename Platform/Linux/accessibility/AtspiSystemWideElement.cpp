@@ -1,14 +1,16 @@
 #include "Platform/Linux/accessibility/AtspiSystemWideElement.h"
 
+#include "Platform/Linux/accessibility/WindowElement.h"
+
 namespace norra::linux_desktop {
 
 AXResult<AXAttributeValue> AtspiSystemWideElement::copyAttributeValue(std::string_view attribute) const {
   if (attribute != "AXFocusedUIElement") return {axError::attributeUnsupported, {}};
-  const auto window = windows_.activeWindow();
+  auto window = windows_.activeWindow();
   if (!window || window->process == 0) return {axError::noValue, {}};
   const auto focused = focus_.of(window->process);
-  if (focused.isNull()) return {axError::noValue, {}};
-  return {axError::success, handles().element(focused)};
+  if (!focused.isNull()) return {axError::success, handles().element(focused)};
+  return {axError::success, AXUIElement(std::make_shared<WindowElement>(handles(), *std::move(window)))};
 }
 
 AXResult<std::optional<AXUIElement>> AtspiSystemWideElement::copyElementAtPosition(float x, float y) const {

@@ -45,11 +45,6 @@ std::vector<std::string> argumentsIn(const std::string& commandLine) {
 
 std::string fileName(const std::string& path) { return std::filesystem::path(path).filename(); }
 
-bool isInterpreter(std::string_view program) {
-  const auto name = program.substr(0, program.find_last_not_of("0123456789.") + 1);
-  return std::ranges::find(interpreters, name) != interpreters.end();
-}
-
 bool isOption(const std::string& argument) { return argument.starts_with('-'); }
 bool isAssignment(const std::string& argument) { return argument.find('=') != std::string::npos; }
 
@@ -60,6 +55,11 @@ std::string scriptOf(const std::vector<std::string>& arguments) {
 }
 
 }  // namespace
+
+bool isInterpreter(std::string_view program) {
+  const auto name = program.substr(0, program.find_last_not_of("0123456789.") + 1);
+  return std::ranges::find(interpreters, name) != interpreters.end();
+}
 
 std::string programOf(const std::vector<std::string>& arguments) {
   auto argument = arguments.begin();

@@ -31,4 +31,7 @@ std::optional<DesktopFile> readDesktopFile(const std::filesystem::path& path, st
 /// there is none.
 std::string programOf(const std::vector<std::string>& arguments);
 
+/// Whether a program of this file name runs scripts.
+bool isInterpreter(std::string_view program);
+
 }  // namespace norra::linux_desktop

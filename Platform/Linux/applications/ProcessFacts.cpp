@@ -94,6 +94,11 @@ std::optional<fs::path> executableOf(ProcessIdentifier process) {
   return path;
 }
 
+fs::path workingFolderOf(ProcessIdentifier process) {
+  std::error_code error;
+  return fs::read_symlink(folderOf(process) / "cwd", error);
+}
+
 std::vector<std::string> argumentsOf(ProcessIdentifier process) {
   std::istringstream commandLine(contentOf(folderOf(process) / "cmdline"));
   std::vector<std::string> arguments;

@@ -19,6 +19,9 @@ std::optional<std::uint64_t> startTimeOf(ProcessIdentifier process);
 /// Nothing: it may not be known.
 std::optional<std::filesystem::path> executableOf(ProcessIdentifier process);
 
+/// Empty where it is not known.
+std::filesystem::path workingFolderOf(ProcessIdentifier process);
+
 /// Empty: there are none or they may not be known.
 std::vector<std::string> argumentsOf(ProcessIdentifier process);
 

@@ -11,6 +11,7 @@ namespace norra::linux_desktop {
 namespace {
 
 using namespace std::string_view_literals;
+namespace fs = std::filesystem;
 
 /// The browsers that the core knows by identifiers of their own, since they are slow to say what a click changed. The
 /// one that they are made of is as slow.
@@ -30,11 +31,30 @@ std::string bundleIdentifierOf(const DesktopFile& file) {
   return file.identifier;
 }
 
-std::optional<NSURL> fileURL(const std::optional<std::filesystem::path>& path) {
+std::optional<NSURL> fileURL(const std::optional<fs::path>& path) {
   if (!path) return std::nullopt;
   const std::unique_ptr<char, decltype(&g_free)> uri(g_filename_to_uri(path->c_str(), nullptr, nullptr), g_free);
   if (!uri) return std::nullopt;
   return NSURL{uri.get()};
+}
+
+// Who started an interpreter started its script.
+std::optional<fs::path> startedFileOf(ProcessIdentifier process, const std::string& program) {
+  auto executable = executableOf(process);
+  if (!executable || !isInterpreter(executable->filename().string())) return executable;
+  for (const auto& argument : argumentsOf(process)) {
+    std::error_code error;
+    const auto script = workingFolderOf(process) / argument;
+    if (script.filename() == program && fs::is_regular_file(script, error)) return script.lexically_normal();
+  }
+  return executable;
+}
+
+// What an application calls its windows, where no desktop file says what it is called.
+std::optional<std::string> nameWithoutFile(const ApplicationNames& names) {
+  const auto& name = names.className.empty() ? names.program : names.className;
+  if (name.empty()) return std::nullopt;
+  return name;
 }
 
 ApplicationNames namesOf(const ApplicationWindow& window) {
@@ -81,11 +101,12 @@ void RunningApplications::windowsDidChange() {
 }
 
 NSRunningApplication RunningApplications::describe(const ApplicationWindow& window) {
+  const auto names = namesOf(window);
   NSRunningApplication application{.processIdentifier = window.process,
                                    .bundleIdentifier = std::nullopt,
-                                   .executableURL = fileURL(executableOf(window.process)),
-                                   .localizedName = std::nullopt};
-  if (const auto file = desktopFiles_.find(namesOf(window))) {
+                                   .executableURL = fileURL(startedFileOf(window.process, names.program)),
+                                   .localizedName = nameWithoutFile(names)};
+  if (const auto file = desktopFiles_.find(names)) {
     application.bundleIdentifier = bundleIdentifierOf(*file);
     application.localizedName = file->name;
   }

@@ -85,5 +85,16 @@ TEST_F(RunningApplicationsTest, HaveAnAddressForAnyPathOfTheirExecutable) {
   EXPECT_TRUE(waitUntil([&] { return url() == expected; })) << url();
 }
 
+TEST_F(RunningApplicationsTest, AreCalledByTheirWindowsAndScriptsWhereNoFileNamesThem) {
+  std::ofstream(folder / "harbour.py") << "import time\ntime.sleep(1000)\n";
+  const ChildProgram script({"/usr/bin/python3", (folder / "harbour.py").string()});
+  const auto url = [&] { return applications.application(script.process())->executableURL->absoluteString; };
+  const auto expected = "file://" + folder.string() + "/harbour.py";
+  EXPECT_TRUE(waitUntil([&] { return url() == expected; })) << url();
+  EXPECT_EQ(applications.application(script.process())->localizedName, "harbour.py");
+  const TestWindow ledger(*client, {.className = "Ledger"});
+  EXPECT_EQ(applications.application(getpid())->localizedName, "Ledger");
+}
+
 }  // namespace
 }  // namespace norra::linux_desktop

@@ -81,7 +81,7 @@ TEST_F(X11WorkspaceTest, TellsOfAnApplicationWithoutADesktopFile) {
   ASSERT_TRUE(application);
   EXPECT_EQ(application->processIdentifier, getpid());
   EXPECT_EQ(application->bundleIdentifier, std::nullopt);
-  EXPECT_EQ(application->localizedName, std::nullopt);
+  EXPECT_EQ(application->localizedName, "No-such-file");
   ASSERT_TRUE(application->executableURL);
   EXPECT_EQ(application->executableURL->absoluteString,
             "file://" + std::filesystem::read_symlink("/proc/self/exe").string());
