@@ -13,15 +13,15 @@ from told import ItemTold, Told
 
 @dataclass
 class Program:
-    """An application: what starts it, with which files in its home folder, and what a person then does in it, in order."""
+    """An application: the command that starts it, or the browser that shows a page, with which files in its home folder, and
+    what a person then does in it, in order."""
     title: str
     package: str
-    command: list
+    command: object
     opens: Told
     cases: list
     files: dict = field(default_factory=dict)
     environment: dict = field(default_factory=dict)
-    page: str = ""
 
 
 @dataclass

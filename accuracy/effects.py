@@ -11,10 +11,13 @@ from gi.repository import Gdk
 PATIENCE = 5.0
 
 
-def picture():
+def screen():
     root = Gdk.get_default_root_window()
-    pixels = Gdk.pixbuf_get_from_window(root, 0, 0, root.get_width(), root.get_height()).get_pixels()
-    return hashlib.blake2b(pixels).digest()
+    return Gdk.pixbuf_get_from_window(root, 0, 0, root.get_width(), root.get_height())
+
+
+def picture():
+    return hashlib.blake2b(screen().get_pixels()).digest()
 
 
 def title():

@@ -91,12 +91,16 @@ class Running:
             path = self.home / name
             path.parent.mkdir(parents=True, exist_ok=True)
             content(path) if callable(content) else path.write_text(content)
-        command = [word.format(home=self.home, here=FOLDER) for word in program.command]
         self.errors = open(self.home / "standard-error", "w+", errors="replace")
-        self.process = subprocess.Popen(command, stdout=self.errors, stderr=self.errors, cwd=self.home,
-                                        env={**os.environ, **program.environment}, start_new_session=True)
+        self.page = program.command() if callable(program.command) else None
+        self.process = self.page.process if self.page else self._start(program)
         wait_until(effects.title, f"a window of {program.title}", 60)
         self._wait_until_still()
+
+    def _start(self, program):
+        command = [word.format(home=self.home, here=FOLDER) for word in program.command]
+        return subprocess.Popen(command, stdout=self.errors, stderr=self.errors, cwd=self.home,
+                                env={**os.environ, **program.environment}, start_new_session=True)
 
     @staticmethod
     def _wait_until_still():
@@ -164,8 +168,8 @@ def show(result):
                 print(f"            {key}: {line}", flush=True)
 
 
-def measure(program, watcher):
-    """The results of all cases, and what the application complained of."""
+def measure(program, watcher, pictures=None):
+    """The results of all cases, and what the application complained of; a picture of the screen of each that is not right."""
     results = []
     running = Running(program)
     try:
@@ -176,13 +180,16 @@ def measure(program, watcher):
                             "too much": [short(report) for report in judgement.surplus]})
             show(results[-1])
         tree = Tree()
-        for case in program.cases:
+        tree.page = running.page
+        for number, case in enumerate(program.cases, 1):
             results.append(do(case, tree, watcher))
             show(results[-1])
+            if pictures and results[-1].get("verdict", "void") != "right":
+                effects.screen().savev(str(pictures / f"{number}.png"), "png", [], [])
             after(case, tree, watcher)
         return results, running.complaints()
     finally:
-        running.close()
+        (running.page or running).close()
 
 
 def main():
@@ -190,10 +197,11 @@ def main():
     parser.add_argument("name")
     parser.add_argument("result", type=Path)
     parser.add_argument("--alone", action="store_true")
+    parser.add_argument("--pictures", type=Path, help="a folder for pictures of the screen after each case that is not right")
     options = parser.parse_args()
     program = importlib.import_module(options.name).PROGRAM
     watcher = Nobody() if options.alone else Watcher()
-    results, complaints = measure(program, watcher)
+    results, complaints = measure(program, watcher, options.pictures)
     watcher.close()
     version = subprocess.run(["dpkg-query", "--show", "--showformat=${Version}", program.package],
                              capture_output=True, text=True).stdout

@@ -15,7 +15,8 @@ class Unable(Exception):
 class Target:
     """An element by its name on the screen and its kind ("button", "menu item"); `inside` is another target that holds it.
 
-    `across` and `down` say where in it, from 0 to 1; `offset` adds pixels, for what the tree places wrongly.
+    `across` and `down` say where in it, from 0 to 1; `offset` adds pixels, or asks the tree for
+    how many, for what is placed wrongly.
     """
 
     def __init__(self, name, role="", nth=0, inside=None, across=0.5, down=0.5, offset=(0, 0)):
@@ -34,7 +35,8 @@ class Target:
             element = self.element(tree)
             place = element and element.place()
             if place:
-                return [place[0] + self.offset[0], place[1] + self.offset[1], *place[2:]]
+                right, down = self.offset(tree) if callable(self.offset) else self.offset
+                return [place[0] + right, place[1] + down, *place[2:]]
             time.sleep(0.1)
         raise Unable(f"no {self} on the screen")
 

@@ -35,7 +35,7 @@ class Told:
 
     @staticmethod
     def _agrees(told, wanted):
-        return told == wanted if isinstance(wanted, int) else same_text(told, wanted)
+        return told == wanted if isinstance(wanted, int) else told in wanted if isinstance(told, int) else same_text(told, wanted)
 
     def is_meant_by(self, report):
         """It is about the same deed, though it may say something else of it."""

@@ -1,4 +1,5 @@
 """What is on the screen, as the accessibility tree of the applications tells it: elements by name and kind, and where."""
+import re
 import subprocess
 import time
 
@@ -14,6 +15,8 @@ STATES = {"active": 1, "checked": 4, "expanded": 10, "focused": 12, "pressed": 2
 SCREEN = (1280, 900)
 MOST_ELEMENTS = 4000
 MOST_IN_TABLE = 400
+X_WINDOW = re.compile(r'\s+(?P<number>0x[0-9a-f]+) (?:"(?P<title>.*)"|\(has no name\)): .*? '
+                      r'(?P<width>\d+)x(?P<height>\d+)[+-]-?\d+[+-]-?\d+  \+(?P<x>-?\d+)\+(?P<y>-?\d+)$')
 POPOVERS = ("GtkPopover", "GtkPopoverMenu")
 
 
@@ -23,20 +26,16 @@ def normal(text):
 
 
 def x_windows():
-    """Every visible window that no window manager frames, as menus are: {number: [x, y, width, height]}."""
-    lines = subprocess.run(["xwininfo", "-root", "-children"], capture_output=True, text=True).stdout.splitlines()
-    numbers = [line.split()[0] for line in lines if line.strip().startswith("0x")]
-    places = {number: window_place(number) for number in numbers}
-    return {number: place for number, place in places.items() if place}
+    """All windows, also those that cannot be seen: (number, title, [x, y, width, height])."""
+    lines = subprocess.run(["xwininfo", "-root", "-tree"], capture_output=True, text=True, errors="replace").stdout.splitlines()
+    found = [X_WINDOW.match(line) for line in lines]
+    return [(match["number"], match["title"] or "", [int(match[key]) for key in ("x", "y", "width", "height")])
+            for match in found if match]
 
 
-def window_place(number):
-    """[x, y, width, height] of a window that can be seen, without its frame."""
-    text = subprocess.run(["xwininfo", "-id", str(number)], capture_output=True, text=True).stdout
-    facts = dict(line.strip().split(": ", 1) for line in text.splitlines() if ": " in line)
-    if facts.get("Map State", "").strip() != "IsViewable":
-        return None
-    return [int(facts[key]) for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height")]
+def is_open_popup(number):
+    text = subprocess.run(["xwininfo", "-id", number, "-all"], capture_output=True, text=True, errors="replace").stdout
+    return "IsViewable" in text and "Override Redirect State: yes" in text
 
 
 class Element:
@@ -77,6 +76,10 @@ class Element:
             return str(self.call("org.a11y.atspi.Text", "GetText", "ii", 0, int(count)) or "")
         value = self.fact("CurrentValue", "org.a11y.atspi.Value")
         return "" if value is None else f"{float(value):g}"
+
+    def caption(self):
+        """The text of what is text and nothing else."""
+        return self.text() if self.role in ("label", "static", "text") else ""
 
     def children(self):
         if self.has("manages descendants"):
@@ -141,7 +144,7 @@ class Tree:
         address = session.call_blocking("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", ())
         self.bus = dbus.bus.BusConnection(address)
         self.bus.set_exit_on_disconnect(False)
-        self.toolkits = {}
+        self.toolkits, self.x_windows = {}, []
 
     def is_gtk4(self, bus_name):
         if bus_name not in self.toolkits:
@@ -151,19 +154,14 @@ class Tree:
         return self.toolkits[bus_name]
 
     def popover_of_size(self, size):
-        def difference(place):
-            return abs(place[2] - size[0]) + abs(place[3] - size[1])
-        places = [place for place in x_windows().values() if difference(place) < 120]
-        return min(places, key=difference, default=None)
+        """The place of the popover that has about this size, none when it is closed."""
+        def difference(window):
+            return abs(window[2][2] - size[0]) + abs(window[2][3] - size[1])
+        fitting = sorted((window for window in self.x_windows if difference(window) < 120), key=difference)
+        return next((place for number, _, place in fitting if is_open_popup(number)), None)
 
     def window_titled(self, title):
-        found = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "."], capture_output=True, text=True).stdout
-        active = subprocess.run(["xdotool", "getactivewindow"], capture_output=True, text=True).stdout.split()
-        for number in active + found.split():
-            name = subprocess.run(["xdotool", "getwindowname", number], capture_output=True, text=True).stdout
-            if name.rstrip("\n") == title or not title:
-                return window_place(number)
-        return window_place(active[0]) if active else None
+        return next((place for number, name, place in self.x_windows if name == title and place[2] > 1), None)
 
     def windows(self):
         """The windows of all applications, the active ones first."""
@@ -186,19 +184,12 @@ class Tree:
 
     def find(self, name, role="", nth=0, below=None):
         """The element that is called so, or that a label of this name belongs to; None when there is none to be seen."""
+        self.x_windows = x_windows()
         wanted = normal(name)
-        found = []
-        for element in self.search(lambda element: self._is_called(element, wanted, role), below):
-            target = element if role in element.role else element.labelled()
-            if target and role in target.role and target.place():
-                found.append(target)
-            if len(found) > nth:
-                return found[nth]
+        for says in (lambda element: element.name or element.caption(), lambda element: element.description):
+            found = []
+            for element in self.search(lambda element: normal(says(element)) == wanted, below):
+                found += [target for target in (element, element.labelled()) if target and role in target.role and target.place()]
+                if len(found) > nth:
+                    return found[nth]
         return None
-
-    def _is_called(self, element, wanted, role):
-        names = (element.name, element.description) if wanted else (element.name,)
-        if wanted in map(normal, names):
-            return role in element.role or "label" in element.role
-        return bool(wanted) and element.role in ("label", "static", "text") and normal(element.text()) == wanted \
-            and (not role or role in element.role)
