@@ -197,6 +197,7 @@ def main():
     parser.add_argument("name")
     parser.add_argument("result", type=Path)
     parser.add_argument("--alone", action="store_true")
+    parser.add_argument("--least", type=int, default=0, help="fails when fewer of a hundred cases are right, a void one included")
     parser.add_argument("--pictures", type=Path, help="a folder for pictures of the screen after each case that is not right")
     options = parser.parse_args()
     program = importlib.import_module(options.name).PROGRAM
@@ -207,6 +208,9 @@ def main():
                              capture_output=True, text=True).stdout
     options.result.write_text(json.dumps({"title": program.title, "version": version, "results": results,
                                           "complaints": complaints}, indent=1))
+    right = sum(result.get("verdict") == "right" and not result["too much"] for result in results)
+    if 100 * right < options.least * len(results):
+        sys.exit(f"{right} of {len(results)} cases are right, which is less than {options.least} %")
 
 
 if __name__ == "__main__":

@@ -19,7 +19,7 @@ PROGRAM = Program(
         case(click("tides.txt", "label"), Item("tides.txt")),
         case(keys("ctrl+f"), Combination("Control + f")),
         case(typing("tides"), Text(("Search", "Search files", "tides", "Search current folder"), "tides")),
-        case(keys("Escape")),
+        case(keys("Escape"), then=keys("Escape")),
         case(keys("ctrl+h"), Combination("Control + h")),
         case(click("Trash", "label"), Item("Trash"), effect=titled("Trash")),
         case(click("Main Menu", "button"), Click("Main Menu")),
