@@ -11,7 +11,6 @@ PROGRAM = Program(
         case(choose("Search", "Find"), Click("Search -> Find")),
         case(typing("wind"), Text(("Search…", "Search", "wind"), "wind")),
         case(keys("Return"), Special("carriage return"), also=[Text(None, "wind")], effect=titled("log.txt")),
-        case(click("Match Case", "button"), Click("Match Case")),
         case(choose("File", "New"), Click("File -> New"), effect=titled("Untitled")),
         case(click("log.txt", "page tab"), Radio("log.txt"), effect=titled("log.txt")),
         case(choose("Help", "About"), Click("Help -> About"), effect=titled("About")),
