@@ -13,14 +13,16 @@ def row(result, complaints):
     tried = sum(verdicts.values()) - verdicts["void"]
     surplus = sum(len(each.get("too much", [])) for each in result["results"])
     return [result["title"], result["version"], tried, verdicts["right"], verdicts["wrong"], verdicts["missing"], surplus,
-            verdicts["void"], len(complaints)]
+            verdicts["void"], "not measured" if complaints is None else len(complaints)]
 
 
 def new_complaints(folder, path):
-    """What the application says only when it is watched."""
+    """What the application says only when it is watched; None where it has not been measured alone."""
     alone = folder / f"{path.stem}.alone.json"
+    if not alone.exists():
+        return None
     watched = json.loads(path.read_text())["complaints"]
-    return sorted(set(watched) - set(json.loads(alone.read_text())["complaints"])) if alone.exists() else []
+    return sorted(set(watched) - set(json.loads(alone.read_text())["complaints"]))
 
 
 def line(cells):
@@ -33,12 +35,12 @@ def main():
     chosen = [path for path in paths if not names or path.stem in names]
     results = [(json.loads(path.read_text()), new_complaints(folder, path)) for path in chosen]
     rows = [row(*result) for result in results]
-    total = ["all", ""] + [sum(column) for column in list(zip(*rows))[2:]] if rows else []
+    total = ["all", ""] + [sum(n for n in column if n != "not measured") for column in list(zip(*rows))[2:]] if rows else []
     print("\n".join(map(line, [HEADER, ["---"] * len(HEADER), *rows, total])))
     if rows and total[2]:
         print(f"\n{100 * total[3] / total[2]:.1f} % right")
     for result, complaints in results:
-        for complaint in complaints:
+        for complaint in complaints or []:
             print(f"{result['title']} says only when watched: {complaint}")
 
 
