@@ -16,7 +16,7 @@ constexpr const char* status = "org.a11y.Status";
 constexpr const char* isEnabled = "IsEnabled";
 // Only a switch that must be set by hand has this beside it.
 constexpr const char* setByHand = "ScreenReaderEnabled";
-constexpr std::chrono::seconds limit{2};
+constexpr std::chrono::seconds limit{5};
 constexpr const char* stillOn =
     "Accessibility could not be switched off again, since the session bus or its accessibility service does not "
     "answer. "
@@ -30,12 +30,19 @@ MessagePtr newSetCall(sd_bus* bus, bool on) {
   return MessagePtr(call);
 }
 
+bool isOpen(sd_bus* bus) { return sd_bus_is_open(bus) > 0; }
+
+bool takesOff(sd_bus* bus, std::chrono::steady_clock::time_point deadline) {
+  return answerTo(bus, newSetCall(bus, false).get(), deadline) != nullptr;
+}
+
 bool isError(sd_bus_message* message) { return sd_bus_message_is_method_error(message, nullptr) > 0; }
 
 }  // namespace
 
 AccessibilitySwitch::AccessibilitySwitch(sd_event* event)
     : marker_("norra-accessibility-switched-on"), bus_(openSessionBus(event, "accessibility switch").bus) {
+  isOurs_ = marker_.isSet();
   if (!bus_) return;
   sd_bus_set_close_on_exit(bus_.get(), 0);  // the end of the loop is not the end of its use
   ask(setByHand, onKind);
@@ -64,7 +71,8 @@ int AccessibilitySwitch::onKind(sd_bus_message* message, void* self, sd_bus_erro
 int AccessibilitySwitch::onState(sd_bus_message* message, void* self, sd_bus_error* /*error*/) noexcept {
   auto& theSwitch = *static_cast<AccessibilitySwitch*>(self);
   const auto isOn = isError(message) ? std::nullopt : readInteger(message);
-  theSwitch.isOurs_ = isOn == 0 || (isOn && theSwitch.marker_.isSet());
+  if (!isOn) return 0;
+  theSwitch.isOurs_ = isOn == 0 || theSwitch.marker_.isSet();
   if (isOn == 0) theSwitch.switchOn();
   if (!theSwitch.isOurs_) theSwitch.marker_.letGo();
   return 0;
@@ -78,11 +86,13 @@ void AccessibilitySwitch::switchOn() {
       "Accessibility was switched on for this session. Applications that run already may need a restart");
 }
 
+// That the bus was lost may show only when it is used.
 bool AccessibilitySwitch::isSwitchedOff() {
   const auto deadline = std::chrono::steady_clock::now() + limit;
-  if (sd_bus_is_open(bus_.get()) <= 0) bus_ = openSessionBus(deadline);
-  if (!bus_) return false;
-  return answerTo(bus_.get(), newSetCall(bus_.get(), false).get(), deadline) != nullptr;
+  if (isOpen(bus_.get()) && takesOff(bus_.get(), deadline)) return true;
+  if (isOpen(bus_.get())) return false;
+  bus_ = openSessionBus(deadline);
+  return bus_ && takesOff(bus_.get(), deadline);
 }
 
 }  // namespace norra::linux_desktop
