@@ -2,6 +2,7 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 
+#include "NorraDataCollector/TapEventsCollector/Rehearsal.h"
 #include "NorraLogging/NorraOSLoggerFactory.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/runtime/JournalSink.h"
@@ -17,7 +18,7 @@ constexpr const char* description =
 constexpr int usageError = 2;
 
 int serve() {
-  const auto created = norra::linux_desktop::LinuxPlatform::create();
+  const auto created = norra::linux_desktop::LinuxPlatform::create(norra::rehearseClick);
   if (!created.platform) {
     std::fprintf(stderr, "norra-collector-service: %s\n", created.problem.c_str());
     return 1;

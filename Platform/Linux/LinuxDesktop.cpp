@@ -18,16 +18,20 @@ InputListeners LinuxDesktop::listeners(EventLoop& loop) {
               [this](std::optional<CGPoint> place) {
                 if (accessibility_) accessibility_->notePress(place);
               },
+          .released =
+              [this] {
+                if (accessibility_) accessibility_->noteRelease();
+              },
           .clickTimes = &loop.clickTimes()};
 }
 
-LinuxDesktop::LinuxDesktop(EventLoop& loop)
+LinuxDesktop::LinuxDesktop(EventLoop& loop, ClickRehearsal rehearse)
     // Without it nothing is left to watch: clients are better told by the service's end.
     : display_(openX11Display(loop.event(), listeners(loop), [&loop] { loop.end(statusWithoutServer); })),
       absentWorkspace_(windowReadiness(facts()).advice),
       absentEventTaps_(inputReadiness(facts()).advice),
       accessibility_(std::make_unique<AtspiAccessibility>(loop.event(), display_ ? display_->windows() : noWindows_,
-                                                          eventTaps())) {
+                                                          eventTaps(), std::move(rehearse))) {
   if (facts().isWayland) platformLogger().error(displayReadiness(facts()).advice);
 }
 

@@ -9,6 +9,7 @@
 #include "Platform/EventTap.h"
 #include "Platform/Linux/display/AbsentDisplay.h"
 #include "Platform/Linux/display/DisplayServer.h"
+#include "Platform/Linux/display/PointerPress.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Workspace.h"
 
@@ -19,8 +20,8 @@ class AtspiAccessibility;
 /// Main thread. What is missing is stood in for by an object that says so at its first use.
 class LinuxDesktop {
  public:
-  /// `loop` must outlive this.
-  explicit LinuxDesktop(EventLoop& loop);
+  /// `loop` must outlive this. `rehearse` as for PressPictures.
+  LinuxDesktop(EventLoop& loop, ClickRehearsal rehearse);
   ~LinuxDesktop();
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;

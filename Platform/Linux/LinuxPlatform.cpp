@@ -11,7 +11,7 @@
 namespace norra::linux_desktop {
 
 struct LinuxPlatform::Parts {
-  Parts(EventLoop& loop, BusListener& listener, std::chrono::nanoseconds idleTime);
+  Parts(EventLoop& loop, BusListener& listener, const ClickRehearsal& rehearse, std::chrono::nanoseconds idleTime);
   ServiceStatistics statistics();
 
   EventLoop& loop;
@@ -23,10 +23,11 @@ struct LinuxPlatform::Parts {
   StatisticsObject statisticsObject;
 };
 
-LinuxPlatform::Parts::Parts(EventLoop& theLoop, BusListener& theListener, std::chrono::nanoseconds idleTime)
+LinuxPlatform::Parts::Parts(EventLoop& theLoop, BusListener& theListener, const ClickRehearsal& rehearse,
+                            std::chrono::nanoseconds idleTime)
     : loop(theLoop),
       listener(theListener),
-      desktop(loop),
+      desktop(loop, rehearse),
       executors(loop),
       process({loop, executors, listener}, idleTime),
       statisticsObject(listener.bus(), [this] { return statistics(); }) {}
@@ -43,22 +44,24 @@ ServiceStatistics LinuxPlatform::Parts::statistics() {
   return statistics;
 }
 
-LinuxPlatform::Created LinuxPlatform::create(std::chrono::nanoseconds idleTime) {
+LinuxPlatform::Created LinuxPlatform::create(ClickRehearsal rehearse, std::chrono::nanoseconds idleTime) {
   auto loop = std::make_unique<EventLoop>();
   loop->onTerminationSignals([&loop = *loop] { loop.end(std::nullopt); });
   auto [listener, problem] = BusListener::open(*loop);
   if (!listener) return {nullptr, problem};
-  return {std::unique_ptr<LinuxPlatform>(new LinuxPlatform(std::move(loop), std::move(listener), idleTime)), {}};
+  return {std::unique_ptr<LinuxPlatform>(
+              new LinuxPlatform(std::move(loop), std::move(listener), std::move(rehearse), idleTime)),
+          {}};
 }
 
 LinuxPlatform::LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener,
-                             std::chrono::nanoseconds idleTime)
-    : loop_(std::move(loop)), listener_(std::move(listener)), idleTime_(idleTime) {}
+                             ClickRehearsal rehearse, std::chrono::nanoseconds idleTime)
+    : loop_(std::move(loop)), listener_(std::move(listener)), rehearse_(std::move(rehearse)), idleTime_(idleTime) {}
 
 LinuxPlatform::~LinuxPlatform() = default;
 
 Platform LinuxPlatform::facilities() {
-  if (!parts_) parts_ = std::make_unique<Parts>(*loop_, *listener_, idleTime_);
+  if (!parts_) parts_ = std::make_unique<Parts>(*loop_, *listener_, rehearse_, idleTime_);
   return {.accessibility = parts_->desktop.accessibility(),
           .eventTaps = parts_->desktop.eventTaps(),
           .workspace = parts_->desktop.workspace(),

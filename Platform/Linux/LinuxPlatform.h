@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "Platform/Linux/display/PointerPress.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/service/BusListener.h"
 #include "Platform/Platform.h"
@@ -23,7 +24,8 @@ class LinuxPlatform {
     std::string problem;                      // then: why, and what to do
   };
   /// Takes the service's name on the session bus; looks at nothing yet, and logs nothing.
-  static Created create(std::chrono::nanoseconds idleTime = defaultIdleTime);
+  /// `rehearse` as for PressPictures: empty, clicks are told by what lies there when they are over.
+  static Created create(ClickRehearsal rehearse = {}, std::chrono::nanoseconds idleTime = defaultIdleTime);
   ~LinuxPlatform();
   LinuxPlatform(const LinuxPlatform&) = delete;
   LinuxPlatform& operator=(const LinuxPlatform&) = delete;
@@ -34,11 +36,12 @@ class LinuxPlatform {
  private:
   struct Parts;
 
-  LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener,
+  LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener, ClickRehearsal rehearse,
                 std::chrono::nanoseconds idleTime);
 
   const std::unique_ptr<EventLoop> loop_;
   const std::unique_ptr<BusListener> listener_;
+  const ClickRehearsal rehearse_;
   const std::chrono::nanoseconds idleTime_;
   std::unique_ptr<Parts> parts_;  // null before the first call of facilities()
 };

@@ -37,3 +37,8 @@ def key(*names):
 
 def type_text(text, keys_a_second=50):
     xdotool("type", "--clearmodifiers", "--delay", round(1000 / keys_a_second), text)
+
+
+def click(hold, after, button="left"):
+    """Presses after so many seconds and holds for so many, without another process in between."""
+    xdotool("sleep", after, "mousedown", BUTTONS[button], "sleep", hold, "mouseup", BUTTONS[button])

@@ -27,7 +27,8 @@ class InputWatch final : public Registration {
 
 }  // namespace
 
-AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps)
+AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps,
+                                       ClickRehearsal rehearse)
     : switch_(event),
       eventTaps_(eventTaps),
       epoch_(event),
@@ -36,6 +37,7 @@ AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows
       focus_(session_),
       pointed_(session_, focus_, windows),
       handles_(session_, focus_, pointed_, windows),
+      pictures_(session_, pointed_, handles_, std::move(rehearse)),
       events_(event, session_.shared, [this](const std::string& name) { session_.forget(name); }),
       focusEvents_(focus_, events_),
       services_{session_,     focus_,

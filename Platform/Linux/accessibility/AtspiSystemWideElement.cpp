@@ -1,5 +1,6 @@
 #include "Platform/Linux/accessibility/AtspiSystemWideElement.h"
 
+#include "Platform/Linux/accessibility/PressPictures.h"
 #include "Platform/Linux/accessibility/WindowElement.h"
 
 namespace norra::linux_desktop {
@@ -14,6 +15,10 @@ AXResult<AXAttributeValue> AtspiSystemWideElement::copyAttributeValue(std::strin
 }
 
 AXResult<std::optional<AXUIElement>> AtspiSystemWideElement::copyElementAtPosition(float x, float y) const {
+  if (auto pressed = pictures_ ? pictures_->elementAt({x, y}) : std::nullopt) {
+    focus_.highlightedItems().clicked({x, y}, std::chrono::steady_clock::now());
+    return {axError::success, std::move(pressed)};
+  }
   const auto found = pointed_.at({x, y});
   if (found.isNull()) return {axError::success, std::nullopt};
   return {axError::success, handles().element(found)};

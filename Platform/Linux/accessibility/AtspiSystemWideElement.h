@@ -8,8 +8,10 @@ namespace norra::linux_desktop {
 
 class AtspiSystemWideElement final : public DesktopElement {
  public:
-  AtspiSystemWideElement(const ElementHandles& handles, Focus& focus, PointedElement& pointed, WindowsOnScreen& windows)
-      : DesktopElement(handles), focus_(focus), pointed_(pointed), windows_(windows) {}
+  /// `pictures` null: what was pressed is not known.
+  AtspiSystemWideElement(const ElementHandles& handles, Focus& focus, PointedElement& pointed, WindowsOnScreen& windows,
+                         PressPictures* pictures)
+      : DesktopElement(handles), focus_(focus), pointed_(pointed), windows_(windows), pictures_(pictures) {}
 
   AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const override;
   AXResult<std::vector<std::string>> copyAttributeNames() const override {
@@ -25,6 +27,7 @@ class AtspiSystemWideElement final : public DesktopElement {
   Focus& focus_;
   PointedElement& pointed_;
   WindowsOnScreen& windows_;
+  PressPictures* const pictures_;
 };
 
 }  // namespace norra::linux_desktop

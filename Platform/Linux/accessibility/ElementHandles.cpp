@@ -37,8 +37,8 @@ AXUIElement ElementHandles::application(ProcessIdentifier process) const {
   return AXUIElement(std::make_shared<AtspiApplicationElement>(*this, session_, focus_, windows_, process));
 }
 
-AXUIElement ElementHandles::systemWide() const {
-  return AXUIElement(std::make_shared<AtspiSystemWideElement>(*this, focus_, pointed_, windows_));
+AXUIElement ElementHandles::systemWide(PressPictures* pictures) const {
+  return AXUIElement(std::make_shared<AtspiSystemWideElement>(*this, focus_, pointed_, windows_, pictures));
 }
 
 AXResult<AXAttributeValue> ElementHandles::valueOf(const AttributeResult& result) const {

@@ -7,6 +7,8 @@
 
 namespace norra::linux_desktop {
 
+class PressPictures;
+
 /// Makes them. Any thread.
 class ElementHandles {
  public:
@@ -17,7 +19,8 @@ class ElementHandles {
   AXUIElement element(const AtspiReference& reference) const { return element(ElementKey{reference}); }
   AXUIElement element(const ElementKey& key) const;
   AXUIElement application(ProcessIdentifier process) const;
-  AXUIElement systemWide() const;
+  /// `pictures`, if it is not null, must outlive the handle.
+  AXUIElement systemWide(PressPictures* pictures = nullptr) const;
 
   /// With handles for the elements that it names.
   AXResult<AXAttributeValue> valueOf(const AttributeResult& result) const;

@@ -29,7 +29,8 @@ using PressHandler = std::function<void(std::optional<CGPoint> place)>;
 struct InputListeners {
   SecureInput isSecureInput = {};  // as for KeyTranslator
   PressHandler pressed = {};
-  ClickTimes* clickTimes = nullptr;  // not owned; told which click is handled
+  std::function<void()> released = {};  // a button that clicks, before the taps are told
+  ClickTimes* clickTimes = nullptr;     // not owned; told which click is handled
 };
 
 /// Main thread, apart from windows().

@@ -51,6 +51,10 @@ class WindowsOnScreen {
  public:
   virtual ~WindowsOnScreen() = default;
   virtual std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) = 0;
+  /// A press may open a menu or a list under the pointer, and a release may close what was pressed. Until the next
+  /// press, what is found under the pressed place is what lay there then. Nothing: it is not known where the pointer
+  /// is.
+  virtual void notePress(std::optional<CGPoint> /*place*/) {}
   virtual std::optional<WindowOnScreen> activeWindow() = 0;
 };
 

@@ -55,15 +55,20 @@ AtspiReference HighlightedItems::highlightedIn(std::string_view busName) const {
   return found != items_.end() ? found->reference : AtspiReference{};
 }
 
-AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
+AtspiReference HighlightedItems::at(CGPoint point, TimePoint now) const {
   const std::lock_guard lock(mutex_);
   const auto found =
       std::ranges::find_if(items_, [&](const auto& item) { return item.isThere(now) && contains(item.place, point); });
   if (found == items_.end()) return {};
-  if (found->isOpening(now)) return found->owner;
-  // The menu closes with the click.
-  end(found->reference.busName, now);
-  return found->reference;
+  return found->isOpening(now) ? found->owner : found->reference;
+}
+
+AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
+  auto found = at(point, now);
+  const std::lock_guard lock(mutex_);
+  const bool isItem = std::ranges::any_of(items_, [&](const auto& item) { return item.reference == found; });
+  if (isItem) end(found.busName, now);
+  return found;
 }
 
 void HighlightedItems::clear() {

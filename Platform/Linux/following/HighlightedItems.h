@@ -39,8 +39,10 @@ class HighlightedItems {
   /// How long the click that opened a list may last. The list opens under the pointer, on the item that is chosen.
   static constexpr std::chrono::milliseconds openingClick{400};
 
-  /// The item that a click at a point of the screen chose: one that is highlighted, or was a moment ago; null: none.
-  /// While the list of a combo box has only just opened, the combo box.
+  /// The item at a point of the screen that is highlighted, or was a moment ago; null: none. While the list of a combo
+  /// box has only just opened, the combo box.
+  AtspiReference at(CGPoint point, TimePoint now) const;
+  /// The same for a click, with which its menu closes.
   AtspiReference clicked(CGPoint point, TimePoint now);
   /// The last item that was highlighted in the list of a combo box of the application, open or not; null: none was.
   AtspiReference highlightedIn(std::string_view busName) const;

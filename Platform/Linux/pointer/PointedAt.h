@@ -12,8 +12,6 @@ struct PointedAt {
   CGPoint point;
   /// The window there.
   WindowOnScreen window;
-  /// What the application said at the press to lie there; null: it was not asked, or nothing.
-  AtspiReference pressed;
   /// Gives the element of the application that has the keyboard focus; null: none is known. It may read.
   std::function<AtspiReference()> focused = [] { return AtspiReference{}; };
 };

@@ -84,14 +84,7 @@ AtspiReference hitTest(const ElementView& topLevel, const PointedAt& at) {
 
 PointedElement::PointedElement(AtspiSession& session, Focus& focus, WindowsOnScreen& windows)
     : session_(session), focus_(focus), windows_(windows) {
-  session.shared.bus.onNewGeneration([this] {
-    topLevels_.clear();
-    pressed_.forget();
-  });
-}
-
-PointedAt PointedElement::pointedAt(CGPoint point, const WindowOnScreen& window, const std::string& busName) {
-  return {point, window, pressed_.at(point), [this, busName] { return focus_.settle(busName); }};
+  session.shared.bus.onNewGeneration([this] { topLevels_.clear(); });
 }
 
 // The list of a combo box opens under the pointer, on the item that is chosen. Until an item of it is highlighted, the
@@ -107,7 +100,8 @@ AtspiReference PointedElement::comboBoxThatOpens(const AtspiReference& hit) {
 
 AtspiReference PointedElement::hitTestBelow(const AtspiReference& topLevel, CGPoint point,
                                             const WindowOnScreen& window) {
-  const auto hit = hitTest(view(topLevel), pointedAt(point, window, topLevel.busName));
+  const auto focused = [this, &topLevel] { return session_.applications.of(topLevel.busName)->focus.followed(); };
+  const auto hit = hitTest(view(topLevel), {point, window, focused});
   session_.reader().notePath(hit);
   return comboBoxThatOpens(hit);
 }
@@ -134,8 +128,6 @@ AtspiReference PointedElement::optionAt(const std::string& busName, CGPoint poin
 
 AtspiReference PointedElement::elementIn(const WindowOnScreen& window, CGPoint point) {
   auto& reader = session_.reader();
-  auto pressed = window.overrideRedirect ? pressed_.at(point) : AtspiReference{};
-  if (!pressed.isNull()) return pressed;
   const auto known = topLevels_.find(window);
   if (!known.isNull()) {
     auto hit = hitTestBelow(known, point, window);
@@ -150,45 +142,41 @@ AtspiReference PointedElement::elementIn(const WindowOnScreen& window, CGPoint p
   return {};
 }
 
-AtspiReference PointedElement::pressedInBrowser(const WindowOnScreen& window, CGPoint point) {
-  auto topLevel = topLevels_.find(window);
-  if (topLevel.isNull()) topLevel = findTopLevel(window);
-  return topLevel.isNull() ? AtspiReference{} : askedElementAt(view(topLevel), point, Coordinates::ofScreen);
-}
-
-// Null without a call for applications that need not be asked.
-AtspiReference PointedElement::pressedElement(const WindowOnScreen& window, CGPoint point) {
+// Null: no list of a select lies there.
+AtspiReference PointedElement::optionOfPage(const WindowOnScreen& window, CGPoint point) {
+  if (!window.overrideRedirect) return {};
   for (const auto& name : session_.processes.busNamesOf(window.process, session_.reader())) {
     const auto application = session_.applications.find(name);
-    if (!application || !application->isMet()) continue;
-    if (isPopover(window, application->toolkit())) return elementIn(window, point);
-    if (!application->toolkit().showsWebPages) continue;
-    return window.overrideRedirect ? optionAt(name, point) : pressedInBrowser(window, point);
+    if (application && application->isMet() && application->toolkit().showsWebPages) return optionAt(name, point);
   }
   return {};
 }
 
-void PointedElement::notePress(std::optional<CGPoint> place) {
-  pressed_.forget();
-  const auto window = place ? windows_.topLevelWindowAt(*place) : std::nullopt;
-  if (!window || window->process == 0) return;
-  const auto pressed = pressedElement(*window, *place);
-  if (topLevels_.find(*window) != pressed) pressed_.note(*place, pressed);
+AtspiReference PointedElement::noted(AtspiReference found) {
+  session_.reader().notePointed(found);
+  return found;
+}
+
+AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
+  windows_.notePress(place);
+  if (!place) return {};
+  auto highlighted = focus_.highlightedItems().at(*place, steady_clock::now());
+  if (!highlighted.isNull()) return noted(std::move(highlighted));
+  const auto window = windows_.topLevelWindowAt(*place);
+  if (!window || window->process == 0) return {};
+  auto option = optionOfPage(*window, *place);
+  return noted(option.isNull() ? elementIn(*window, *place) : std::move(option));
 }
 
 AtspiReference PointedElement::at(CGPoint point) {
-  auto found = focus_.highlightedItems().clicked(point, steady_clock::now());
-  if (found.isNull()) {
-    const auto window = windows_.topLevelWindowAt(point);
-    if (window && window->process != 0) found = elementIn(*window, point);
-    if (found.isNull()) {
-      clickLogger().debug("A click at " + std::to_string(std::lround(point.x)) + ", " +
-                          std::to_string(std::lround(point.y)) + " gives no report: " + whyNothing(window));
-      return {};
-    }
-  }
-  session_.reader().notePointed(found);
-  return found;
+  auto clicked = focus_.highlightedItems().clicked(point, steady_clock::now());
+  if (!clicked.isNull()) return noted(std::move(clicked));
+  const auto window = windows_.topLevelWindowAt(point);
+  if (window && window->process != 0) clicked = elementIn(*window, point);
+  if (!clicked.isNull()) return noted(std::move(clicked));
+  clickLogger().debug("A click at " + std::to_string(std::lround(point.x)) + ", " +
+                      std::to_string(std::lround(point.y)) + " gives no report: " + whyNothing(window));
+  return {};
 }
 
 std::string PointedElement::whyNothing(const std::optional<WindowOnScreen>& window) {

@@ -8,7 +8,6 @@
 
 #include "Platform/Linux/following/Focus.h"
 #include "Platform/Linux/pointer/PointedAt.h"
-#include "Platform/Linux/pointer/PressedElement.h"
 #include "Platform/Linux/pointer/TopLevels.h"
 
 namespace norra::linux_desktop {
@@ -24,25 +23,23 @@ class PointedElement {
   /// says why.
   AtspiReference at(CGPoint point);
 
-  /// A press may open a list, and a release may close one: browsers find nothing in or below a list that is open, and
-  /// answer for a place only when they are asked again. To be called for every press of a button that clicks; only
-  /// such applications, and those whose pop-ups cannot be told apart, are asked. Nothing: it is not known where the
-  /// pointer is.
-  void notePress(std::optional<CGPoint> place);
+  /// The same of a place where a button is pressed: what is highlighted there stays so, since the click is not over,
+  /// and lists that are open only now are looked into. Until the next press, the window found at the place is what lay
+  /// there then. Nothing: it is not known where the pointer is.
+  AtspiReference atPress(std::optional<CGPoint> place);
 
   /// The top-level accessible that the window was found to belong to; null: none was, or the window is a pop-up.
   AtspiReference knownTopLevelOf(const WindowOnScreen& window) const { return topLevels_.find(window); }
 
  private:
   ElementView view(const AtspiReference& element) { return {session_.reader(), element}; }
-  PointedAt pointedAt(CGPoint point, const WindowOnScreen& window, const std::string& busName);
   AtspiReference findTopLevel(const WindowOnScreen& window);
   AtspiReference hitTestBelow(const AtspiReference& topLevel, CGPoint point, const WindowOnScreen& window);
   AtspiReference comboBoxThatOpens(const AtspiReference& hit);
   AtspiReference optionAt(const std::string& busName, CGPoint point);
   AtspiReference elementIn(const WindowOnScreen& window, CGPoint point);
-  AtspiReference pressedInBrowser(const WindowOnScreen& window, CGPoint point);
-  AtspiReference pressedElement(const WindowOnScreen& window, CGPoint point);
+  AtspiReference optionOfPage(const WindowOnScreen& window, CGPoint point);
+  AtspiReference noted(AtspiReference found);
   void noteMissing(const WindowOnScreen& window);
   std::string whyNothing(const std::optional<WindowOnScreen>& window);
 
@@ -50,7 +47,6 @@ class PointedElement {
   Focus& focus_;
   WindowsOnScreen& windows_;
   KnownTopLevels topLevels_;
-  PressedElement pressed_;
   std::mutex mutex_;
   std::set<ProcessIdentifier> missing_;  // guarded by mutex_
 };

@@ -31,12 +31,17 @@ bool hasGone(const AtspiFacts& facts) {
 void AtspiReader::enter() {
   const auto epoch = epoch_.current();
   const auto generation = connection_.generation();
-  if (epoch && epoch == currentEpoch_ && generation == generation_) return;
+  const bool isSameEvent = isHeld_ || (epoch && epoch == currentEpoch_);
+  if (isSameEvent && generation == generation_) return;
   if (std::exchange(generation_, generation) != generation) {
     kept_.clear();
     formerParents_.clear();
   }
   currentEpoch_ = epoch;
+  forget();
+}
+
+void AtspiReader::forget() {
   deadline_ = TimePoint::min();
   facts_.clear();
   expected_.clear();

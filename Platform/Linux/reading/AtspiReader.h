@@ -59,6 +59,21 @@ class AtspiReader {
   /// To be called at the door: forgets what was read for another event.
   void enter();
 
+  /// For a thread that handles no events: while this exists, all that is read belongs together, and it begins anew.
+  class Reading {
+   public:
+    explicit Reading(AtspiReader& reader) : reader_(reader) {
+      reader_.forget();
+      reader_.isHeld_ = true;
+    }
+    ~Reading() { reader_.isHeld_ = false; }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+   private:
+    AtspiReader& reader_;
+  };
+
   /// The facts of an element, with these among them. Valid until the next enter().
   const AtspiFacts& read(const AtspiReference& element, Asks asks);
   /// The same for several elements in one wave, in which other calls travel too; their answers in their order.
@@ -96,6 +111,7 @@ class AtspiReader {
   std::shared_ptr<AtspiApplication> application(const AtspiReference& element);
 
  private:
+  void forget();
   TimePoint deadline();
   struct Kept {
     AtspiFacts facts;
@@ -118,6 +134,7 @@ class AtspiReader {
   std::optional<std::uint64_t> currentEpoch_;
   std::uint64_t generation_ = 0;           // of the bus
   TimePoint deadline_ = TimePoint::min();  // of this epoch; min: nothing was read in it
+  bool isHeld_ = false;
   AtspiFactsByElement facts_;
   std::vector<AtspiQuestion> expected_;
   std::unordered_set<AtspiReference, AtspiReferenceHash> path_;

@@ -56,7 +56,7 @@ AtspiReference withoutHiddenOption(const ElementView& topLevel, AtspiReference a
 
 // The deepest element comes at once, but the first answer may be of the place that was asked for before.
 AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
-  if (at.pressed.isNull()) askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  askedElementAt(topLevel, at.point, Coordinates::ofScreen);
   const auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
   return answer.isNull() ? topLevel.reference() : withoutHiddenOption(topLevel, answer);
 }
@@ -65,12 +65,10 @@ bool isAt(const ElementView& view, CGPoint point) {
   return !view.reference().isNull() && contains(view.needOnly(Ask::extents).extents, point);
 }
 
-// While a list is open, it finds nothing in the window below it. The element that opened it was pressed, and has the
-// keyboard focus.
+// While a list is open, it finds nothing in the window below it. The element that opened it has the keyboard focus.
 AtspiReference elementAtInGecko(const ElementView& topLevel, const PointedAt& at) {
   auto found = elementAt(topLevel, at);
   if (found != topLevel.reference()) return found;
-  if (!at.pressed.isNull()) return withoutHiddenOption(topLevel, at.pressed);
   const auto focused = at.focused();
   return isAt(topLevel.other(focused), at.point) ? focused : found;
 }

@@ -16,7 +16,7 @@ class X11Display final : public DisplayServer {
       : event_(event),
         didLoseServer_(std::move(didLoseServer)),
         windows_(std::move(forWindows)),
-        eventTaps_(X11EventTaps::open(event, std::move(forInput), withWindows(std::move(listeners)))) {}
+        eventTaps_(X11EventTaps::open(event, std::move(forInput), std::move(listeners))) {}
 
   WindowsOnScreen& windows() override { return windows_; }
   Workspace* workspace() override {
@@ -35,15 +35,6 @@ class X11Display final : public DisplayServer {
   }
 
  private:
-  // The windows hear of a press first.
-  InputListeners withWindows(InputListeners listeners) {
-    listeners.pressed = [this, pressed = std::move(listeners.pressed)](std::optional<CGPoint> place) {
-      windows_.notePress(place);
-      if (pressed) pressed(place);
-    };
-    return listeners;
-  }
-
   sd_event* const event_;
   const std::function<void()> didLoseServer_;
   X11Windows windows_;

@@ -174,6 +174,7 @@ void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t tim
   const auto place = placeAt(time);
   const auto type = clickTypeOf(logicalButton(button));
   if (!type) return;
+  if (listeners_.released) listeners_.released();
   if (!place) return clickLogger().debug("A click gives no report: the X server does not say where the pointer is");
   deliver({*type, *place, std::nullopt});
 }

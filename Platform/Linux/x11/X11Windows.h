@@ -16,10 +16,7 @@ class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
   /// The client's window where a window manager has put it into a frame of its own. Menus and other pop-ups are
   /// found like any other; windows that let the pointer through are not.
   std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) override;
-  /// A press may open a menu or a list under the pointer, and a release may close what was pressed. Until the next
-  /// press, what is found under the pressed place is what lay there then. Nothing: it is not known where the pointer
-  /// is.
-  void notePress(std::optional<CGPoint> place);
+  void notePress(std::optional<CGPoint> place) override;
 
   /// As the window manager says; without a window manager, the one that has the input focus.
   std::optional<WindowOnScreen> activeWindow() override;

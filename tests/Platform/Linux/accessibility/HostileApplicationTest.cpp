@@ -15,19 +15,6 @@ constexpr int mostAncestors = 20;
 // For all attributes of an element, of its ancestors and of their first children.
 constexpr int mostCalls = 2'000;
 
-class OneWindow final : public WindowsOnScreen {
- public:
-  std::optional<WindowOnScreen> topLevelWindowAt(CGPoint) override { return window(); }
-  std::optional<WindowOnScreen> activeWindow() override { return window(); }
-
- private:
-  static WindowOnScreen window() {
-    WindowOnScreen window;
-    window.process = getpid();
-    return window;
-  }
-};
-
 std::string wordOf(const testing::TestParamInfo<HostileFault>& fault) {
   std::string word = fault.param.name;
   std::erase_if(word, [](unsigned char character) { return std::isalnum(character) == 0; });

@@ -1,0 +1,131 @@
+// What a click is told by when its application acts on it before anybody asks.
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include "Platform/Linux/accessibility/PressPictures.h"
+#include "Platform/Linux/atspi/AtspiRole.h"
+#include "tests/Platform/Linux/FakeApplication.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestElements.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr CGPoint place{10, 10};
+constexpr CGPoint elsewhere{30, 10};
+constexpr std::uint64_t checked = std::uint64_t{1} << static_cast<unsigned>(AtspiState::checked);
+
+template <typename Value>
+std::optional<Value> read(const AXUIElement& element, const char* attribute) {
+  const auto result = element.primitives().copyAttributeValue(attribute);
+  const auto* value = std::get_if<Value>(&result.value);
+  return result.error == axError::success && value ? std::optional(*value) : std::nullopt;
+}
+
+std::optional<std::string> nameOf(const AXUIElement& element) { return read<std::string>(element, "AXTitle"); }
+
+std::optional<std::int64_t> valueOf(const AXUIElement& element) {
+  const auto number = read<NSNumber>(element, "AXValue");
+  return number ? std::optional(std::get<std::int64_t>(number->value)) : std::nullopt;
+}
+
+// As the core asks: the element, its ancestors, and whose it is. Told is what has a name.
+bool askAll(const AXUIElement& clicked) {
+  for (auto element = std::optional(clicked); element; element = read<AXUIElement>(*element, "AXParent")) {
+    for (const auto* attribute : {"AXRole", "AXTitle", "AXValue", "AXSelected"}) {
+      element->primitives().copyAttributeValue(attribute);
+    }
+  }
+  return nameOf(clicked) && clicked.primitives().getPid().value != 0;
+}
+
+class PressPicturesTest : public testing::Test {
+ protected:
+  PressPicturesTest() {
+    application_.set("root", {.role = 75, .children = {"window"}});
+    application_.set("window", {.role = 23,
+                                .states = std::uint64_t{1} << static_cast<unsigned>(AtspiState::visible),
+                                .children = {"target"},
+                                .extents = {0, 0, 100, 100}});
+    set(43, "Play");
+  }
+
+  void set(std::uint32_t role, std::string name, std::uint64_t states = 0) {
+    application_.set("target", {.role = role, .name = std::move(name), .states = states, .parent = "window"});
+  }
+
+  void press() { pictures_.notePress(place); }
+  std::optional<AXUIElement> release(CGPoint released = place) {
+    pictures_.noteRelease();
+    elements_.epoch.begin();
+    return pictures_.elementAt(released);
+  }
+  // The picture of a press that is over: what happens from now on is not in it.
+  AXUIElement pressed() {
+    press();
+    return release().value();
+  }
+
+  PrivateAccessibilityBus bus_;
+  OneWindow windows_;
+  FakeApplication application_{"Qt", "5.15.8"};
+  TestElements elements_{windows_};
+  PressPictures pictures_{elements_.session, elements_.pointed, elements_.handles, askAll};
+};
+
+TEST_F(PressPicturesTest, ShowWhatWasPressedWithoutACall) {
+  const auto element = pressed();
+  const auto calls = application_.calls();
+  set(43, "Pause");
+  EXPECT_EQ(nameOf(element), "Play");
+  application_.remove("target");
+  EXPECT_EQ(nameOf(element), "Play");
+  EXPECT_EQ(read<std::string>(element, "AXRole"), "AXButton");
+  EXPECT_EQ(element.primitives().getPid().value, getpid());
+  EXPECT_EQ(application_.calls(), calls);
+}
+
+TEST_F(PressPicturesTest, TellWhatTheClickDidByOneCall) {
+  set(7, "Lanterns");
+  const auto element = pressed();
+  set(7, "No lanterns", checked);
+  const auto calls = application_.calls();
+  EXPECT_EQ(valueOf(element), 1);
+  EXPECT_EQ(nameOf(element), "Lanterns");
+  EXPECT_EQ(application_.calls(), calls + 1);
+}
+
+TEST_F(PressPicturesTest, DoNotKnowTheStateOfWhatHasGoneAndTakeItForChosen) {
+  set(7, "Lanterns", checked);
+  const auto element = pressed();
+  application_.remove("target");
+  EXPECT_EQ(valueOf(element), std::nullopt);
+  EXPECT_EQ(std::get<bool>(read<NSNumber>(element, "AXSelected")->value), true);
+}
+
+TEST_F(PressPicturesTest, AreOfThePlaceOfThePressAndOfWhatIsTold) {
+  press();
+  EXPECT_FALSE(release(elsewhere));
+  EXPECT_TRUE(release());
+  set(43, "");
+  press();
+  EXPECT_FALSE(release());
+}
+
+TEST_F(PressPicturesTest, AreOfTheLastPressThatWasReleased) {
+  const auto first = pressed();
+  set(43, "Pause");
+  press();
+  EXPECT_EQ(nameOf(pictures_.elementAt(place).value()), "Play") << "its second look";
+  EXPECT_EQ(nameOf(release().value()), "Pause");
+}
+
+TEST_F(PressPicturesTest, OfASilentApplicationAreNotAwaitedForLong) {
+  application_.setSilent(true);
+  press();
+  EXPECT_FALSE(release());
+  application_.setSilent(false);
+}
+
+}  // namespace
+}  // namespace norra::linux_desktop

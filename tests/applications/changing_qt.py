@@ -1,0 +1,155 @@
+#!/usr/bin/python3
+"""A Qt window whose widgets change with the click; changing.py says which. The argument: PyQt5 (default) or PyQt6."""
+import sys
+
+from changing import Cases
+from control import Control
+from qt_app import Invoker, Places, QtCore, QtWidgets
+
+
+class Kit:
+    def __init__(self):
+        self.main = QtWidgets.QMainWindow()
+        self.main.setWindowTitle("Tide changes")
+        self.main.resize(420, 360)
+        self.widgets = {}
+        self.others = []
+
+    def clear(self):
+        for window in self.others:
+            window.close()
+            window.deleteLater()
+        self.others, self.widgets = [], {}
+        self.main.menuBar().clear()
+        centre = QtWidgets.QWidget()
+        self.column = QtWidgets.QVBoxLayout(centre)
+        self.main.setCentralWidget(centre)
+
+    def add(self, text, widget, box=None):
+        self.widgets[text] = widget
+        (self.column if box is None else box).addWidget(widget)
+        return widget
+
+    def button(self, text, act, box=None):
+        button = QtWidgets.QPushButton(text)
+        button.clicked.connect(lambda *_: act())
+        return self.add(text, button, box)
+
+    def toggle(self, text, act):
+        button = self.button(text, act)
+        button.setCheckable(True)
+        return button
+
+    def check(self, text, act):
+        box = QtWidgets.QCheckBox(text)
+        box.toggled.connect(lambda *_: act())
+        return self.add(text, box)
+
+    def rename(self, widget, text):
+        widget.setText(text)
+
+    def hide(self, widget):
+        widget.hide()
+
+    def remove(self, widget):
+        widget.setParent(None)
+        widget.deleteLater()
+
+    def disable(self, widget):
+        widget.setEnabled(False)
+
+    def move_down(self, widget):
+        self.column.removeWidget(widget)
+        self.column.addWidget(widget)
+
+    def row(self, text, label, act):
+        row = QtWidgets.QWidget()
+        box = QtWidgets.QHBoxLayout(row)
+        box.addWidget(QtWidgets.QLabel(text))
+        self.button(label, act, box)
+        self.column.addWidget(row)
+        return row
+
+    def pages(self, pages):
+        stack = QtWidgets.QStackedWidget()
+        for text, act in pages:
+            page = QtWidgets.QWidget()
+            self.button(text, act, QtWidgets.QVBoxLayout(page))
+            stack.addWidget(page)
+        self.add("stack", stack)
+        return stack.setCurrentIndex
+
+    def tabs(self, names):
+        tabs = QtWidgets.QTabWidget()
+        for name in names:
+            page, close = QtWidgets.QLabel(f"{name} are here"), QtWidgets.QPushButton(f"Close {name}")
+            close.clicked.connect(lambda _, page=page: tabs.removeTab(tabs.indexOf(page)))
+            index = tabs.addTab(page, name)
+            tabs.tabBar().setTabButton(index, QtWidgets.QTabBar.ButtonPosition.RightSide, close)
+            self.widgets[f"Close {name}"] = close
+        self.add("tabs", tabs)
+
+    def menu(self, title, before, after):
+        menu = self.main.menuBar().addMenu(title)
+        item = menu.addAction(before)
+        item.triggered.connect(lambda *_: item.setText(after))
+        self.widgets.update({title: (self.main.menuBar(), menu.menuAction()), before: (menu, item)})
+
+    def list(self, texts):
+        view = QtWidgets.QListWidget()
+        view.addItems(texts)
+        view.setAccessibleName("Duties")
+        view.itemClicked.connect(lambda item: view.takeItem(view.row(item)))
+        self.add("Duties", view)
+
+    def opened(self, window):
+        self.others.append(window)
+        behind = self.add("Behind", QtWidgets.QPushButton("Behind"))
+        behind.setMinimumHeight(300)
+        window.show()
+
+    def dialog(self, buttons):
+        dialog = QtWidgets.QDialog(self.main)
+        dialog.setWindowTitle("Changed")
+        column, box = QtWidgets.QVBoxLayout(dialog), QtWidgets.QHBoxLayout()
+        column.addWidget(QtWidgets.QLabel("The log has changed."))
+        column.addLayout(box)
+        for text in buttons:
+            self.button(text, dialog.accept, box)
+        self.opened(dialog)
+
+    def files(self):
+        dialog = QtWidgets.QFileDialog(self.main)
+        dialog.setOption(QtWidgets.QFileDialog.Option.DontUseNativeDialog)
+        self.opened(dialog)
+        for button in dialog.findChildren(QtWidgets.QPushButton):
+            self.widgets[button.text().replace("&", "")] = button
+
+    def window(self, text):
+        window = QtWidgets.QWidget()
+        window.setWindowTitle("Second log")
+        window.resize(300, 200)
+        self.button(text, window.close, QtWidgets.QVBoxLayout(window))
+        self.opened(window)
+
+
+def main():
+    application = QtWidgets.QApplication(sys.argv)
+    application.setQuitOnLastWindowClosed(False)
+    kit = Kit()
+    cases, places = Cases(kit), Places(kit)
+    kit.clear()
+
+    def place(name):
+        places.widgets = kit.widgets
+        return places.place({"Helm": "Duties 0 0"}.get(name, name) if "Duties" in kit.widgets else name)
+
+    invoker = Invoker()
+    control = Control({"place": place, "show": cases.show}, invoker.invoked.emit)
+    kit.main.show()
+    QtCore.QTimer.singleShot(0, control.begin)
+    sys.exit(application.exec())
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,118 @@
+"""What a person who clicks on something that changes with the click would say it was, and how to click on it."""
+import time
+
+import hands
+from expected import click, click_radio_button
+from waiting import wait_until
+
+WITHIN_THE_LABEL = 0.1
+LONGER_THAN_A_FRAME = 0.1  # seconds
+
+# What there is in applications: the case, what is clicked on, and the kind of element that it is.
+WIDGETS = [
+    ("play", "Play", "button"),
+    ("counter", "3 votes", "button"),
+    ("follow", "Follow", "toggle"),
+    ("ruler", "Show ruler", "check"),
+    ("dismiss", "Dismiss", "button"),
+    ("remove", "Remove", "button"),
+    ("disable", "Send", "button"),
+    ("swap", "Move down", "button"),
+    ("row", "Delete Lisbon", "button"),
+    ("pages", "Next page", "button"),
+    ("tabs", "Close Charts", "button"),
+    ("menu", "Show grid", "item of View"),
+    ("chosen", "Helm", "item"),
+    ("ok", "OK", "button"),
+    ("cancel", "Cancel", "button"),
+    ("save", "Save", "button"),
+    ("close", "Close", "button"),
+    ("files", "Cancel", "button"),
+    ("window", "Leave", "button"),
+    ("slow", "Reckon", "button"),
+]
+
+# And in pages.
+PARTS_OF_PAGES = [
+    ("play", "Play", "button"),
+    ("counter", "3 votes", "button"),
+    ("follow", "Follow", "toggle"),
+    ("aria", "Sound", "button", "Mute"),
+    ("ruler", "Show ruler", "check"),
+    ("dismiss", "Dismiss", "button"),
+    ("remove", "Remove", "button"),
+    ("disable", "Send", "button"),
+    ("swap", "Move down", "button"),
+    ("row", "Delete Lisbon", "button"),
+    ("pages", "Next page", "button"),
+    ("toast", "Archive", "button"),
+    ("grab", "Grab", "button"),
+    ("vanish", "Vanish", "button"),
+    ("chosen", "Salt", "item"),
+    ("chosenAtPress", "Salt", "item"),
+    ("ok", "OK", "button"),
+    ("slow", "Reckon", "button"),
+]
+
+# What toolkits call the kinds.
+GTK3 = {"button": "push button", "toggle": "toggle button", "check": "check box", "menu item": "menu item",
+        "item": "list item", "tab": "page tab"}
+GTK4 = {**GTK3, "button": "button", "toggle": "button", "check": "checkbox", "menus have paths": False}
+QT = {**GTK3, "toggle": "check box"}
+
+
+def expected(name, kind, words):
+    if kind == "tab":
+        return click_radio_button(name, words["tab"], "")
+    if kind.startswith("item of "):
+        menu = kind.removeprefix("item of ")
+        path = f"{menu} -> {name}" if words.get("menus have paths", True) else name
+        return click(path, words["menu item"])
+    has_state = kind in ("toggle", "check") and words[kind] != words["button"]
+    return click(name, words[kind], state=1 if has_state else 2)
+
+
+def is_click(report):
+    return report["action"].startswith("Click")
+
+
+class Changing:
+    """Clicks on what changes; `application` shows the cases, `collection` has the reports."""
+
+    def __init__(self, application, collection, words, aim):
+        """`aim`: for how many seconds the pointer rests before the press."""
+        self.application, self.collection, self.words, self.aim = application, collection, words, aim
+
+    def place_of(self, target):
+        """Where it stays: toolkits lay out what is new, and window managers move it."""
+        first_seen = {}
+
+        def settled():
+            place = tuple(self.application.place(target))
+            since = first_seen.setdefault(place, time.monotonic())
+            return place if time.monotonic() - since > LONGER_THAN_A_FRAME else None
+
+        return wait_until(settled, f"{target} to stay where it is")
+
+    def told(self, case, target, kind, hold):
+        """The first report of a click, None if there is none."""
+        self.application.ask("show", case)
+        if kind.startswith("item of "):
+            self.place_of(kind.removeprefix("item of "))
+            self.application.click(kind.removeprefix("item of "))
+            self.collection.until(is_click, patience=0.3)
+        hands.point_to(self.place_of(target), across=WITHIN_THE_LABEL)
+        self.application.ask("idle", None)
+        hands.click(hold, after=self.aim)
+        reports = self.collection.until(is_click, patience=1)
+        return reports[-1] if reports and is_click(reports[-1]) else None
+
+    def wrong(self, cases, hold):
+        """The cases that are not told as a person would, each with what is told instead."""
+        faults = {}
+        for case, target, kind, *name in cases:
+            told = self.told(case, target, kind, hold)
+            right = expected(name[0] if name else target, kind, self.words)
+            if told != right:
+                faults[case] = f"{told} instead of {right}"
+        return faults

@@ -1,0 +1,65 @@
+#!/usr/bin/python3
+"""Clicks on what changes, goes or moves with the click: what was pressed is what is told."""
+from applications import ControlledApplication
+from browser import Chromium, Firefox
+from changing_cases import GTK3, GTK4, PARTS_OF_PAGES, QT, WIDGETS, Changing
+from desktop import EndToEndTest, main
+
+AS_A_PERSON_DOES = 0.08  # seconds that a button is held
+
+
+class ChangingTest:
+    """Mixed into an EndToEndTest that opens an application."""
+
+    cases = WIDGETS
+    aim = 0.15
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.changing = Changing(cls.open(cls.application()), cls.collection, cls.words, cls.aim)
+
+    def test_what_was_pressed_is_told(self):
+        for case in self.cases:
+            with self.subTest(case[0]):
+                self.assertEqual(self.changing.wrong([case], AS_A_PERSON_DOES), {})
+
+
+# For toolkits whose tabs have no parts that can be read: the button in one is told as the tab.
+WIDGETS_WITH_BARE_TABS = [("tabs", "Close Charts", "tab", "Charts") if case[0] == "tabs" else case for case in WIDGETS]
+
+
+class Gtk3(ChangingTest, EndToEndTest):
+    words, cases = GTK3, WIDGETS_WITH_BARE_TABS
+    application = staticmethod(lambda: ControlledApplication("changing_gtk3.py"))
+
+
+class Gtk4(ChangingTest, EndToEndTest):
+    words = GTK4
+    application = staticmethod(lambda: ControlledApplication("changing_gtk4.py"))
+
+
+class Qt5(ChangingTest, EndToEndTest):
+    words, cases = QT, WIDGETS_WITH_BARE_TABS
+    application = staticmethod(lambda: ControlledApplication("changing_qt.py", "PyQt5"))
+
+
+class Qt6(ChangingTest, EndToEndTest):
+    words, cases = QT, WIDGETS_WITH_BARE_TABS
+    application = staticmethod(lambda: ControlledApplication("changing_qt.py", "PyQt6"))
+
+
+class PageInChromium(ChangingTest, EndToEndTest):
+    words, cases = GTK3, PARTS_OF_PAGES
+    aim = 0.6  # a browser tells of what is new in a page only after a while
+    application = staticmethod(lambda: Chromium(page="changing.html"))
+
+
+class PageInFirefox(ChangingTest, EndToEndTest):
+    words, cases = GTK3, PARTS_OF_PAGES
+    aim = 0.6
+    application = staticmethod(lambda: Firefox(page="changing.html"))
+
+
+if __name__ == "__main__":
+    main()
