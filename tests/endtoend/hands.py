@@ -40,5 +40,5 @@ def type_text(text, keys_a_second=50):
 
 
 def click(hold, after, button="left"):
-    """Presses after so many seconds and holds for so many, without another process in between."""
-    xdotool("sleep", after, "mousedown", BUTTONS[button], "sleep", hold, "mouseup", BUTTONS[button])
+    """Moves a little, presses after so many seconds and holds for so many, without another process in between."""
+    xdotool("mousemove_relative", "1", "1", "sleep", after, "mousedown", BUTTONS[button], "sleep", hold, "mouseup", BUTTONS[button])

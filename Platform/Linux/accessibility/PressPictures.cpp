@@ -1,10 +1,19 @@
 #include "Platform/Linux/accessibility/PressPictures.h"
 
+#include <array>
 #include <utility>
 
 #include "Platform/Linux/accessibility/PicturedElement.h"
 
 namespace norra::linux_desktop {
+namespace {
+
+using std::chrono::milliseconds;
+
+// Browsers find what lies at a place only a moment after they were asked for it.
+constexpr std::array pauses{milliseconds(0), milliseconds(10), milliseconds(20)};
+
+}  // namespace
 
 PressPictures::PressPictures(AtspiSession& session, PointedElement& pointed, const ElementHandles& handles,
                              ClickRehearsal rehearse)
@@ -69,14 +78,29 @@ PressPictures::PressPtr PressPictures::awaitPress(std::unique_lock<std::mutex>& 
 }
 
 void PressPictures::take(Press& press) {
-  const AtspiReader::Reading reading(session_.reader());
-  const auto pressed = pointed_.atPress(press.place);
-  if (!pressed.isNull()) {
-    AXUIElement element(std::make_shared<PicturedElement>(session_, press.picture, handles_.element(pressed)));
-    if (rehearse_(element)) press.element = std::move(element);
-    press.picture->keepFacts(session_.reader().allKnown());
+  for (const auto pause : pauses) {
+    if (!mayLookAfter(pause, press) || !look(press)) break;
   }
   press.picture->finish();
+}
+
+bool PressPictures::mayLookAfter(std::chrono::milliseconds pause, const Press& press) {
+  std::unique_lock lock(mutex_);
+  return pause.count() == 0 ||
+         !changed_.wait_for(lock, pause, [&] { return isEnding_ || untaken_ || released_.get() == &press; });
+}
+
+// Whether another look may find more.
+bool PressPictures::look(Press& press) {
+  const AtspiReader::Reading reading(session_.reader());
+  const auto pressed = pointed_.atPress(press.place);
+  if (pressed.isNull()) return false;
+  AXUIElement element(std::make_shared<PicturedElement>(session_, press.picture, handles_.element(pressed)));
+  const bool isTold = rehearse_(element);
+  if (isTold) press.element = std::move(element);
+  press.picture->keepFacts(session_.reader().allKnown());
+  const auto application = session_.applications.find(pressed.busName);
+  return !isTold && application && application->isMet() && application->toolkit().showsWebPages;
 }
 
 }  // namespace norra::linux_desktop

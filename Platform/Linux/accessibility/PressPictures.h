@@ -51,6 +51,8 @@ class PressPictures {
   void run();
   PressPtr awaitPress(std::unique_lock<std::mutex>& lock);
   void take(Press& press);
+  bool mayLookAfter(std::chrono::milliseconds pause, const Press& press);
+  bool look(Press& press);
 
   AtspiSession& session_;
   PointedElement& pointed_;
