@@ -113,10 +113,13 @@ class Running:
             time.sleep(0.1)
 
     def complaints(self):
-        """What it says of itself to be wrong, without what differs from run to run."""
-        self.errors.flush()
+        """What it says of itself to be wrong, without what differs from run to run; None of browsers, which keep it to themselves."""
+        if self.page:
+            return None
         lines = Path(self.errors.name).read_text(errors="replace").splitlines()
-        return sorted({re.sub(r"0x[0-9a-f]+|\d+", "#", line.strip()) for line in lines if COMPLAINT.search(line)})
+        said = {re.sub(r"0x[0-9a-f]+|\d+", "#", line.strip()) for line in lines if COMPLAINT.search(line)}
+        status = self.process.poll() or 0
+        return sorted(said | ({f"ended by signal {-status}"} if status < 0 else set()))
 
     def close(self):
         self.process.terminate()
@@ -135,14 +138,18 @@ def do(case, tree, watcher):
         has_effect = case.effect.happens(tree)
     except Unable as fault:
         return {**result, "verdict": "void", "why": str(fault)}
-    judgement = watcher.judge(case.told, case.also)
-    if judgement:
-        result["told"] = [short(report) for report in judgement.reports]
-        result["verdict"] = judgement.verdict
-        result["too much"] = [short(report) for report in judgement.surplus]
+    result.update(judged(watcher, case.told, case.also))
     if not has_effect:
         result.update(verdict="void", why=f"without effect: {case.effect}")
     return result
+
+
+def judged(watcher, told, also=()):
+    judgement = watcher.judge(told, also)
+    if not judgement:
+        return {}
+    return {"verdict": judgement.verdict, "told": [short(report) for report in judgement.reports],
+            "too much": [short(report) for report in judgement.surplus]}
 
 
 def short(report):
@@ -173,14 +180,9 @@ def measure(program, watcher, pictures=None):
     results = []
     running = Running(program)
     try:
-        judgement = watcher.judge((program.opens,), ())
-        if judgement:
-            results.append({"case": "open", "expected": [str(program.opens)], "verdict": judgement.verdict,
-                            "told": [short(report) for report in judgement.reports],
-                            "too much": [short(report) for report in judgement.surplus]})
-            show(results[-1])
-        tree = Tree()
-        tree.page = running.page
+        results.append({"case": "open", "expected": [str(program.opens)], **judged(watcher, (program.opens,))})
+        show(results[-1])
+        tree = Tree(running.page)
         for number, case in enumerate(program.cases, 1):
             results.append(do(case, tree, watcher))
             show(results[-1])

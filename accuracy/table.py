@@ -11,7 +11,7 @@ HEADER = ["application", "version", "tried", "right", "wrong", "missing", "told 
 def row(result, complaints):
     verdicts = Counter(each["verdict"] for each in result["results"])
     tried = sum(verdicts.values()) - verdicts["void"]
-    surplus = sum(len(each.get("too much", [])) for each in result["results"])
+    surplus = sum(len(each["too much"]) for each in result["results"] if each["verdict"] != "void")
     return [result["title"], result["version"], tried, verdicts["right"], verdicts["wrong"], verdicts["missing"], surplus,
             verdicts["void"], "not measured" if complaints is None else len(complaints)]
 
@@ -22,7 +22,7 @@ def new_complaints(folder, path):
     if not alone.exists():
         return None
     watched = json.loads(path.read_text())["complaints"]
-    return sorted(set(watched) - set(json.loads(alone.read_text())["complaints"]))
+    return None if watched is None else sorted(set(watched) - set(json.loads(alone.read_text())["complaints"]))
 
 
 def line(cells):

@@ -139,7 +139,10 @@ class Element:
 
 
 class Tree:
-    def __init__(self):
+    """`page` is what a browser shows, which is asked for places in the tree's stead."""
+
+    def __init__(self, page=None):
+        self.page = page
         session = dbus.SessionBus()
         address = session.call_blocking("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", "", ())
         self.bus = dbus.bus.BusConnection(address)

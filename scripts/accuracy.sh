@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # accuracy.sh [APPLICATION...]: does in real applications what a person does, and prints how much of it was told as
 # somebody who saw the screen would tell it. The applications are the files of accuracy/applications; all without arguments.
-# Installs those of accuracy/packages.txt that are missing.
+# Installs those of accuracy/packages.txt that are missing. NORRA_PROGRAMS names a folder of other programs than the release's.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -15,9 +15,9 @@ readonly results=${NORRA_ACCURACY_RESULTS:-$PWD/build/accuracy}
 mkdir -p "$results"
 
 prepare() {
+  scripts/setup.sh
   scripts/setup.sh accuracy/packages.txt
   [ ! -x "$NORRA_PROGRAMS/norra-collect" ] || return 0
-  scripts/setup.sh
   cmake --preset release >/dev/null
   cmake --build --preset release --target norra-collect norra-collector-service >&2
 }

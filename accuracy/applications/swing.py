@@ -1,11 +1,12 @@
 """A Java Swing program with the accessibility wrapper."""
 from cases import *
 
+WRAPPER = ("-Djavax.accessibility.assistive_technologies=org.GNOME.Accessibility.AtkWrapper "
+           "-Djava.library.path=/usr/lib/x86_64-linux-gnu/jni -cp /usr/share/java/java-atk-wrapper.jar:{home}")
+
 PROGRAM = Program(
     "Java Swing", "libatk-wrapper-java",
-    ["java", "-cp", "/usr/share/java/java-atk-wrapper.jar",
-     "-Djava.library.path=/usr/lib/x86_64-linux-gnu/jni",
-     "-Djavax.accessibility.assistive_technologies=org.GNOME.Accessibility.AtkWrapper", "{here}/programs/Harbour.java"],
+    ["sh", "-c", "javac -d {home} {here}/programs/Harbour.java && exec java " + WRAPPER + " Harbour"],
     opens=Application(("Harbour", "Harbour ledger"), "Harbour ledger"),
     cases=[
         case(click("Weigh anchor", "button"), Click("Weigh anchor"), effect=shows("Anchor weighed", "label")),
