@@ -29,8 +29,6 @@ PROGRAM = Program(
         case(click("Lookout"), Item("Lookout")),
         case(click("Fleets", "page tab"), Radio("Fleets"), effect=shows("Southern")),
         case(click("Southern"), Item("Southern")),
-        case(choose("Voyage", "Past", "Lisbon"), Click("Voyage -> Past -> Lisbon"), also=[Click("Voyage -> Past"), Click("Voyage")],
-             effect=shows("Lisbon chosen", "label")),
         case(choose("Voyage", "About…"), Click("Voyage -> About…"), also=[Click("Voyage")], effect=titled("About")),
         case(click("OK", "button"), Click("OK"), effect=titled("Harbour ledger")),
     ])
