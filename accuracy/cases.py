@@ -14,7 +14,7 @@ from told import ItemTold, Told
 @dataclass
 class Program:
     """An application: the command that starts it, or the browser that shows a page, with which files in its home folder, and
-    what a person then does in it, in order."""
+    what a person then does in it, in order, once it is `ready`."""
     title: str
     package: str
     command: object
@@ -22,6 +22,7 @@ class Program:
     cases: list
     files: dict = field(default_factory=dict)
     environment: dict = field(default_factory=dict)
+    ready: object = None
 
 
 @dataclass

@@ -183,6 +183,9 @@ def measure(program, watcher, pictures=None):
         results.append({"case": "open", "expected": [str(program.opens)], **judged(watcher, (program.opens,))})
         show(results[-1])
         tree = Tree(running.page)
+        if program.ready:
+            wait_until(lambda: program.ready.is_seen(tree), program.ready, 60)
+            watcher.take_all()
         for number, case in enumerate(program.cases, 1):
             results.append(do(case, tree, watcher))
             show(results[-1])

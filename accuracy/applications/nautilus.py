@@ -5,6 +5,7 @@ PROGRAM = Program(
     "Nautilus", "nautilus", ["nautilus", "--new-window", "{home}/Harbour"],
     opens=Application("Files", "Harbour"),
     files={"Harbour/log.txt": "calm sea", "Harbour/tides.txt": "high at noon", "Harbour/Charts/bay.txt": "shallow"},
+    ready=shows("log.txt", "label"),
     cases=[
         case(click("Home", "label"), Item("Home"), effect=titled("Home")),
         case(click("Back", "button"), Click("Back"), effect=titled("Harbour")),

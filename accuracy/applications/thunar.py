@@ -19,7 +19,7 @@ PROGRAM = Program(
              then=keys("Escape")),
         case(choose("File", "Create Folder…"), Click("File -> Create Folder…"), effect=titled("Create")),
         case(typing("Nets"), Text(("Enter the new name:", "Nets"), "Nets")),
-        case(click("Create", "button"), Click("Create"), effect=shows("Nets", "cell")),
+        case(click("Create", "button"), Click("Create"), also=[Selected('["Nets"]')], effect=shows("Nets", "cell")),
         case(click("Computer", "cell"), Item("Computer"), effect=titled("Computer")),
         case(click("File System", "cell"), Item("File System"), effect=titled("File System")),
         case(choose("Go", "Home"), Click("Go -> Home"), effect=titled("home")),
