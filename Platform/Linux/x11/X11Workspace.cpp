@@ -8,6 +8,10 @@
 namespace norra::linux_desktop {
 namespace {
 
+constexpr std::uint64_t titleStands = 250'000;  // microseconds
+constexpr int maxTitleChecks = 4;
+constexpr std::size_t maxKnown = 4096;
+
 void selectEvents(X11Connection& connection, xcb_window_t window, std::uint32_t events) {
   xcb_change_window_attributes(connection.get(), window, XCB_CW_EVENT_MASK, &events);
   xcb_flush(connection.get());
@@ -33,6 +37,7 @@ X11Workspace::X11Workspace(sd_event* event, std::unique_ptr<X11Connection> conne
                            std::function<void()> didLoseServer)
     : windows_(windows),
       connection_(std::move(connection)),
+      titleCheck_(event, [this] { checkTitle(); }),
       source_(
           event, *connection_, [this](const auto& received) { handle(received); },
           [didLoseServer = std::move(didLoseServer)] {
@@ -42,6 +47,7 @@ X11Workspace::X11Workspace(sd_event* event, std::unique_ptr<X11Connection> conne
   selectEvents(*connection_, connection_->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
   followWindowManager();
   if (const auto active = windows_.activeApplication()) active_ = {active->window, active->process};
+  known_.insert(active_);
 }
 
 std::optional<NSRunningApplication> X11Workspace::frontmostApplication() const {
@@ -54,6 +60,7 @@ std::optional<NSRunningApplication> X11Workspace::runningApplication(ProcessIden
 }
 
 std::unique_ptr<Registration> X11Workspace::onActivation(ActivationHandler handler) {
+  reportHeld();  // it was before the registration
   const auto number = nextHandler_++;
   handlers_->emplace(number, std::move(handler));
   return std::make_unique<ActivationRegistration>(handlers_, number);
@@ -100,8 +107,35 @@ void X11Workspace::activeWindowDidChange() {
   const auto active = windows_.activeApplication();
   const auto now = active ? ActiveWindow{active->window, active->process} : ActiveWindow{};
   if (std::exchange(active_, now) == now || !active) return;
+  reportHeld();
   const bool hasGoneAgain = active->process == 0 && active->className.empty();
-  if (!hasGoneAgain) report(applications_.applicationOf(*active));
+  if (hasGoneAgain) return;
+  if (known_.size() >= maxKnown) known_.clear();
+  if (known_.insert(now).second) return hold(*active);
+  report(applications_.applicationOf(*active));
+}
+
+void X11Workspace::hold(const ApplicationWindow& window) {
+  const auto active = windows_.activeWindow();
+  held_ = Held{window, active ? active->title : std::string(), maxTitleChecks};
+  titleCheck_.requestAfter(titleStands);
+}
+
+void X11Workspace::checkTitle() {
+  if (!held_) return;
+  const auto active = windows_.activeWindow();
+  auto title = active && active->window == held_->window.window ? active->title : held_->title;
+  const bool stands = !title.empty() && title == std::exchange(held_->title, title);
+  if (stands || --held_->checksLeft == 0) return reportHeld();
+  titleCheck_.requestAfter(titleStands);
+}
+
+// What the window says of its application may have come late too.
+void X11Workspace::reportHeld() {
+  const auto held = std::exchange(held_, std::nullopt);
+  if (!held) return;
+  const auto now = windows_.applicationOf(held->window.process);
+  report(applications_.applicationOf(now && now->window == held->window.window ? *now : held->window));
 }
 
 // A handler may end its registration, or others.

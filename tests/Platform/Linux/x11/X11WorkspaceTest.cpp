@@ -56,6 +56,20 @@ TEST_F(X11WorkspaceTest, TellsOfEveryActivation) {
   EXPECT_THAT(log.texts(LogLevel::error), IsEmpty());
 }
 
+TEST_F(X11WorkspaceTest, TellsOfANewWindowWhenItsTitleStands) {
+  display.startWindowManager();
+  const TestWindow first(*client, {.className = "First"});
+  ASSERT_TRUE(waitUntil([&] { return windows.activeApplication().has_value(); }));
+  open();
+  std::vector<std::string> titles;
+  registration = workspace->onActivation([&](const auto&) { titles.push_back(windows.activeWindow()->title); });
+  TestWindow late(*client, {.title = "Loading", .className = "Late"});
+  activate(late);
+  late.set(X11Atom::windowManagerName, XCB_ATOM_STRING, "Harbour ledger");
+  ASSERT_TRUE(serve([&] { return !titles.empty(); }));
+  EXPECT_THAT(titles, ElementsAre("Harbour ledger"));
+}
+
 TEST_F(X11WorkspaceTest, TellsNothingAfterTheRegistrationIsLetGo) {
   display.startWindowManager();
   const TestWindow first(*client, {.className = "First"});
