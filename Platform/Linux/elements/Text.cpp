@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 
 #include "Platform/Linux/atspi/AtspiCalls.h"
@@ -29,14 +30,22 @@ std::string withoutEmbedded(std::string text) {
   return text;
 }
 
-std::string textOf(const ElementView& view) {
-  if (displaysWhatItHolds(view)) return view.need(Ask::displayedText).displayedText;
-  if (isSingleLine(view)) return view.need(Ask::wholeText).wholeText;
-  const auto count = view.need(Ask::characterCount).characterCount;
+// Nothing: it was not answered, or there is no text.
+std::optional<std::string> textOf(const ElementView& view) {
+  const auto ask = displaysWhatItHolds(view) ? Ask::displayedText : Ask::wholeText;
+  if (isSingleLine(view)) {
+    const auto& facts = view.needOnly(ask);
+    if (!facts.answered(ask)) return std::nullopt;
+    return ask == Ask::wholeText ? facts.wholeText : facts.displayedText;
+  }
+  const auto count = view.needOnly(Ask::characterCount).characterCount;
   const auto end = static_cast<std::int32_t>(std::clamp<std::int64_t>(count, 0, longestMultiLineText));
   const auto reply = view.reader().call({view.reference(), atspi::text, "GetText", {std::int32_t{0}, end}});
-  return readText(reply.message.get()).value_or("");
+  return readText(reply.message.get());
 }
+
+// Of fields, since they have a text, it is not asked whether they have one.
+bool mayHaveText(const ElementView& view) { return is(view.role(), RoleKind::field) || view.has(AtspiInterface::text); }
 
 std::string bulletsFor(std::int64_t count) {
   std::string text;
@@ -66,19 +75,21 @@ bool hidesText(const ElementView& view) {
   if (view.roleError() != axError::success) return true;
   const auto role = view.role();
   if (role == AtspiRole::passwordText) return noteHidden(view);
-  if (!is(role, RoleKind::field) || !view.has(AtspiInterface::text) || !displaysWhatItHolds(view)) return false;
-  return isAllBullets(view.need(Ask::displayedText).displayedText) && noteHidden(view);
+  if (!is(role, RoleKind::field) || !displaysWhatItHolds(view)) return false;
+  return isAllBullets(view.needOnly(Ask::displayedText).displayedText) && noteHidden(view);
 }
 
 AttributeResult textValue(const ElementView& view) {
-  if (!view.has(AtspiInterface::text)) return noValue();
+  if (!mayHaveText(view)) return noValue();
   // It may hide its text by now.
   if (view.need(Ask::role).isFormer) return {axError::cannotComplete, {}};
-  if (hidesText(view)) return valueOf(bulletsFor(view.need(Ask::characterCount).characterCount));
-  auto text = withoutEmbedded(textOf(view));
+  if (hidesText(view)) return valueOf(bulletsFor(view.needOnly(Ask::characterCount).characterCount));
+  auto found = textOf(view);
+  if (!found) return noValue();
+  auto text = withoutEmbedded(*std::move(found));
   if (!is(view.role(), RoleKind::field) || !isAllBullets(text)) return valueOf(std::move(text));
   noteHidden(view);
-  return valueOf(bulletsFor(view.need(Ask::characterCount).characterCount));
+  return valueOf(bulletsFor(view.needOnly(Ask::characterCount).characterCount));
 }
 
 }  // namespace norra::linux_desktop

@@ -99,13 +99,16 @@ void ElementWatch::noteChangedItems() {
 }
 
 void ElementWatch::tellChanges() {
-  const bool isHidden = hidesText(ElementView(session_.reader(), element_));
+  const ElementView view(session_.reader(), element_);
+  // All that a letter needs before the text itself.
+  view.needOnly({Ask::role, Ask::states});
+  const bool isHidden = hidesText(view);
   // What turns out to be a field with a hidden text has to be looked at anew before its text is.
   if (std::exchange(wasHidden_, isHidden) != isHidden) changed_(focusChanged);
   if (std::exchange(isValueDue_, false) && isValueNew()) tell(valueChanged);
   noteChangedItems();
   if (!std::exchange(isSelectionDue_, false)) return;
-  tell(selectionNotification(ElementView(session_.reader(), element_)));
+  tell(selectionNotification(view));
 }
 
 void ElementWatch::tell(std::string_view notification) {
