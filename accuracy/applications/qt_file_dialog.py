@@ -21,6 +21,6 @@ PROGRAM = Program(
         case(click("Cancel", "button"), Click("Cancel"), effect=shows("Cancelled", "label")),
         case(click("Save a chart", "button"), Click("Save a chart"), effect=titled("Save a chart")),
         case(typing("reef.txt"), Text(("File name", "File name:"), "reef.txt")),
-        case(click("Create New Folder", "button"), Click("Create New Folder"), then=keys("Escape")),
+        case(click("Create New Folder", "button"), Click("Create New Folder"), then=keys("Return")),
         case(click("Save", "button"), Click("Save"), effect=shows("reef.txt", "label")),
     ])
