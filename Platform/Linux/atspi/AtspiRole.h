@@ -86,6 +86,7 @@ enum class AtspiState : std::uint8_t {
   checked = 4,
   defunct = 6,
   editable = 7,
+  expandable = 9,
   focusable = 11,
   focused = 12,
   multiLine = 17,

@@ -23,7 +23,8 @@ struct CellPlace {
 
 bool liesRightBelowTable(const ElementView& cell) {
   if (cell.role() != AtspiRole::tableCell) return false;
-  return is(cell.other(cell.need(Ask::parent).parent).role(), RoleKind::tableLike);
+  const auto table = cell.other(cell.need(Ask::parent).parent);
+  return is(table.role(), RoleKind::tableLike) && table.has(AtspiInterface::table);
 }
 
 std::optional<CellPlace> placeByIndex(const ElementView& cell) {
@@ -39,13 +40,17 @@ std::optional<CellPlace> placeByIndex(const ElementView& cell) {
   return CellPlace{static_cast<std::int32_t>(*row), static_cast<std::int32_t>(*column)};
 }
 
-std::optional<CellPlace> placeOf(const ElementView& cell) {
-  if (!cell.has(AtspiInterface::tableCell)) {
-    return liesRightBelowTable(cell) ? placeByIndex(cell) : std::nullopt;
-  }
+std::optional<CellPlace> ownPlace(const ElementView& cell) {
+  if (!cell.has(AtspiInterface::tableCell)) return std::nullopt;
   const auto [row, column] = cell.need(Ask::cellPosition).cellPosition;
   if (row < 0 || column < 0) return std::nullopt;
   return CellPlace{row, column};
+}
+
+// Some cells cannot say their place, and the first one of GTK 3 takes its own for none.
+std::optional<CellPlace> placeOf(const ElementView& cell) {
+  const auto place = ownPlace(cell);
+  return !place && liesRightBelowTable(cell) ? placeByIndex(cell) : place;
 }
 
 AttributeResult elementsNamed(const std::vector<AtspiReference>& references) {

@@ -172,6 +172,19 @@ AtspiReference Focus::search(ProcessIdentifier process) {
   return followed;
 }
 
+bool Focus::mayHaveGoneUntold(const AtspiReference& lost) const {
+  const auto application = session_.applications.find(lost.busName);
+  if (!application || application->toolkit().tellsFocusOfAllFields) return false;
+  return application->focus.lastArrival() == lost || application->focus.found() == lost;
+}
+
+// What can tell of its focus is called focusable, and does.
+bool Focus::isUntold(const AtspiReference& written) {
+  const ElementView view(session_.reader(), written);
+  return is(view.role(), RoleKind::field) && view.hasState(AtspiState::editable) &&
+         !view.hasState(AtspiState::focusable) && !view.hasState(AtspiState::multiLine);
+}
+
 bool Focus::isTold(const std::string& busName) const {
   const auto application = session_.applications.find(busName);
   return !application || application->focus.found().isNull();

@@ -26,6 +26,12 @@ class Focus {
   /// lists, tables and trees it is the container.
   AtspiReference of(ProcessIdentifier process);
 
+  /// Whether the element, which lost the focus, was the last to be told of in an application that does not tell of all
+  /// that get it. Reads nothing.
+  bool mayHaveGoneUntold(const AtspiReference& lost) const;
+  /// Whether the element, in which the caret moved, is a line to write into that does not tell of its focus.
+  bool isUntold(const AtspiReference& written);
+
   /// Whether the element that is followed was told of, not found.
   bool isTold(const std::string& busName) const;
   /// Whether the element of the process that is followed is known to be a field with a hidden text. Reads no element.

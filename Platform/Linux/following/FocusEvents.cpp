@@ -9,7 +9,9 @@ class FocusEvents::Handle final : public Registration {
   Handle(FocusEvents& events, std::list<Listener>::iterator listener) : events_(events), listener_(listener) {}
   ~Handle() override {
     events_.listeners_.erase(listener_);
-    if (events_.listeners_.empty()) events_.subscription_.reset();
+    if (!events_.listeners_.empty()) return;
+    events_.subscription_.reset();
+    events_.carets_.clear();
   }
 
  private:
@@ -21,6 +23,7 @@ FocusEvents::FocusEvents(Focus& focus, AtspiEvents& events)
     : focus_(focus), events_(events), settling_(events.loop(), [this] { settleArrivals(); }) {}
 
 void FocusEvents::settleArrivals() {
+  findUntold();
   for (const auto& name : std::exchange(unsettled_, {})) focus_.settle(name);
 }
 
@@ -34,11 +37,32 @@ std::unique_ptr<Registration> FocusEvents::listen(Listener listener) {
 }
 
 void FocusEvents::arrived(const AtspiEvent& event) {
-  if (event.detail1 == 0) return;
-  unsettled_.insert(event.source.busName);
+  if (event.detail1 == 0) return left(event.source);
   settling_.request();
-  for (const auto& listener : listeners_) listener(event.source);
-  focus_.arrived(event.source);
+  tell(event.source);
+}
+
+void FocusEvents::tell(const AtspiReference& element) {
+  carets_.erase(element.busName);
+  written_.erase(element.busName);
+  unsettled_.insert(element.busName);
+  for (const auto& listener : listeners_) listener(element);
+  focus_.arrived(element);
+}
+
+void FocusEvents::left(const AtspiReference& element) {
+  if (carets_.contains(element.busName) || !focus_.mayHaveGoneUntold(element)) return;
+  AtspiEventKind caretMoved{"object:text-caret-moved", "TextCaretMoved", "", {element.busName, ""}};
+  carets_[element.busName] = events_.subscribe(std::move(caretMoved), [this](const AtspiEvent& event) {
+    written_[event.source.busName] = event.source;
+    settling_.request();
+  });
+}
+
+void FocusEvents::findUntold() {
+  for (const auto& [busName, element] : std::exchange(written_, {})) {
+    if (carets_.contains(busName) && focus_.isUntold(element)) tell(element);
+  }
 }
 
 }  // namespace norra::linux_desktop

@@ -2,11 +2,15 @@
 //
 // One change of the focus is told by several events, in an order that differs between toolkits: the element loses it,
 // the window gets it, the element gets it, the item in it becomes the active one. Nothing is decided on the first of
-// them. Arrivals are noted, and the last one is looked at when the burst is over. Main thread.
+// them. Arrivals are noted, and the last one is looked at when the burst is over.
+//
+// Some toolkits tell only that an element lost the focus where a compound one gets it (a search field). Then, until the
+// application tells of the focus again, it is listened to where its caret moves. Main thread.
 #pragma once
 
 #include <functional>
 #include <list>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -32,14 +36,19 @@ class FocusEvents {
  private:
   class Handle;
   void arrived(const AtspiEvent& event);
+  void left(const AtspiReference& element);
+  void tell(const AtspiReference& element);
   void settleArrivals();
+  void findUntold();
 
   Focus& focus_;
   AtspiEvents& events_;
   std::list<Listener> listeners_;
   std::set<std::string> unsettled_;  // bus names
   DeferredRun settling_;
-  std::unique_ptr<Registration> subscription_;  // while there are listeners
+  std::unique_ptr<Registration> subscription_;                   // while there are listeners
+  std::map<std::string, std::unique_ptr<Registration>> carets_;  // by bus name, where the focus was lost
+  std::map<std::string, AtspiReference> written_;                // where the caret moved last
 };
 
 }  // namespace norra::linux_desktop

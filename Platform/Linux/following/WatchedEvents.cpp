@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Text.h"
 
 namespace norra::linux_desktop {
@@ -59,7 +60,7 @@ std::vector<AtspiEventKind> selectionEvents(const ElementView& view) {
 
 std::string_view selectionNotification(const ElementView& view) {
   const auto role = view.role();
-  if (!is(role, RoleKind::tableLike)) return "AXSelectedChildrenChanged";
+  if (!is(role, RoleKind::tableLike) || mappedRole(view).role == "AXList") return "AXSelectedChildrenChanged";
   const bool hasCellsOnly = !view.toolkit().viewsTellSelections && role == AtspiRole::table;
   if (hasCellsOnly && view.need(Ask::selectedRows).selectedRows.empty()) return "AXSelectedCellsChanged";
   return "AXSelectedRowsChanged";

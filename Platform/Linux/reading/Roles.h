@@ -79,7 +79,7 @@ inline constexpr auto roleRows = [] {
       {filler, {"AXGroup", ""}, {mereContainer, attributesDecide}},
       {fontChooser, {"AXWindow", "AXDialog"}, {}},
       {frame, {"AXWindow", "AXStandardWindow"}, {mereContainer}},
-      {icon, {"AXImage", ""}, {item, partOfControl}},
+      {icon, {"AXImage", ""}, {item, partOfControl, textHolder}},
       {image, {"AXImage", ""}, {partOfControl}},
       {label, {"AXStaticText", ""}, {partOfControl, textHolder}},
       {layeredPane, {"AXGroup", ""}, {mereContainer, itemContainer}},

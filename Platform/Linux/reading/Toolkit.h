@@ -50,6 +50,10 @@ struct Toolkit {
   bool joinsNameAndLabel = false;
   /// Puts the page of a notebook below the label of its tab, which is not what it looks like.
   bool putsPagesBelowTabs = false;
+  /// What an expander shows and hides lies below it, which is not what a click on it is on.
+  bool putsContentBelowExpanders = false;
+  /// Tells of every element that gets the focus; else some fields show it only by where they are written into.
+  bool tellsFocusOfAllFields = true;
   /// Says where its elements are on the screen; else only where they are in their window.
   bool saysPlacesOnScreen = true;
   /// Its popovers are windows of their own, while their accessibles lie below what opens them.

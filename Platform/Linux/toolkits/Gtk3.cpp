@@ -16,9 +16,20 @@ constexpr std::int32_t marginOfTab = 16;
 constexpr std::int64_t maxColumns = 64;
 
 Asks asksForGtk3Role(AtspiRole role) {
-  if (role == AtspiRole::pushButton) return Ask::interfaces;
-  if (role == AtspiRole::comboBox) return Ask::childCount;
-  return {};
+  switch (role) {
+    case AtspiRole::pushButton:
+    case AtspiRole::table:
+    case AtspiRole::layeredPane: return Ask::interfaces;
+    case AtspiRole::comboBox: return Ask::childCount;
+    default: return {};
+  }
+}
+
+// Flow boxes are called tables, and icon views panes in layers.
+bool isListOfItems(const AtspiFacts& facts) {
+  const auto role = static_cast<AtspiRole>(facts.role);
+  const bool mayBe = role == AtspiRole::table || role == AtspiRole::layeredPane;
+  return mayBe && facts.has(AtspiInterface::selection) && !facts.has(AtspiInterface::table);
 }
 
 // It has no role for its link buttons, and says of the field beside the list, not of the box, that it can be edited.
@@ -26,6 +37,8 @@ RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surrou
   const auto role = static_cast<AtspiRole>(facts.role);
   if (role == AtspiRole::pushButton && facts.has(AtspiInterface::hyperlink)) return {"AXLink", ""};
   if (role == AtspiRole::comboBox && facts.childCount > 1) return {"AXComboBox", ""};
+  if (role == AtspiRole::icon) return {"AXGroup", ""};
+  if (isListOfItems(facts)) return {"AXList", ""};
   return {};
 }
 
@@ -80,6 +93,7 @@ AtspiReference popoverAt(const ElementView& window, CGPoint point) {
 
 // The hit test of a table finds its cells only.
 AtspiReference headerAt(const ElementView& table, CGPoint point) {
+  if (!table.has(AtspiInterface::table)) return {};
   const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, maxColumns);
   std::vector<AtspiCall> calls;
   for (std::int32_t i = 0; i < count; ++i) {
@@ -130,6 +144,7 @@ const Toolkit gtk3{
     .hasOneNameForEachRole = true,
     .isLabelledByOwnParts = false,
     .putsPagesBelowTabs = true,
+    .putsContentBelowExpanders = true,
     .asksForRole = asksForGtk3Role,
     .ownRole = ownRole,
     .elementAt = elementAt,

@@ -89,6 +89,7 @@ const Toolkit gtk4{
     .givesHiddenTextAway = true,
     .tellsNumbers = false,
     .joinsNameAndLabel = true,
+    .tellsFocusOfAllFields = false,
     .saysPlacesOnScreen = false,
     .popoversAreWindows = true,
     .marginOfItems = 8,

@@ -1,0 +1,95 @@
+// What GTK 3 means by its tables, lists and expanders.
+#include <gmock/gmock.h>
+
+#include "Platform/Linux/following/WatchedEvents.h"
+#include "tests/Platform/Linux/FakeApplication.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestElements.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
+constexpr auto number(AtspiRole role) { return static_cast<std::uint32_t>(role); }
+
+class Gtk3 : public testing::Test {
+ protected:
+  AXUIElement element(const std::string& key) { return elements_.handles.element(application_.reference(key)); }
+
+  template <typename Value>
+  std::optional<Value> read(const std::string& key, const char* attribute) {
+    const auto result = element(key).primitives().copyAttributeValue(attribute);
+    const auto* value = std::get_if<Value>(&result.value);
+    return result.error == axError::success && value ? std::optional(*value) : std::nullopt;
+  }
+  std::optional<std::string> text(const std::string& key, const char* attribute) {
+    return read<std::string>(key, attribute);
+  }
+  std::string_view selectionOf(const std::string& key) {
+    return selectionNotification({elements_.session.reader(), application_.reference(key)});
+  }
+
+  PrivateAccessibilityBus bus_;
+  NoWindowsOnScreen windows_;
+  TestElements elements_{windows_};
+  FakeApplication application_;
+};
+
+TEST_F(Gtk3, AsksTheTableWhereACellIsThatCannotSay) {
+  application_.set("table",
+                   {.role = number(AtspiRole::treeTable), .interfaces = {"Table", "Selection"}, .children = {"cell"}});
+  application_.set("cell", {.role = number(AtspiRole::tableCell), .interfaces = {"TableCell"}, .parent = "table"});
+  for (const auto* member : {"GetRowAtIndex", "GetColumnAtIndex"}) {
+    application_.answer(member, [](sd_bus_message* call) { return sd_bus_reply_method_return(call, "i", 0); });
+  }
+  application_.answer("GetIndexInParent",
+                      [](sd_bus_message* call) { return sd_bus_reply_method_return(call, "i", 0); });
+  const auto row = read<CFRange>("cell", "AXRowIndexRange");
+  const auto column = read<CFRange>("cell", "AXColumnIndexRange");
+  ASSERT_TRUE(row && column);
+  EXPECT_EQ(row->location, 0);
+  EXPECT_EQ(column->location, 0);
+}
+
+// A question for an interface that an element does not have makes the application complain.
+TEST_F(Gtk3, TakesFlowBoxesAndIconViewsForListsAndAsksThemForNoTable) {
+  for (const auto& [box, item] :
+       {std::pair(AtspiRole::table, AtspiRole::tableCell), std::pair(AtspiRole::layeredPane, AtspiRole::icon)}) {
+    elements_.epoch.begin();
+    application_.set("box", {.role = number(box), .interfaces = {"Selection"}, .children = {"item"}});
+    application_.set("item", {.role = number(item), .interfaces = {"Text"}, .parent = "box", .text = "Alpha"});
+    EXPECT_EQ(text("box", "AXRole"), "AXList");
+    EXPECT_EQ(selectionOf("box"), "AXSelectedChildrenChanged");
+    EXPECT_EQ(text("item", "AXValue"), "Alpha");
+    EXPECT_EQ(read<AXUIElement>("item", "AXParent"), element("box"));
+  }
+  for (const auto* member : {"GetRowAtIndex", "GetColumnAtIndex", "GetColumnHeader", "NColumns", "Position"}) {
+    EXPECT_EQ(application_.calls(member), 0) << member;
+  }
+}
+
+TEST_F(Gtk3, KeepsTreesAndLayoutsWhatTheyAre) {
+  application_.set("tree", {.role = number(AtspiRole::treeTable), .interfaces = {"Table", "Selection"}});
+  application_.set("table", {.role = number(AtspiRole::table), .interfaces = {"Table", "Selection"}});
+  application_.set("layout", {.role = number(AtspiRole::layeredPane)});
+  EXPECT_EQ(text("tree", "AXRole"), "AXOutline");
+  EXPECT_EQ(text("table", "AXRole"), "AXTable");
+  EXPECT_EQ(text("layout", "AXRole"), "AXGroup");
+}
+
+TEST_F(Gtk3, LetsOnlyTheLabelOfAnExpanderBelongToIt) {
+  const auto expandable = bit(AtspiState::expandable);
+  application_.set("box", {.role = number(AtspiRole::filler), .children = {"expander"}});
+  application_.set("expander", {.role = number(AtspiRole::toggleButton),
+                                .name = "More",
+                                .states = expandable,
+                                .parent = "box",
+                                .children = {"content", "label"}});
+  application_.set("content", {.role = number(AtspiRole::filler), .parent = "expander"});
+  application_.set("label", {.role = number(AtspiRole::label), .name = "More", .parent = "expander"});
+  EXPECT_EQ(read<AXUIElement>("content", "AXParent"), element("box"));
+  EXPECT_EQ(read<AXUIElement>("label", "AXParent"), element("expander"));
+}
+
+}  // namespace
+}  // namespace norra::linux_desktop
