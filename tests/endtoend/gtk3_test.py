@@ -15,7 +15,7 @@ class Gtk3Clicks(EndToEndTest):
 
     test_a_button = mouse_buttons("Drop anchor", "push button", "left", "right", "middle")
     test_a_check_box = toggle("Lanterns", "check box")
-    test_a_radio_button = radio_button("South")
+    test_a_radio_button = radio_button()
     test_a_slider = slider(50, across=0.75, down=0.7)
     test_a_spin_button = clicked(("Crew", {"across": 0.95}, click("Crew", "spin button"), change("Spinner", "Crew", "spin button", "1")),
                                  focus=("Crew", "spin button"))
@@ -42,8 +42,7 @@ class Gtk3Clicks(EndToEndTest):
                 self.expect(key_combination(told, "Weigh anchor", "push button"))
                 self.application.focus("Weigh anchor")
         hands.key("Return")
-        self.expect(change("Text", "Weigh anchor", "push button", ""),
-                    special_key("carriage return", "Weigh anchor", "push button"))
+        self.expect(special_key("carriage return", "Weigh anchor", "push button"))
         hands.key("shift+Tab")
         self.expect(special_key("Shift + back tab", "Weigh anchor", "push button"))
 

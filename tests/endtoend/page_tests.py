@@ -16,7 +16,7 @@ class PageTests(TextTests, SelectionTests):
 
     test_a_button = mouse_buttons("Weigh anchor", "push button", "left", "middle")  # its text, in fact
     test_clicks_on_a_check_box = toggle("Lanterns", "check box")
-    test_a_radio_button = radio_button("South")
+    test_a_radio_button = radio_button()
     test_an_item_of_a_list = clicked(("Red buoy", {"across": 0.05}, click("Red buoy", "list item")))
     test_a_cell_that_can_be_clicked = clicked(
         ("depth of Bergen", {}), ("depth of Lisbon", {}, click_list_item("Lisbon", "row", column="Depth", cell="12 m")))

@@ -14,7 +14,7 @@ class QtClicks:
 
     test_a_button = mouse_buttons("Drop anchor", "push button", "left", "right", "middle")
     test_a_check_box = toggle("Lanterns", "check box", across=0.1)
-    test_a_radio_button = radio_button("Course")
+    test_a_radio_button = radio_button()
     test_a_slider = slider(0, across=0.75)
     test_an_option = option("Cargo: 1", click("Salt", "list item"))
     test_menus = menus("menu item")

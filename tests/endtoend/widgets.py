@@ -26,10 +26,10 @@ def toggle(widget, control, **where):
                      for state in (1, 0)), focus=(widget, control))
 
 
-def radio_button(name):
+def radio_button():
     """`name`: what the button that has the focus is called."""
     return clicked(("South", {}, click_radio_button("South", "radio button", "Course"),
-                    change("Text", name, "radio button", "1")), focus=("South", "radio button", name))
+                    change("Text", "South", "radio button", "1")), focus=("South", "radio button"))
 
 
 def menus(control):

@@ -6,6 +6,7 @@
 
 #include "Platform/Linux/accessibility/WindowElement.h"
 #include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/following/WatchedEvents.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -31,10 +32,17 @@ AttributeResult attributeOfRoot(const ElementView& root, std::string_view attrib
 
 AXResult<AXAttributeValue> AtspiApplicationElement::copyAttributeValue(std::string_view attribute) const {
   const auto root = this->root();
-  if (attribute == "AXFocusedUIElement") return handleOrNothing(focus_.of(process_));
+  if (attribute == "AXFocusedUIElement") return followedElement();
   if (attribute == "AXFocusedWindow") return focusedWindow(root);
   if (root.isNull()) return {whyNoRoot(process_), {}};
   return handles().valueOf(attributeOfRoot(ElementView(session_.reader(), root), attribute));
+}
+
+// Of a window, a button or the like nothing is told but what is done to it.
+AXResult<AXAttributeValue> AtspiApplicationElement::followedElement() const {
+  const auto focused = focus_.of(process_);
+  const bool isOfUse = !focused.isNull() && isFollowed(ElementView(session_.reader(), focused));
+  return handleOrNothing(isOfUse ? focused : AtspiReference{});
 }
 
 AXResult<AXAttributeValue> AtspiApplicationElement::handleOrNothing(const AtspiReference& reference) const {

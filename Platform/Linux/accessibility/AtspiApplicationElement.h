@@ -23,6 +23,7 @@ class AtspiApplicationElement final : public DesktopElement {
  private:
   AtspiReference root() const { return session_.processes.rootOf(process_, session_.reader()); }
   AXResult<AXAttributeValue> focusedWindow(const AtspiReference& root) const;
+  AXResult<AXAttributeValue> followedElement() const;
   AXResult<AXAttributeValue> handleOrNothing(const AtspiReference& reference) const;
 
   AtspiSession& session_;

@@ -63,6 +63,16 @@ bool isOwnPart(const ElementView& view, const AtspiReference& label) {
   return false;
 }
 
+// What is around an element is not its label, although Qt says so of the box of a group.
+bool isAround(const ElementView& view, const AtspiReference& label) {
+  auto above = view.need(Ask::parent).parent;
+  for (int i = 0; i < mostLevelsOfALabel && !above.isNull(); ++i) {
+    if (above == label) return true;
+    above = view.other(above).need(Ask::parent).parent;
+  }
+  return false;
+}
+
 std::string withoutOwnLabel(const ElementView& view, std::string name) {
   if (!view.toolkit().joinsNameAndLabel) return name;
   const auto half = firstHalf(name);
@@ -172,7 +182,7 @@ AttributeResult titleElementOf(const ElementView& view) {
   const auto label = firstLabel(view);
   if (label.isNull()) return noValue();
   view.reader().expect(label, view.generalAsks());
-  if (isOwnPart(view, label)) return noValue();
+  if (isOwnPart(view, label) || (!view.toolkit().showsWebPages && isAround(view, label))) return noValue();
   const auto named = view.other(label);
   if (view.toolkit().showsWebPages && isFieldOfPage(named)) return noValue();
   return elementNamed(label);

@@ -58,6 +58,10 @@ std::vector<AtspiEventKind> selectionEvents(const ElementView& view) {
   return {{"object:selection-changed", "SelectionChanged", "", view.reference()}};
 }
 
+bool isFollowed(const ElementView& view) {
+  return !valueEvents(view).empty() || changesSilently(view) || !selectionEvents(view).empty();
+}
+
 std::string_view selectionNotification(const ElementView& view) {
   const auto role = view.role();
   if (!is(role, RoleKind::tableLike) || mappedRole(view).role == "AXList") return "AXSelectedChildrenChanged";

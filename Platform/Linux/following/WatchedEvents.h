@@ -16,6 +16,9 @@ std::vector<AtspiEventKind> valueEvents(const ElementView& view);
 /// Whether changes of the value come without an event, so that it is to be looked at after what the user does.
 bool changesSilently(const ElementView& view);
 
+/// Whether something of it can change that is told: its value or what is selected in it.
+bool isFollowed(const ElementView& view);
+
 /// None for an element that is not a list, table or tree.
 std::vector<AtspiEventKind> selectionEvents(const ElementView& view);
 
