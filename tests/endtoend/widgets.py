@@ -27,7 +27,6 @@ def toggle(widget, control, **where):
 
 
 def radio_button():
-    """`name`: what the button that has the focus is called."""
     return clicked(("South", {}, click_radio_button("South", "radio button", "Course"),
                     change("Text", "South", "radio button", "1")), focus=("South", "radio button"))
 
