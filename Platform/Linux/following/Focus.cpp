@@ -60,10 +60,16 @@ AtspiReference searchFocused(const ElementView& window) {
   return best;
 }
 
-// The button in a combo box of GTK 3 is part of it.
+// The button in a combo box of GTK is part of it; in GTK 4 with something between them.
 AtspiReference withoutOwnButton(const ElementView& button) {
-  const auto parent = button.need(Ask::parent).parent;
-  return button.other(parent).role() == AtspiRole::comboBox ? parent : button.reference();
+  constexpr int maxLevels = 2;
+  auto above = button.need(Ask::parent).parent;
+  for (int level = 0; level < maxLevels && !above.isNull(); ++level) {
+    const auto view = button.other(above);
+    if (view.role() == AtspiRole::comboBox) return above;
+    above = view.need(Ask::parent).parent;
+  }
+  return button.reference();
 }
 
 // The list, table or tree that an item lies in; null: it is no item of one.
@@ -80,7 +86,8 @@ AtspiReference containerOf(const ElementView& item) {
 
 // What is followed while the element has the focus.
 AtspiReference followedElement(const ElementView& focused) {
-  if (focused.role() == AtspiRole::toggleButton) return withoutOwnButton(focused);
+  const bool isButton = focused.role() == AtspiRole::toggleButton || focused.role() == AtspiRole::pushButton;
+  if (isButton) return withoutOwnButton(focused);
   auto container = containerOf(focused);
   return container.isNull() ? focused.reference() : container;
 }

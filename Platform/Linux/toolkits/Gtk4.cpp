@@ -1,5 +1,6 @@
 // GTK 4.
 #include <algorithm>
+#include <array>
 #include <string_view>
 
 #include "Platform/Linux/pointer/PlacedElements.h"
@@ -22,13 +23,21 @@ RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surrou
 
 bool isAscii(char c, char first, char last) { return c >= first && c <= last; }
 
-// GtkButton, AdwActionRow.
+bool isCapital(char c) { return isAscii(c, 'A', 'Z'); }
+
+bool isInOneWord(std::string_view name) {
+  return std::ranges::all_of(name, [](char c) { return isCapital(c) || isAscii(c, 'a', 'z') || isAscii(c, '0', '9'); });
+}
+
+// GtkButton, AdwActionRow; and what applications make of them: EditorSearchEntry, NautilusNameCell.
 bool isClassName(std::string_view name) {
-  if (!name.starts_with("Gtk") && !name.starts_with("Adw")) return false;
-  const auto rest = name.substr(3);
-  return !rest.empty() && isAscii(rest.front(), 'A', 'Z') && std::ranges::all_of(rest, [](char c) {
-    return isAscii(c, 'A', 'Z') || isAscii(c, 'a', 'z') || isAscii(c, '0', '9');
-  });
+  using namespace std::string_view_literals;
+  static constexpr std::array widgets{"Bar"sv,     "Box"sv, "Button"sv,  "Cell"sv, "Editor"sv, "Entry"sv, "Item"sv,
+                                      "Popover"sv, "Row"sv, "Sidebar"sv, "View"sv, "Widget"sv, "Window"sv};
+  if (name.size() <= 3 || !isCapital(name.front()) || !isInOneWord(name)) return false;
+  if (name.starts_with("Gtk") || name.starts_with("Adw")) return isCapital(name[3]);
+  const bool endsInWidget = std::ranges::any_of(widgets, [name](auto widget) { return name.ends_with(widget); });
+  return endsInWidget && std::ranges::count_if(name, isCapital) > 2;
 }
 
 // What stands there instead of a name.

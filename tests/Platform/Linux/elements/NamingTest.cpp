@@ -15,6 +15,9 @@ TEST(Names, LeaveOutWhatToolkitsSayInsteadOfAName) {
     const char* expected;
   };
   const Row rows[] = {{"GtkButton", AtspiRole::pushButton, gtk4, ""},
+                      {"EditorSearchEntry", AtspiRole::text, gtk4, ""},
+                      {"SearchEntry", AtspiRole::text, gtk4, "SearchEntry"},
+                      {"NautilusNameCell", AtspiRole::listItem, gtk4, ""},
                       {"AdwGizmo", AtspiRole::filler, gtk4, ""},
                       {"GtkButton", AtspiRole::pushButton, gtk3, "GtkButton"},
                       {"Gtk demo", AtspiRole::pushButton, gtk4, "Gtk demo"},
