@@ -14,14 +14,17 @@ class ChangingTest:
     cases = WIDGETS
     aim = 0.15
     not_told_yet = ()  # cases that are measured (measure_changing.py) but not held
+    first_in_page = ()  # done, so that the browser shows its page to who asks, but not held
 
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
         cls.changing = Changing(cls.open(cls.application()), cls.collection, cls.words, cls.aim)
+        for case in [case for case in cls.cases if case[0] in cls.first_in_page]:
+            cls.changing.wrong([case], AS_A_PERSON_DOES)
 
     def test_what_was_pressed_is_told(self):
-        for case in [case for case in self.cases if case[0] not in self.not_told_yet]:
+        for case in [case for case in self.cases if case[0] not in (*self.not_told_yet, *self.first_in_page)]:
             with self.subTest(case[0]):
                 self.assertEqual(self.changing.wrong([case], AS_A_PERSON_DOES), {})
 
@@ -57,6 +60,7 @@ class Qt6(ChangingTest, EndToEndTest):
 
 class PageInChromium(ChangingTest, EndToEndTest):
     words, cases = GTK3, PARTS_OF_PAGES
+    first_in_page = ("play",)
     not_told_yet = (*AT_PRESS, "chosen")  # the second look at an option finds what has come in its place
     aim = 0.6  # a browser tells of what is new in a page only after a while
     application = staticmethod(lambda: Chromium(page="changing.html"))
@@ -64,7 +68,8 @@ class PageInChromium(ChangingTest, EndToEndTest):
 
 class PageInFirefox(ChangingTest, EndToEndTest):
     words, cases = GTK3, PARTS_OF_PAGES
-    not_told_yet = AT_PRESS
+    first_in_page = ("play",)
+    not_told_yet = (*AT_PRESS, "follow")  # its toggle buttons may say their old state in the click
     aim = 0.6
     application = staticmethod(lambda: Firefox(page="changing.html"))
 
