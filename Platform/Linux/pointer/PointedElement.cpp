@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "Platform/Linux/following/MenuItems.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
@@ -30,22 +32,47 @@ bool mayBe(const WindowOnScreen& window, double distance) {
   return !window.overrideRedirect || distance <= mostDistanceOfPopUp;
 }
 
-// The top-level accessible that looks most like the window.
-AtspiReference topLevelOf(const ElementView& root, const WindowOnScreen& window) {
+struct Candidate {
+  AtspiReference reference;
+  double distance = 0;
+  bool hasTitle = false;
+  bool isActive = false;
+};
+
+std::vector<Candidate> candidatesFor(const ElementView& root, const WindowOnScreen& window) {
   const auto coordinates = root.toolkit().saysPlacesOnScreen ? Coordinates::ofScreen : Coordinates::ofWindow;
-  const PlacedElement* best = nullptr;
-  double bestDistance = 0;
-  const auto topLevels = fewPlacedChildren(root, coordinates);
-  for (const auto& one : topLevels) {
+  std::vector<Candidate> candidates;
+  for (const auto& one : fewPlacedChildren(root, coordinates)) {
     if (!one.place || !hasState(one.states, AtspiState::visible)) continue;
     const auto difference =
         std::min(distance(*one.place, window.client, coordinates), distance(*one.place, window.frame, coordinates));
-    if (!best || difference < bestDistance) {
-      best = &one;
-      bestDistance = difference;
-    }
+    if (!mayBe(window, difference)) continue;
+    candidates.push_back({one.reference, difference, false, hasState(one.states, AtspiState::active)});
   }
-  return best && mayBe(window, bestDistance) ? best->reference : AtspiReference{};
+  return candidates;
+}
+
+// Windows of an application may lie at the same place, one above the other.
+void compareTitles(const ElementView& root, const WindowOnScreen& window, std::vector<Candidate>& candidates) {
+  if (candidates.size() < 2 || window.overrideRedirect || window.title.empty()) return;
+  std::vector<AtspiQuestion> questions;
+  for (const auto& candidate : candidates) questions.push_back({candidate.reference, Ask::name});
+  root.reader().read(questions);
+  for (auto& candidate : candidates) {
+    candidate.hasTitle = root.reader().known(candidate.reference).name == window.title;
+  }
+}
+
+// The top-level accessibles that look most like the window: by the title, where one has it, then by the place.
+std::vector<Candidate> topLevelsLike(const ElementView& root, const WindowOnScreen& window) {
+  auto candidates = candidatesFor(root, window);
+  compareTitles(root, window, candidates);
+  const auto rank = [](const Candidate& candidate) { return std::pair(!candidate.hasTitle, candidate.distance); };
+  const auto best = std::ranges::min_element(candidates, {}, rank);
+  if (best == candidates.end()) return {};
+  const auto bestRank = rank(*best);
+  std::erase_if(candidates, [&](const auto& candidate) { return rank(candidate) != bestRank; });
+  return candidates;
 }
 
 // The keyboard focus went into it.
@@ -68,10 +95,6 @@ AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) 
 
 bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
   return window.overrideRedirect && toolkit.popoversAreWindows;
-}
-
-AtspiReference windowOrPopover(const ElementView& root, const WindowOnScreen& window) {
-  return isPopover(window, root.toolkit()) ? popoverOf(root, window) : topLevelOf(root, window);
 }
 
 AtspiReference hitTest(const ElementView& topLevel, const PointedAt& at) {
@@ -109,9 +132,18 @@ AtspiReference PointedElement::hitTestBelow(const AtspiReference& topLevel, CGPo
 AtspiReference PointedElement::findTopLevel(const WindowOnScreen& window) {
   const auto root = session_.processes.rootOf(window.process, session_.reader());
   if (root.isNull()) return {};
-  auto topLevel = windowOrPopover(view(root), window);
-  if (!topLevel.isNull()) topLevels_.note(window, topLevel);
-  return topLevel;
+  if (isPopover(window, view(root).toolkit())) return popoverOf(view(root), window);
+  const auto alike = topLevelsLike(view(root), window);
+  if (alike.empty()) return {};
+  if (alike.size() == 1) {
+    topLevels_.note(window, alike.front().reference);
+    return alike.front().reference;
+  }
+  // Which of them is active is sure only now.
+  const auto active = windows_.activeWindow();
+  const bool isActive = active && active->window == window.window;
+  const auto found = std::ranges::find(alike, isActive, &Candidate::isActive);
+  return found != alike.end() ? found->reference : alike.front().reference;
 }
 
 // The list of a select in a page has no accessible of its own, and nothing in it is highlighted below the pointer. What

@@ -1,6 +1,6 @@
 // Which top-level accessible belongs to which window, once it was found. The display server does not know accessibles,
 // nor accessibles their windows, so a match has to be searched for among the windows of the application, with several
-// calls each; what was found is kept as long as the window is of the same process.
+// calls each; what was found is kept as long as the window is of the same process and has the same title and size.
 #pragma once
 
 #include <map>
@@ -22,7 +22,7 @@ class KnownTopLevels {
 
  private:
   struct TopLevel {
-    ProcessIdentifier process = 0;
+    WindowOnScreen window;  // as it was when the top-level was found
     AtspiReference reference;
   };
   mutable std::mutex mutex_;
