@@ -10,6 +10,7 @@
 #include "Client/LineWriter.h"
 #include "Client/ReportFilter.h"
 #include "Client/formats/ReportFormat.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 
 namespace norra {
 
@@ -50,6 +51,23 @@ class ReportOutput {
   std::uint64_t printed_ = 0;
   std::uint64_t lost_ = 0;  // since the last one that was printed
   bool hasLost_ = false;
+};
+
+// Without it a collection that writes into a pipe would go on until the next report, which may be hours later.
+
+/// Runs a job once when the reader of a pipe or a terminal has gone, before anything more is written to it. A file has
+/// no reader that could go. Main thread.
+class ReaderWatch {
+ public:
+  ReaderWatch(linux_desktop::EventLoop& loop, int descriptor, Job readerHasGone);
+  ReaderWatch(const ReaderWatch&) = delete;
+  ReaderWatch& operator=(const ReaderWatch&) = delete;
+
+ private:
+  static int onGone(sd_event_source* source, int descriptor, std::uint32_t events, void* watch) noexcept;
+
+  Job readerHasGone_;
+  linux_desktop::EventSourcePtr source_;
 };
 
 }  // namespace norra

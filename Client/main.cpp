@@ -7,7 +7,6 @@
 #include "Client/CollectOptions.h"
 #include "Client/DesktopCheck.h"
 #include "Client/PauseControl.h"
-#include "Client/ReaderWatch.h"
 #include "Client/ReportOutput.h"
 #include "Client/StatisticsView.h"
 

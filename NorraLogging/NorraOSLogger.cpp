@@ -3,8 +3,6 @@
 #include <array>
 #include <utility>
 
-#include "NorraLogging/NorraOSLoggerFactory.h"
-
 namespace norra {
 namespace {
 

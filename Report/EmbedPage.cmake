@@ -9,5 +9,5 @@ foreach(file IN LISTS page_scripts)
 endforeach()
 string(REPLACE "{{style}}" "${style}" page "${page}")
 string(REPLACE "{{script}}" "${script}" page "${page}")
-file(WRITE ${OUTPUT} "#include \"Report/PageTemplate.h\"\n
+file(WRITE ${OUTPUT} "#include \"Report/ReportPage.h\"\n
 namespace norra::report {\nconst std::string_view pageTemplate = R\"~page~(${page})~page~\";\n}  // namespace norra::report\n")

@@ -1,7 +1,5 @@
 #include "Report/ReportPage.h"
 
-#include "Report/PageTemplate.h"
-
 namespace norra::report {
 namespace {
 

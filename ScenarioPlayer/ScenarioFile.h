@@ -9,6 +9,10 @@
 
 #include "Platform/Simulated/Desktop.h"
 
+#include <string_view>
+
+#include "ScenarioPlayer/JsonCursor.h"
+
 namespace norra::scenario {
 
 struct Connect {
@@ -90,5 +94,8 @@ struct ScenarioFile {
   simulated::DesktopDescription desktop;
   std::vector<Step> steps;
 };
+
+/// Reads the whole text of a scenario file, or gives the first fault that it came upon.
+std::variant<ScenarioFile, ScenarioFault> readScenario(std::string_view text);
 
 }  // namespace norra::scenario

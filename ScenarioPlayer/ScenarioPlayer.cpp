@@ -1,6 +1,6 @@
 #include "ScenarioPlayer/ScenarioPlayer.h"
 
-#include "NorraLogging/NorraOSLoggerFactory.h"
+#include "NorraLogging/NorraOSLogger.h"
 #include "ScenarioPlayer/Transcript.h"
 #include "UserInteractionsCollectorService/ServiceEntry.h"
 

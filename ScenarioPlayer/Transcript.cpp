@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
-#include "NorraLogging/NorraOSLoggerFactory.h"
+#include "NorraLogging/NorraOSLogger.h"
 
 namespace norra::scenario {
 

@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "ScenarioPlayer/ReportDecoding.h"
+#include "ScenarioPlayer/ScenarioFile.h"
 #include "ScenarioPlayer/ScenarioPlayer.h"
-#include "ScenarioPlayer/ScenarioReader.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "UserInteractionsCollectorService/ServiceDelegate.h"
 
-#include "UserInteractionsCollectorService/ServiceLogger.h"
+#include "UserInteractionsCollectorService/ServiceEntry.h"
 #include "UserInteractionsCollectorService/UserInteractionsCollectorService.h"
 
 namespace norra {

@@ -1,7 +1,7 @@
 #include "UserInteractionsCollectorService/ServiceEntry.h"
 
+#include "NorraLogging/NorraOSLogger.h"
 #include "UserInteractionsCollectorService/ServiceDelegate.h"
-#include "UserInteractionsCollectorService/ServiceLogger.h"
 
 namespace norra {
 
@@ -17,6 +17,12 @@ std::optional<int> runService(const std::function<Platform()>& startPlatform) {
   if (const auto status = platform.listener.activate()) return status;
   logger.info("Service stopped");
   return std::nullopt;
+}
+
+NorraOSLogger& serviceLogger() {
+  static const auto logger =
+      NorraOSLoggerFactory::newOSLogger(std::string(mainBundleIdentifier), "UserInteractionsCollectorService", "X");
+  return *logger;
 }
 
 }  // namespace norra

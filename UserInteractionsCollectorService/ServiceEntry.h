@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 
+#include "NorraLogging/NorraOSLogger.h"
 #include "Platform/Platform.h"
 
 namespace norra {
@@ -12,5 +13,8 @@ namespace norra {
 /// follows. Main thread. Gives the status that the process was told to exit with; nothing when it ended by itself,
 /// which the log says.
 std::optional<int> runService(const std::function<Platform()>& startPlatform);
+
+/// The logger of the service host. Any thread.
+NorraOSLogger& serviceLogger();
 
 }  // namespace norra

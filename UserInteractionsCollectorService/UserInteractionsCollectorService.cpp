@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "NorraBase/Text.h"
-#include "UserInteractionsCollectorService/ServiceLogger.h"
+#include "UserInteractionsCollectorService/ServiceEntry.h"
 
 namespace norra {
 namespace {

@@ -3,11 +3,10 @@
 #include <cstdio>
 
 #include "NorraDataCollector/TapEventsCollector/Rehearsal.h"
-#include "NorraLogging/NorraOSLoggerFactory.h"
+#include "NorraLogging/NorraOSLogger.h"
 #include "Platform/Linux/LinuxPlatform.h"
 #include "Platform/Linux/runtime/JournalSink.h"
 #include "UserInteractionsCollectorService/ServiceEntry.h"
-#include "UserInteractionsCollectorService/ServiceLogger.h"
 
 namespace {
 

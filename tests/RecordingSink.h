@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "NorraLogging/NorraOSLoggerFactory.h"
+#include "NorraLogging/NorraOSLogger.h"
 
 namespace norra {
 

@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <vector>
 
-#include "Client/formats/JsonLine.h"
+#include "Client/formats/Report.h"
 #include "NorraBase/OneOf.h"
 #include "NorraDataCollector/model/ActionFields.h"
 

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <functional>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 
 namespace norra {
@@ -22,5 +23,12 @@ struct FormatOptions {
   /// Whether the lines may hold a terminal's color sequences.
   bool usesColor = false;
 };
+
+/// The members of the report's event, then "date" in ISO 8601 (UTC, microseconds) and "isApplicationEvent". An event
+/// that is no JSON object is left out.
+nlohmann::ordered_json membersOf(const Report& report);
+
+/// The same as the text of one JSON object.
+std::string jsonLine(const Report& report);
 
 }  // namespace norra

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "Client/formats/CsvLine.h"
-#include "Client/formats/JsonLine.h"
+#include "Client/formats/Report.h"
 #include "Client/formats/TextLine.h"
 
 namespace norra {

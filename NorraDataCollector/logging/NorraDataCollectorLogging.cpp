@@ -1,6 +1,6 @@
 #include "NorraDataCollector/logging/NorraDataCollectorLogging.h"
 
-#include "NorraLogging/NorraOSLoggerFactory.h"
+#include "NorraLogging/NorraOSLogger.h"
 
 namespace norra::NorraDataCollectorLogging {
 

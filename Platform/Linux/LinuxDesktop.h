@@ -7,9 +7,8 @@
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
-#include "Platform/Linux/display/AbsentDisplay.h"
 #include "Platform/Linux/display/DisplayServer.h"
-#include "Platform/Linux/display/PointerPress.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Workspace.h"
 

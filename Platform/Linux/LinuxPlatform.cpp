@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "Platform/Linux/LinuxDesktop.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/runtime/SerialExecutorThread.h"
-#include "Platform/Linux/runtime/SystemClock.h"
 #include "Platform/Linux/service/ServiceProcess.h"
 #include "Platform/Linux/service/StatisticsObject.h"
 

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "Platform/Linux/display/PointerPress.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/service/BusListener.h"
 #include "Platform/Platform.h"

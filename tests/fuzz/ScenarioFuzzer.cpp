@@ -1,8 +1,8 @@
 // Any text as a scenario: it is refused, or it plays to its end, the same way each time.
 #include <sstream>
 
+#include "ScenarioPlayer/ScenarioFile.h"
 #include "ScenarioPlayer/ScenarioPlayer.h"
-#include "ScenarioPlayer/ScenarioReader.h"
 #include "tests/fuzz/FuzzInput.h"
 
 namespace norra::fuzz {

@@ -11,7 +11,7 @@
 
 #include "Platform/Linux/accessibility/ElementHandles.h"
 #include "Platform/Linux/accessibility/Picture.h"
-#include "Platform/Linux/display/PointerPress.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
 
 namespace norra::linux_desktop {
 

@@ -5,7 +5,7 @@
 #include <unordered_map>
 
 #include "Platform/Linux/applications/DesktopFiles.h"
-#include "Platform/Linux/display/ApplicationWindows.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
 #include "Platform/Workspace.h"
 
 namespace norra::linux_desktop {

@@ -3,8 +3,8 @@
 #include <chrono>
 
 #include "Platform/Linux/atspi/AtspiMessage.h"
-#include "Platform/Linux/runtime/BusWaiting.h"
 #include "Platform/Linux/runtime/PlatformLogger.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra::linux_desktop {
 namespace {

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "Platform/Linux/runtime/BusWaiting.h"
+#include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra::linux_desktop {
 

@@ -11,6 +11,9 @@
 
 #include "Platform/Accessibility.h"
 
+#include <cmath>
+#include <functional>
+
 namespace norra::linux_desktop {
 
 /// A rectangle in pixels of the screen.
@@ -64,5 +67,37 @@ class NoWindowsOnScreen final : public WindowsOnScreen {
   std::optional<WindowOnScreen> topLevelWindowAt(CGPoint /*point*/) override { return std::nullopt; }
   std::optional<WindowOnScreen> activeWindow() override { return std::nullopt; }
 };
+
+/// What one window tells of its application; what it does not tell is empty.
+struct ApplicationWindow {
+  std::uint32_t window = 0;
+  /// 0 where neither the display server nor the window knows a process of this machine.
+  ProcessIdentifier process = 0;
+  /// The instance's and the class's name, as WM_CLASS has them.
+  std::string instanceName;
+  std::string className;
+  /// The names that GTK and KDE give their windows.
+  std::string gtkApplicationIdentifier;
+  std::string kdeDesktopFile;
+};
+
+/// Any thread; every answer comes within a bound.
+class ApplicationWindows {
+ public:
+  virtual ~ApplicationWindows() = default;
+  /// Of the process's active window, else of its topmost one. Nothing: it has no window.
+  virtual std::optional<ApplicationWindow> applicationOf(ProcessIdentifier process) = 0;
+};
+
+// A press of a button that clicks, as far as it matters for what lies under the pointer.
+
+/// Asks an element all that will be asked of it when it was clicked. Whether the click would be told.
+using ClickRehearsal = std::function<bool(const AXUIElement& element)>;
+
+/// Whether the pointer moved no further than it does while a button is clicked.
+inline bool isSamePlace(CGPoint press, CGPoint release) {
+  constexpr double steadyHandPixels = 4;
+  return std::abs(press.x - release.x) <= steadyHandPixels && std::abs(press.y - release.y) <= steadyHandPixels;
+}
 
 }  // namespace norra::linux_desktop

@@ -82,4 +82,9 @@ class EventLoop final : public MainRunLoop {
   std::optional<int> status_;
 };
 
+class SystemClock final : public Clock {
+ public:
+  std::chrono::system_clock::time_point now() const override { return std::chrono::system_clock::now(); }
+};
+
 }  // namespace norra::linux_desktop

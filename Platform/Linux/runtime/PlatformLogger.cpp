@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "NorraLogging/NorraOSLoggerFactory.h"
+#include "NorraLogging/NorraOSLogger.h"
 
 namespace norra::linux_desktop {
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+#include "NorraUserInteractionsCollectorServiceProtocol/ClientProtocol.h"
 #include "Platform/Connection.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/service/ClientDelivery.h"
@@ -44,6 +45,22 @@ class BusConnection final : public NSXPCConnection {
   std::shared_ptr<ServiceProtocol> exportedObject_;
   std::function<void()> invalidated_;
   std::function<void()> interrupted_;
+};
+
+/// Calls addEvent of one client without waiting. Any thread; what it sends goes out from the main thread.
+class ClientProxy final : public ClientProtocol {
+ public:
+  /// `loop` outlives the proxy, and the client's bus is open while the loop runs.
+  ClientProxy(EventLoop& loop, ClientDelivery::Client client, ClientDelivery::ErrorHandler errorHandler);
+  ~ClientProxy() override;
+  ClientProxy(const ClientProxy&) = delete;
+  ClientProxy& operator=(const ClientProxy&) = delete;
+
+  void addEvent(std::string event, std::chrono::system_clock::time_point date, bool isApplicationEvent) override;
+
+ private:
+  EventLoop& loop_;
+  std::shared_ptr<ClientDelivery> delivery_;  // ends on the main thread
 };
 
 }  // namespace norra::linux_desktop

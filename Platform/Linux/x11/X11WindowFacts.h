@@ -2,7 +2,6 @@
 // were asked for together cost hardly more than one.
 #pragma once
 
-#include "Platform/Linux/display/ApplicationWindows.h"
 #include "Platform/Linux/display/WindowsOnScreen.h"
 #include "Platform/Linux/x11/X11Connection.h"
 #include "Platform/Linux/x11/X11WindowTree.h"

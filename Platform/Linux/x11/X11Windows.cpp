@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "Platform/Linux/display/PointerPress.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
 
 namespace norra::linux_desktop {
 

@@ -4,7 +4,7 @@
 #include <ctime>
 
 #include "Client/formats/CsvLine.h"
-#include "Client/formats/JsonLine.h"
+#include "Client/formats/Report.h"
 #include "Client/formats/ReportFormat.h"
 #include "NorraDataCollector/model/ActionEncoding.h"
 

@@ -1,4 +1,4 @@
-#include "ScenarioPlayer/ScenarioReader.h"
+#include "ScenarioPlayer/ScenarioFile.h"
 
 #include "ScenarioPlayer/DesktopReading.h"
 #include "ScenarioPlayer/StepReading.h"

@@ -1,4 +1,4 @@
-#include "Platform/Linux/display/AbsentDisplay.h"
+#include "Platform/Linux/display/DisplayServer.h"
 
 #include "Platform/Linux/runtime/PlatformLogger.h"
 

@@ -1,4 +1,4 @@
-#include "Client/formats/JsonLine.h"
+#include "Client/formats/Report.h"
 
 #include <nlohmann/json.hpp>
 

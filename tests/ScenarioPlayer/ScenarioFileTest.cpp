@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "ScenarioPlayer/ScenarioReader.h"
+#include "ScenarioPlayer/ScenarioFile.h"
 
 namespace norra::scenario {
 namespace {
@@ -133,13 +133,13 @@ ScenarioFile readValid(const std::string& text) {
   return fault != nullptr ? ScenarioFile{} : std::get<ScenarioFile>(std::move(read));
 }
 
-TEST(ScenarioReader, EveryKeyIsOptional) {
+TEST(ScenarioFile, EveryKeyIsOptional) {
   const auto scenario = readValid("{}");
   EXPECT_TRUE(scenario.desktop.canObserveInput);
   EXPECT_TRUE(scenario.steps.empty());
 }
 
-TEST(ScenarioReader, WholeNumbersAreWholeHoweverTheyAreWritten) {
+TEST(ScenarioFile, WholeNumbersAreWholeHoweverTheyAreWritten) {
   const auto content = [](const std::string& value) {
     return std::get<NSNumber>(readValid(withAttribute(value)).desktop.elements.at("a").attributes.at("v"));
   };
@@ -151,14 +151,14 @@ TEST(ScenarioReader, WholeNumbersAreWholeHoweverTheyAreWritten) {
   EXPECT_EQ(content("true"), NSNumber{true});
 }
 
-TEST(ScenarioReader, DecimalSecondsAddUpExactly) {
+TEST(ScenarioFile, DecimalSecondsAddUpExactly) {
   const auto scenario = readValid(R"({"steps":[{"advance":0.1},{"advance":0.7},{"advance":0.2},{"advance":1e-9}]})");
   std::chrono::nanoseconds total{0};
   for (const auto& step : scenario.steps) total += std::get<Advance>(step).by;
   EXPECT_EQ(total, 1000ms + 1ns);
 }
 
-TEST(ScenarioReader, KeysAreReadByNameOrNumber) {
+TEST(ScenarioFile, KeysAreReadByNameOrNumber) {
   const auto key = [](const std::string& fields) {
     return std::get<PressKey>(readValid(R"({"steps":[{"key":{)" + fields + "}}]}").steps.at(0)).key.value();
   };
