@@ -36,5 +36,6 @@ endfunction()
 
 program_pages(norra-collect "print what is done in the applications of this desktop")
 program_pages(norra-collector-service "watch what is done in the applications of this desktop")
+program_pages(norra-export "make an event log for process mining from a recorded session")
 program_pages(norra-report "make a page to look at from a recorded session")
 program_pages(norra-scenario "play a described desktop through the collector service")

@@ -9,7 +9,7 @@ for document in *.md docs/*.md examples/*.md examples/*/*.md; do
   for link in $(grep -oE '\]\([^)#: ]+' "$document" | sed 's/^](//'); do
     [ -e "$(dirname "$document")/$link" ] || complain "$document" "$link"
   done
-  for name in $(grep -oE '`(Client|NorraDataCollector|Platform|Report|ScenarioPlayer|docs|examples|packaging|scripts|tests)/[A-Za-z0-9_./-]+`' \
+  for name in $(grep -oE '`(Client|Export|Fleet|NorraDataCollector|Platform|Report|ScenarioPlayer|docs|examples|packaging|scripts|tests)/[A-Za-z0-9_./-]+`' \
     "$document" | tr -d '`'); do
     [ -e "$name" ] || [ -e "$name.h" ] || complain "$document" "$name"
   done

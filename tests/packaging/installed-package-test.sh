@@ -37,7 +37,7 @@ pack() {
 
 check_files() {
   local file
-  for file in bin/norra-collect bin/norra-collector-service bin/norra-report bin/norra-scenario \
+  for file in bin/norra-collect bin/norra-collector-service bin/norra-report bin/norra-export bin/norra-scenario \
     share/dbus-1/services/$service.service share/systemd/user/norra-collector-service.service \
     share/dbus-1/interfaces/com.norra.ServiceProtocol.xml share/man/man1/norra-collect.1.gz \
     share/doc/$package/README.Debian; do
@@ -76,6 +76,7 @@ check_collecting() {
   norra-scenario $scenario.json | diff $scenario.expected - || fail "the scenario of the documents"
   norra-scenario --decode "$folder/session.jsonl" >/dev/null || fail "norra-scenario"
   norra-report "$folder/session.jsonl" -o "$folder/session.html" && [ -s "$folder/session.html" ] || fail "norra-report"
+  norra-export "$folder/session.jsonl" | grep -q "^</log>" || fail "norra-export"
   c++ -std=c++20 -fsyntax-only $(pkg-config --cflags $package) -x c++ - <<<'
     #include "NorraUserInteractionsCollectorServiceProtocol/BusNames.h"
     #include "NorraUserInteractionsCollectorServiceProtocol/ServiceProtocol.h"
