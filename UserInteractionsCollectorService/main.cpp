@@ -17,7 +17,7 @@ constexpr const char* description =
 constexpr int usageError = 2;
 
 int serve() {
-  const auto created = norra::linux_desktop::LinuxPlatform::create(norra::rehearseClick);
+  const auto created = norra::linux_desktop::LinuxPlatform::create({norra::rehearseClick, norra::rehearseKey});
   if (!created.platform) {
     std::fprintf(stderr, "norra-collector-service: %s\n", created.problem.c_str());
     return 1;

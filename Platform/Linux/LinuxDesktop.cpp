@@ -25,13 +25,13 @@ InputListeners LinuxDesktop::listeners(EventLoop& loop) {
           .clickTimes = &loop.clickTimes()};
 }
 
-LinuxDesktop::LinuxDesktop(EventLoop& loop, ClickRehearsal rehearse)
+LinuxDesktop::LinuxDesktop(EventLoop& loop, Rehearsals rehearsals)
     // Without it nothing is left to watch: clients are better told by the service's end.
     : display_(openX11Display(loop.event(), listeners(loop), [&loop] { loop.end(statusWithoutServer); })),
       absentWorkspace_(windowReadiness(facts()).advice),
       absentEventTaps_(inputReadiness(facts()).advice),
       accessibility_(std::make_unique<AtspiAccessibility>(loop.event(), display_ ? display_->windows() : noWindows_,
-                                                          eventTaps(), std::move(rehearse))) {
+                                                          eventTaps(), std::move(rehearsals))) {
   if (facts().isWayland) platformLogger().error(displayReadiness(facts()).advice);
 }
 

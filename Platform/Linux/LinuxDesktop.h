@@ -19,8 +19,8 @@ class AtspiAccessibility;
 /// Main thread. What is missing is stood in for by an object that says so at its first use.
 class LinuxDesktop {
  public:
-  /// `loop` must outlive this. `rehearse` as for PressPictures.
-  LinuxDesktop(EventLoop& loop, ClickRehearsal rehearse);
+  /// `loop` must outlive this. `rehearsals` as for LinuxPlatform.
+  LinuxDesktop(EventLoop& loop, Rehearsals rehearsals);
   ~LinuxDesktop();
   LinuxDesktop(const LinuxDesktop&) = delete;
   LinuxDesktop& operator=(const LinuxDesktop&) = delete;

@@ -11,7 +11,7 @@
 namespace norra::linux_desktop {
 
 struct LinuxPlatform::Parts {
-  Parts(EventLoop& loop, BusListener& listener, const ClickRehearsal& rehearse, std::chrono::nanoseconds idleTime);
+  Parts(EventLoop& loop, BusListener& listener, const Rehearsals& rehearsals, std::chrono::nanoseconds idleTime);
   ServiceStatistics statistics();
 
   EventLoop& loop;
@@ -23,11 +23,11 @@ struct LinuxPlatform::Parts {
   StatisticsObject statisticsObject;
 };
 
-LinuxPlatform::Parts::Parts(EventLoop& theLoop, BusListener& theListener, const ClickRehearsal& rehearse,
+LinuxPlatform::Parts::Parts(EventLoop& theLoop, BusListener& theListener, const Rehearsals& rehearsals,
                             std::chrono::nanoseconds idleTime)
     : loop(theLoop),
       listener(theListener),
-      desktop(loop, rehearse),
+      desktop(loop, rehearsals),
       executors(loop),
       process({loop, executors, listener}, idleTime),
       statisticsObject(listener.bus(), [this] { return statistics(); }) {}
@@ -44,24 +44,24 @@ ServiceStatistics LinuxPlatform::Parts::statistics() {
   return statistics;
 }
 
-LinuxPlatform::Created LinuxPlatform::create(ClickRehearsal rehearse, std::chrono::nanoseconds idleTime) {
+LinuxPlatform::Created LinuxPlatform::create(Rehearsals rehearsals, std::chrono::nanoseconds idleTime) {
   auto loop = std::make_unique<EventLoop>();
   loop->onTerminationSignals([&loop = *loop] { loop.end(std::nullopt); });
   auto [listener, problem] = BusListener::open(*loop);
   if (!listener) return {nullptr, problem};
   return {std::unique_ptr<LinuxPlatform>(
-              new LinuxPlatform(std::move(loop), std::move(listener), std::move(rehearse), idleTime)),
+              new LinuxPlatform(std::move(loop), std::move(listener), std::move(rehearsals), idleTime)),
           {}};
 }
 
 LinuxPlatform::LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener,
-                             ClickRehearsal rehearse, std::chrono::nanoseconds idleTime)
-    : loop_(std::move(loop)), listener_(std::move(listener)), rehearse_(std::move(rehearse)), idleTime_(idleTime) {}
+                             Rehearsals rehearsals, std::chrono::nanoseconds idleTime)
+    : loop_(std::move(loop)), listener_(std::move(listener)), rehearsals_(std::move(rehearsals)), idleTime_(idleTime) {}
 
 LinuxPlatform::~LinuxPlatform() = default;
 
 Platform LinuxPlatform::facilities() {
-  if (!parts_) parts_ = std::make_unique<Parts>(*loop_, *listener_, rehearse_, idleTime_);
+  if (!parts_) parts_ = std::make_unique<Parts>(*loop_, *listener_, rehearsals_, idleTime_);
   return {.accessibility = parts_->desktop.accessibility(),
           .eventTaps = parts_->desktop.eventTaps(),
           .workspace = parts_->desktop.workspace(),

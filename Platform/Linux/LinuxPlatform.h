@@ -24,8 +24,8 @@ class LinuxPlatform {
     std::string problem;                      // then: why, and what to do
   };
   /// Takes the service's name on the session bus; looks at nothing yet, and logs nothing.
-  /// `rehearse` as for PressPictures: empty, clicks are told by what lies there when they are over.
-  static Created create(ClickRehearsal rehearse = {}, std::chrono::nanoseconds idleTime = defaultIdleTime);
+  /// Without rehearsals, clicks and keys are told by what is there when they are over.
+  static Created create(Rehearsals rehearsals = {}, std::chrono::nanoseconds idleTime = defaultIdleTime);
   ~LinuxPlatform();
   LinuxPlatform(const LinuxPlatform&) = delete;
   LinuxPlatform& operator=(const LinuxPlatform&) = delete;
@@ -36,12 +36,12 @@ class LinuxPlatform {
  private:
   struct Parts;
 
-  LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener, ClickRehearsal rehearse,
+  LinuxPlatform(std::unique_ptr<EventLoop> loop, std::unique_ptr<BusListener> listener, Rehearsals rehearsals,
                 std::chrono::nanoseconds idleTime);
 
   const std::unique_ptr<EventLoop> loop_;
   const std::unique_ptr<BusListener> listener_;
-  const ClickRehearsal rehearse_;
+  const Rehearsals rehearsals_;
   const std::chrono::nanoseconds idleTime_;
   std::unique_ptr<Parts> parts_;  // null before the first call of facilities()
 };

@@ -148,7 +148,7 @@ def main():
         places.widgets = kit.widgets
         return places.place(kit.items.get(name, name))
 
-    control = Control({"place": place, "show": cases.show}, lambda function: GLib.idle_add(function))
+    control = Control({"place": place, "show": cases.show, "focus": lambda name: kit.widgets[name].grab_focus() and None}, lambda function: GLib.idle_add(function))
     kit.main.connect("map", lambda *_: control.begin())
     kit.clear()
     GLib.MainLoop().run()

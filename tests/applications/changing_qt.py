@@ -145,7 +145,7 @@ def main():
         return places.place({"Helm": "Duties 0 0"}.get(name, name) if "Duties" in kit.widgets else name)
 
     invoker = Invoker()
-    control = Control({"place": place, "show": cases.show}, invoker.invoked.emit)
+    control = Control({"place": place, "show": cases.show, "focus": lambda name: kit.widgets[name].setFocus()}, invoker.invoked.emit)
     kit.main.show()
     QtCore.QTimer.singleShot(0, control.begin)
     sys.exit(application.exec())

@@ -2,7 +2,7 @@
 import time
 
 import hands
-from expected import click, click_radio_button
+from expected import click, click_radio_button, key_combination, special_key
 from waiting import wait_until
 
 WITHIN_THE_LABEL = 0.1
@@ -54,6 +54,29 @@ PARTS_OF_PAGES = [
     ("slow", "Reckon", "button"),
 ]
 
+# Keys that change or close what has the keyboard focus.
+KEYS = [
+    ("play", "Play", "Return"),
+    ("counter", "3 votes", "Return"),
+    ("dismiss", "Dismiss", "Return"),
+    ("row", "Delete Lisbon", "Return"),
+    ("pages", "Next page", "Return"),
+    ("slow", "Reckon", "Return"),
+]
+KEYS_IN_DIALOGS = [
+    ("ok", "OK", "Return"),
+    ("cancel", "Cancel", "Return"),
+    ("save", "Save", "Return"),
+    ("close", "Close", "Return"),
+]
+KEYS_IN_WINDOWS = [
+    ("window", "Leave", "alt+F4"),
+]
+
+# What keys are called.
+SPECIAL_KEYS = {"Return": "carriage return"}
+COMBINATIONS = {"alt+F4": "Option + Function + f4"}
+
 # What toolkits call the kinds.
 GTK3 = {"button": "push button", "toggle": "toggle button", "check": "check box", "menu item": "menu item",
         "item": "list item", "tab": "page tab"}
@@ -74,6 +97,10 @@ def expected(name, kind, words):
 
 def is_click(report):
     return report["action"].startswith("Click")
+
+
+def is_key(report):
+    return report["action"].startswith("Press")
 
 
 class Changing:
@@ -106,6 +133,30 @@ class Changing:
         hands.click(hold, after=self.aim)
         reports = self.collection.until(is_click, patience=1)
         return reports[-1] if reports and is_click(reports[-1]) else None
+
+    def told_by_key(self, case, target, key):
+        """The report of a key that is pressed in a widget when it has the focus, with what it does to the widget."""
+        self.application.ask("show", case)
+        self.place_of(target)
+        self.application.focus(target)
+        idle = key_combination("Function + f9", target, self.words["button"])
+        wait_until(lambda: idle in self.reports_of_key("F9"), f"{target} to be followed")
+        reports = self.reports_of_key(key)
+        return reports[-1] if reports else None
+
+    def reports_of_key(self, key):
+        hands.key(key)
+        return self.collection.until(is_key, patience=0.5)
+
+    def wrong_keys(self, cases):
+        faults = {}
+        for case, target, key in cases:
+            told, control = self.told_by_key(case, target, key), self.words["button"]
+            right = (special_key(SPECIAL_KEYS[key], target, control) if key in SPECIAL_KEYS
+                     else key_combination(COMBINATIONS[key], target, control))
+            if told != right:
+                faults[case] = f"{told} instead of {right}"
+        return faults
 
     def wrong(self, cases, hold):
         """The cases that are not told as a person would, each with what is told instead."""

@@ -2,7 +2,8 @@
 """Clicks on what changes, goes or moves with the click: what was pressed is what is told."""
 from applications import ControlledApplication
 from browser import Chromium, Firefox
-from changing_cases import GTK3, GTK4, PARTS_OF_PAGES, QT, WIDGETS, Changing
+from changing_cases import (GTK3, GTK4, KEYS, KEYS_IN_DIALOGS, KEYS_IN_WINDOWS, PARTS_OF_PAGES, QT, WIDGETS,
+                            Changing)
 from desktop import EndToEndTest, main
 
 AS_A_PERSON_DOES = 0.08  # seconds that a button is held
@@ -13,6 +14,7 @@ class ChangingTest:
 
     cases = WIDGETS
     aim = 0.15
+    keys = KEYS + KEYS_IN_DIALOGS + KEYS_IN_WINDOWS
     not_told_yet = ()  # cases that are measured (measure_changing.py) but not held
     first_in_page = ()  # done, so that the browser shows its page to who asks, but not held
 
@@ -27,6 +29,12 @@ class ChangingTest:
         for case in [case for case in self.cases if case[0] not in (*self.not_told_yet, *self.first_in_page)]:
             with self.subTest(case[0]):
                 self.assertEqual(self.changing.wrong([case], AS_A_PERSON_DOES), {})
+
+
+    def test_what_had_the_focus_is_told(self):
+        for case in self.keys:
+            with self.subTest(case[0]):
+                self.assertEqual(self.changing.wrong_keys([case]), {})
 
 
 # A page that changes at the press may do so before it can be asked.
@@ -49,17 +57,17 @@ class Gtk4(ChangingTest, EndToEndTest):
 
 
 class Qt5(ChangingTest, EndToEndTest):
-    words, cases = QT, WIDGETS_WITH_BARE_TABS
+    words, cases, keys = QT, WIDGETS_WITH_BARE_TABS, KEYS_IN_DIALOGS + KEYS_IN_WINDOWS
     application = staticmethod(lambda: ControlledApplication("changing_qt.py", "PyQt5"))
 
 
 class Qt6(ChangingTest, EndToEndTest):
-    words, cases = QT, WIDGETS_WITH_BARE_TABS
+    words, cases, keys = QT, WIDGETS_WITH_BARE_TABS, KEYS_IN_DIALOGS + KEYS_IN_WINDOWS
     application = staticmethod(lambda: ControlledApplication("changing_qt.py", "PyQt6"))
 
 
 class PageInChromium(ChangingTest, EndToEndTest):
-    words, cases = GTK3, PARTS_OF_PAGES
+    words, cases, keys = GTK3, PARTS_OF_PAGES, KEYS + KEYS_IN_DIALOGS[:1]
     first_in_page = ("play",)
     not_told_yet = (*AT_PRESS, "chosen")  # the second look at an option finds what has come in its place
     aim = 0.6  # a browser tells of what is new in a page only after a while
@@ -67,7 +75,7 @@ class PageInChromium(ChangingTest, EndToEndTest):
 
 
 class PageInFirefox(ChangingTest, EndToEndTest):
-    words, cases = GTK3, PARTS_OF_PAGES
+    words, cases, keys = GTK3, PARTS_OF_PAGES, KEYS + KEYS_IN_DIALOGS[:1]
     first_in_page = ("play",)
     not_told_yet = (*AT_PRESS, "follow")  # its toggle buttons may say their old state in the click
     aim = 0.6

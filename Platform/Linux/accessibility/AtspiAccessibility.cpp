@@ -28,7 +28,7 @@ class InputWatch final : public Registration {
 }  // namespace
 
 AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps,
-                                       ClickRehearsal rehearse)
+                                       Rehearsals rehearsals)
     : switch_(event),
       eventTaps_(eventTaps),
       epoch_(event),
@@ -37,12 +37,14 @@ AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows
       focus_(session_),
       pointed_(session_, focus_, windows),
       handles_(session_, focus_, pointed_, windows),
-      pictures_(session_, pointed_, handles_, std::move(rehearse)),
+      pressPictures_(session_, pointed_, handles_, std::move(rehearsals.click)),
       events_(event, session_.shared, [this](const std::string& name) { session_.forget(name); }),
       focusEvents_(focus_, events_),
-      services_{session_,     focus_,
-                handles_,     events_,
-                focusEvents_, [this](std::function<void()> noteInput) { return watchInput(std::move(noteInput)); }} {}
+      focusPicture_(session_, handles_, events_, std::move(rehearsals.key)),
+      services_{
+          session_, focus_, handles_, events_, focusEvents_, focusPicture_, [this](std::function<void()> noteInput) {
+            return watchInput(std::move(noteInput));
+          }} {}
 
 AXResult<std::unique_ptr<AXObserver>> AtspiAccessibility::createObserver(ProcessIdentifier process,
                                                                          AXObserverCallback callback) {
@@ -52,6 +54,11 @@ AXResult<std::unique_ptr<AXObserver>> AtspiAccessibility::createObserver(Process
 std::unique_ptr<Registration> AtspiAccessibility::watchInput(std::function<void()> noteInput) {
   return std::make_unique<InputWatch>(eventTaps_.createEventTap(
       inputThatChangesValues, [noteInput = std::move(noteInput)](const CGEvent&) { noteInput(); }));
+}
+
+void AtspiAccessibility::noteRelease() {
+  pressPictures_.noteRelease();
+  focusPicture_.noteInput();
 }
 
 void AtspiAccessibility::describe(ServiceStatistics& statistics) {
@@ -65,7 +72,7 @@ void AtspiAccessibility::describe(ServiceStatistics& statistics) {
 }
 
 bool AtspiAccessibility::isSecretFocused() {
-  const auto window = windows_.activeWindow();
+  const auto window = windows_.windowOfInput();
   return window && focus_.isSecret(window->process);
 }
 

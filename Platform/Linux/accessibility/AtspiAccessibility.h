@@ -7,6 +7,7 @@
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
 #include "Platform/Linux/accessibility/AtspiObserver.h"
+#include "Platform/Linux/accessibility/FocusPicture.h"
 #include "Platform/Linux/accessibility/PressPictures.h"
 #include "Platform/Linux/atspi/AccessibilitySwitch.h"
 #include "Platform/Linux/reading/ReadingEpoch.h"
@@ -18,19 +19,18 @@ class AtspiAccessibility final : public Accessibility {
  public:
   /// `event` is the loop of the main thread; `eventTaps` are asked for input while an element is followed that changes
   /// without an event. All must outlive this.
-  /// `rehearse` as for PressPictures.
-  AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps, ClickRehearsal rehearse);
+  AtspiAccessibility(sd_event* event, WindowsOnScreen& windows, EventTaps& eventTaps, Rehearsals rehearsals);
 
-  AXUIElement createSystemWide() override { return handles_.systemWide(&pictures_); }
+  AXUIElement createSystemWide() override { return handles_.systemWide(pictures_); }
   AXUIElement createApplication(ProcessIdentifier process) override { return handles_.application(process); }
   AXResult<std::unique_ptr<AXObserver>> createObserver(ProcessIdentifier process, AXObserverCallback callback) override;
 
   /// Whether the element with the keyboard focus is known to be a field with a hidden text. Reads nothing. Main thread.
   bool isSecretFocused();
 
-  /// See PressPictures. Main thread.
-  void notePress(std::optional<CGPoint> place) { pictures_.notePress(place); }
-  void noteRelease() { pictures_.noteRelease(); }
+  /// A button that clicks was pressed, or released (see PressPictures). Main thread.
+  void notePress(std::optional<CGPoint> place) { pressPictures_.notePress(place); }
+  void noteRelease();
 
   /// What reading has cost so far, and whether it is possible. Any thread.
   void describe(ServiceStatistics& statistics);
@@ -46,9 +46,11 @@ class AtspiAccessibility final : public Accessibility {
   Focus focus_;
   PointedElement pointed_;
   const ElementHandles handles_;
-  PressPictures pictures_;
+  PressPictures pressPictures_;
   AtspiEvents events_;
   FocusEvents focusEvents_;
+  FocusPicture focusPicture_;
+  const Pictures pictures_{&pressPictures_, &focusPicture_};
   ObserverServices services_;
 };
 

@@ -14,7 +14,8 @@ namespace {
 
 using namespace std::string_view_literals;
 constexpr auto focusChanged = "AXFocusedUIElementChanged"sv;
-constexpr std::array elementNotifications{"AXValueChanged"sv, "AXSelectedRowsChanged"sv, "AXSelectedCellsChanged"sv,
+constexpr auto valueChanged = "AXValueChanged"sv;
+constexpr std::array elementNotifications{valueChanged, "AXSelectedRowsChanged"sv, "AXSelectedCellsChanged"sv,
                                           "AXSelectedChildrenChanged"sv};
 
 // An application tells of nothing until it has learnt that somebody listens; what it did not tell is looked at, twice
@@ -70,6 +71,8 @@ AXError AtspiObserver::addFocus(std::string_view notification) {
   focused_ = services_.focus.of(process_);
   isMute_ = !answers(focused_);
   focusEvents_ = services_.focusEvents.listen([this](const AtspiReference& element) { focusArrived(element); });
+  picture_ = services_.focusPicture.use();
+  services_.focusPicture.take(focused_);
   checkFocusLater(firstFocusCheckMicroseconds);
   return axError::success;
 }
@@ -77,6 +80,7 @@ AXError AtspiObserver::addFocus(std::string_view notification) {
 AXError AtspiObserver::removeFocus(std::string_view notification) {
   if (notification != focusChanged || !focusEvents_) return axError::notificationNotRegistered;
   focusEvents_.reset();
+  picture_.reset();
   return axError::success;
 }
 
@@ -109,7 +113,7 @@ bool AtspiObserver::answers(const AtspiReference& element) const {
 void AtspiObserver::tellFocusThatWasMute() {
   if (!isMute_ || !answers(focused_)) return;
   isMute_ = false;
-  tell(services_.handles.application(process_), focusChanged);
+  tellOfFocus();
 }
 
 // An application that starts may be too busy to say what has the focus. Whether answers were missed since it was asked.
@@ -119,7 +123,7 @@ bool AtspiObserver::tellFocusThatWasMissed() {
   if (timeOuts == timeOuts_) return false;
   if (shared.resting.isResting(focused_.busName, std::chrono::steady_clock::now())) return true;
   timeOuts_ = timeOuts;
-  tell(services_.handles.application(process_), focusChanged);
+  tellOfFocus();
   return true;
 }
 
@@ -130,7 +134,12 @@ void AtspiObserver::tellFocus() {
   focused_ = focused;
   isMute_ = !answers(focused_);
   if (isMute_) checkFocusLater(firstCheckOfMuteMicroseconds);
+  tellOfFocus();
+}
+
+void AtspiObserver::tellOfFocus() {
   tell(services_.handles.application(process_), focusChanged);
+  services_.focusPicture.take(focused_);
 }
 
 void AtspiObserver::tell(const AXUIElement& element, std::string_view notification) {
@@ -138,8 +147,9 @@ void AtspiObserver::tell(const AXUIElement& element, std::string_view notificati
 }
 
 void AtspiObserver::tellOf(const AtspiReference& element, std::string_view notification) {
-  const bool isOfApplication = notification == focusChanged;
-  tell(isOfApplication ? services_.handles.application(process_) : services_.handles.element(element), notification);
+  if (notification == focusChanged) return tellOfFocus();
+  tell(services_.handles.element(element), notification);
+  if (notification == valueChanged) services_.focusPicture.noteValue(element);
 }
 
 ElementWatch* AtspiObserver::watchOf(const AtspiReference& element) {

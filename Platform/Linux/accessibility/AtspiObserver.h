@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "Platform/Accessibility.h"
-#include "Platform/Linux/accessibility/ElementHandles.h"
+#include "Platform/Linux/accessibility/FocusPicture.h"
 #include "Platform/Linux/following/ElementWatch.h"
 #include "Platform/Linux/following/FocusEvents.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
@@ -34,6 +34,7 @@ struct ObserverServices {
   const ElementHandles& handles;
   AtspiEvents& events;
   FocusEvents& focusEvents;
+  FocusPicture& focusPicture;
   /// Makes noteInput be called for what the user does, until it is let go.
   std::function<std::unique_ptr<Registration>(std::function<void()> noteInput)> watchInput;
 };
@@ -57,6 +58,7 @@ class AtspiObserver final : public AXObserver {
   void tellFocusThatWasMute();
   bool tellFocusThatWasMissed();
   void tellFocus();
+  void tellOfFocus();
   void tell(const AXUIElement& element, std::string_view notification);
   void tellOf(const AtspiReference& element, std::string_view notification);
   ElementWatch* watchOf(const AtspiReference& element);
@@ -79,6 +81,7 @@ class AtspiObserver final : public AXObserver {
   DeferredRun cleanUp_;
   std::unique_ptr<Registration> focusEvents_;
   std::unique_ptr<Registration> input_;
+  std::unique_ptr<Registration> picture_;
 };
 
 }  // namespace norra::linux_desktop

@@ -1,5 +1,6 @@
 #include "Platform/Linux/accessibility/AtspiSystemWideElement.h"
 
+#include "Platform/Linux/accessibility/FocusPicture.h"
 #include "Platform/Linux/accessibility/PressPictures.h"
 #include "Platform/Linux/accessibility/WindowElement.h"
 
@@ -7,15 +8,20 @@ namespace norra::linux_desktop {
 
 AXResult<AXAttributeValue> AtspiSystemWideElement::copyAttributeValue(std::string_view attribute) const {
   if (attribute != "AXFocusedUIElement") return {axError::attributeUnsupported, {}};
-  auto window = windows_.activeWindow();
+  auto window = windows_.windowOfInput();
   if (!window || window->process == 0) return {axError::noValue, {}};
   const auto focused = focus_.of(window->process);
-  if (!focused.isNull()) return {axError::success, handles().element(focused)};
+  if (!focused.isNull()) return {axError::success, pictured(focused)};
   return {axError::success, AXUIElement(std::make_shared<WindowElement>(handles(), *std::move(window)))};
 }
 
+AXUIElement AtspiSystemWideElement::pictured(const AtspiReference& focused) const {
+  auto known = pictures_.focused ? pictures_.focused->of(focused) : std::nullopt;
+  return known ? *std::move(known) : handles().element(focused);
+}
+
 AXResult<std::optional<AXUIElement>> AtspiSystemWideElement::copyElementAtPosition(float x, float y) const {
-  if (auto pressed = pictures_ ? pictures_->elementAt({x, y}) : std::nullopt) {
+  if (auto pressed = pictures_.pressed ? pictures_.pressed->elementAt({x, y}) : std::nullopt) {
     focus_.highlightedItems().clicked({x, y}, std::chrono::steady_clock::now());
     return {axError::success, std::move(pressed)};
   }

@@ -8,9 +8,8 @@ namespace norra::linux_desktop {
 
 class AtspiSystemWideElement final : public DesktopElement {
  public:
-  /// `pictures` null: what was pressed is not known.
   AtspiSystemWideElement(const ElementHandles& handles, Focus& focus, PointedElement& pointed, WindowsOnScreen& windows,
-                         PressPictures* pictures)
+                         Pictures pictures)
       : DesktopElement(handles), focus_(focus), pointed_(pointed), windows_(windows), pictures_(pictures) {}
 
   AXResult<AXAttributeValue> copyAttributeValue(std::string_view attribute) const override;
@@ -24,10 +23,12 @@ class AtspiSystemWideElement final : public DesktopElement {
   }
 
  private:
+  AXUIElement pictured(const AtspiReference& focused) const;
+
   Focus& focus_;
   PointedElement& pointed_;
   WindowsOnScreen& windows_;
-  PressPictures* const pictures_;
+  const Pictures pictures_;
 };
 
 }  // namespace norra::linux_desktop

@@ -37,7 +37,7 @@ AXUIElement ElementHandles::application(ProcessIdentifier process) const {
   return AXUIElement(std::make_shared<AtspiApplicationElement>(*this, session_, focus_, windows_, process));
 }
 
-AXUIElement ElementHandles::systemWide(PressPictures* pictures) const {
+AXUIElement ElementHandles::systemWide(Pictures pictures) const {
   return AXUIElement(std::make_shared<AtspiSystemWideElement>(*this, focus_, pointed_, windows_, pictures));
 }
 

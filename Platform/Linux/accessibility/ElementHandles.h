@@ -7,7 +7,14 @@
 
 namespace norra::linux_desktop {
 
+class FocusPicture;
 class PressPictures;
+
+/// What is known from before the user acted. Null: nothing is.
+struct Pictures {
+  PressPictures* pressed = nullptr;
+  FocusPicture* focused = nullptr;
+};
 
 /// Makes them. Any thread.
 class ElementHandles {
@@ -19,8 +26,8 @@ class ElementHandles {
   AXUIElement element(const AtspiReference& reference) const { return element(ElementKey{reference}); }
   AXUIElement element(const ElementKey& key) const;
   AXUIElement application(ProcessIdentifier process) const;
-  /// `pictures`, if it is not null, must outlive the handle.
-  AXUIElement systemWide(PressPictures* pictures = nullptr) const;
+  /// The pictures must outlive the handle.
+  AXUIElement systemWide(Pictures pictures = {}) const;
 
   /// With handles for the elements that it names.
   AXResult<AXAttributeValue> valueOf(const AttributeResult& result) const;

@@ -1,6 +1,7 @@
-// What a person saw when a button was pressed. Applications act on a click as soon as the button is released: the
-// dialog closes, "Play" becomes "Pause", the row is gone. Who asks then is told what came of the click, not what was
-// clicked. So all that the core will ask is asked at the press, when nothing has happened yet, and kept: the picture.
+// What a person saw before the application acted. Applications act on a click as soon as the button is released, and on
+// a key as soon as it is pressed: the dialog closes, "Play" becomes "Pause", the row is gone. Who asks then is told
+// what came of it, not what was clicked or had the keyboard focus. So all that the core will ask is asked before, when
+// nothing has happened yet, and kept: the picture.
 #pragma once
 
 #include <atomic>
@@ -29,9 +30,14 @@ struct PicturedAnswers {
 /// Made and filled by one thread, and from the time that it is finished on for another.
 class Picture {
  public:
-  Picture() = default;
+  /// Whether what an action changes (ticked, chosen, a value) is asked anew, or told as it was.
+  enum class Changing : bool { askedAnew, kept };
+
+  explicit Picture(Changing changing = Changing::askedAnew) : changing_(changing) {}
   Picture(const Picture&) = delete;
   Picture& operator=(const Picture&) = delete;
+
+  Changing changing() const { return changing_; }
 
   /// Of an element of the picture, or one that becomes it. Valid as long as this.
   PicturedAnswers& answersOf(const AXUIElement& element);
@@ -51,6 +57,7 @@ class Picture {
   bool isGivenUp() const { return isGivenUp_; }
 
  private:
+  const Changing changing_;
   std::list<PicturedAnswers> answers_;
   AtspiFactsByElement facts_;
   std::atomic<bool> isFinished_ = false;

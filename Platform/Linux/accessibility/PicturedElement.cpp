@@ -44,8 +44,9 @@ AXResult<AXAttributeValue> PicturedElement::take(std::string_view attribute) con
 
 AXResult<AXAttributeValue> PicturedElement::recall(std::string_view attribute) const {
   const auto answer = answers().attributes.find(attribute);
-  if (answer == answers().attributes.end()) return own().copyAttributeValue(attribute);
-  if (!tellsWhatAClickDid(attribute)) return answer->second;
+  const bool isKnown = answer != answers().attributes.end() && answer->second.error != axError::cannotComplete;
+  if (!isKnown) return own().copyAttributeValue(attribute);
+  if (!isAskedAnew(attribute)) return answer->second;
   auto now = askAnew(attribute);
   if (!isUnanswered(now.error)) return now;
   if (attribute == "AXValue") return {axError::noValue, {}};
@@ -53,7 +54,8 @@ AXResult<AXAttributeValue> PicturedElement::recall(std::string_view attribute) c
   return answer->second;
 }
 
-bool PicturedElement::tellsWhatAClickDid(std::string_view attribute) const {
+bool PicturedElement::isAskedAnew(std::string_view attribute) const {
+  if (picture_->changing() == Picture::Changing::kept) return false;
   if (attribute == "AXSelected" || attribute == "AXFocused" || attribute == "AXSelectedCells") return true;
   return attribute == "AXValue" && hasRole({"AXCheckBox", "AXComboBox", "AXSlider"});
 }

@@ -7,9 +7,10 @@
 namespace norra::linux_desktop {
 
 /// While the picture is taken, its answers are the element's own, and the picture keeps them. Afterwards they are the
-/// picture's, without a call: names, roles, parents and whatever else tells which element it is. What tells what the
-/// click did (ticked, chosen, focused, a value) is asked of the element anew; where it has gone or does not answer, a
-/// value is not known, and what was chosen by going is selected.
+/// picture's, without a call: names, roles, parents and whatever else tells which element it is. What tells what a
+/// click did (ticked, chosen, focused, a value) is asked of the element anew, if the picture is one for that; where it
+/// has gone or does not answer, a value is not known, and what was chosen by going is selected. What was not answered
+/// for the picture is asked anew.
 class PicturedElement final : public AXUIElementPrimitives {
  public:
   /// `session` must outlive this.
@@ -36,7 +37,7 @@ class PicturedElement final : public AXUIElementPrimitives {
   AXResult<AXAttributeValue> take(std::string_view attribute) const;
   AXResult<AXAttributeValue> recall(std::string_view attribute) const;
   AXResult<AXAttributeValue> askAnew(std::string_view attribute) const;
-  bool tellsWhatAClickDid(std::string_view attribute) const;
+  bool isAskedAnew(std::string_view attribute) const;
   bool hasRole(std::initializer_list<std::string_view> roles) const;
   AXResult<AXAttributeValue> inPicture(AXResult<AXAttributeValue> answer) const;
   AXUIElement inPicture(const AXUIElement& element) const;

@@ -59,6 +59,8 @@ class WindowsOnScreen {
   /// is.
   virtual void notePress(std::optional<CGPoint> /*place*/) {}
   virtual std::optional<WindowOnScreen> activeWindow() = 0;
+  /// The window that the last input went to: the one that was active then, even if it has been closed by it.
+  virtual std::optional<WindowOnScreen> windowOfInput() { return activeWindow(); }
 };
 
 /// Stands for them where there is no X server.
@@ -93,6 +95,14 @@ class ApplicationWindows {
 
 /// Asks an element all that will be asked of it when it was clicked. Whether the click would be told.
 using ClickRehearsal = std::function<bool(const AXUIElement& element)>;
+/// Asks an element all that will be asked of it when a key is pressed in it. Whether it says what it is.
+using KeyRehearsal = std::function<bool(const AXUIElement& element)>;
+
+/// Each may be empty: nothing is known ahead.
+struct Rehearsals {
+  ClickRehearsal click = {};
+  KeyRehearsal key = {};
+};
 
 /// Whether the pointer moved no further than it does while a button is clicked.
 inline bool isSamePlace(CGPoint press, CGPoint release) {

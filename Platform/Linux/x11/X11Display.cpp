@@ -16,7 +16,8 @@ class X11Display final : public DisplayServer {
       : event_(event),
         didLoseServer_(std::move(didLoseServer)),
         windows_(std::move(forWindows)),
-        eventTaps_(X11EventTaps::open(event, std::move(forInput), std::move(listeners))) {}
+        eventTaps_(X11EventTaps::open(event, std::move(forInput), std::move(listeners),
+                                      [this] { windows_.noteActiveWindow(); })) {}
 
   WindowsOnScreen& windows() override { return windows_; }
   Workspace* workspace() override {

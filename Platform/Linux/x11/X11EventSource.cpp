@@ -8,23 +8,25 @@
 namespace norra::linux_desktop {
 
 X11EventSource::X11EventSource(sd_event* event, X11Connection& connection, EventHandler handler,
-                               std::function<void()> didLoseConnection)
+                               std::function<void()> didLoseConnection, std::int64_t priority)
     : connection_(connection), handler_(std::move(handler)), didLoseConnection_(std::move(didLoseConnection)) {
   sd_event_source* source = nullptr;
   require(sd_event_add_io(event, &source, xcb_get_file_descriptor(connection_.get()), POLLIN, onInput, this),
           "sd_event_add_io");
   input_.reset(source);
   require(sd_event_source_set_prepare(source, onPrepare), "sd_event_source_set_prepare");
-  addQueuedSource(event);
+  require(sd_event_source_set_priority(source, priority), "sd_event_source_set_priority");
+  addQueuedSource(event, priority);
 }
 
 // A deferred source would do, but the loop prefers such a one to all others of its priority.
-void X11EventSource::addQueuedSource(sd_event* event) {
+void X11EventSource::addQueuedSource(sd_event* event, std::int64_t priority) {
   const int alwaysReadable = require(eventfd(1, EFD_CLOEXEC | EFD_NONBLOCK), "eventfd");
   sd_event_source* source = nullptr;
   require(sd_event_add_io(event, &source, alwaysReadable, POLLIN, onInput, this), "sd_event_add_io");
   queued_.reset(source);
   require(sd_event_source_set_io_fd_own(source, 1), "sd_event_source_set_io_fd_own");
+  require(sd_event_source_set_priority(source, priority), "sd_event_source_set_priority");
   require(sd_event_source_set_enabled(source, SD_EVENT_OFF), "sd_event_source_set_enabled");
 }
 

@@ -16,15 +16,16 @@ class X11EventSource {
   using EventHandler = std::function<void(const xcb_generic_event_t& event)>;
 
   /// Neither the loop nor the connection is owned. `didLoseConnection` is called once, when the server has gone.
+  /// `priority` is that of the loop's sources: a smaller number goes first.
   X11EventSource(sd_event* event, X11Connection& connection, EventHandler handler,
-                 std::function<void()> didLoseConnection);
+                 std::function<void()> didLoseConnection, std::int64_t priority = SD_EVENT_PRIORITY_NORMAL);
   X11EventSource(const X11EventSource&) = delete;
   X11EventSource& operator=(const X11EventSource&) = delete;
 
  private:
   static int onInput(sd_event_source* source, int descriptor, std::uint32_t events, void* self) noexcept;
   static int onPrepare(sd_event_source* source, void* self) noexcept;
-  void addQueuedSource(sd_event* event);
+  void addQueuedSource(sd_event* event, std::int64_t priority);
   void dispatch();
   void endIfLost();
 

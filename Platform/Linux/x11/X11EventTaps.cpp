@@ -83,18 +83,23 @@ class X11EventTaps::Tap final : public EventTap {
 };
 
 std::unique_ptr<X11EventTaps> X11EventTaps::open(sd_event* event, std::unique_ptr<X11Connection> connection,
-                                                 InputListeners listeners) {
+                                                 InputListeners listeners, std::function<void()> activeWindowChanged) {
   if (!speaksInput(*connection)) return nullptr;
-  return std::unique_ptr<X11EventTaps>(new X11EventTaps(event, std::move(connection), std::move(listeners)));
+  return std::unique_ptr<X11EventTaps>(
+      new X11EventTaps(event, std::move(connection), std::move(listeners), std::move(activeWindowChanged)));
 }
 
-X11EventTaps::X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners)
+// Input goes before what applications tell: that may be what came of it.
+X11EventTaps::X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners,
+                           std::function<void()> activeWindowChanged)
     : connection_(std::move(connection)),
       listeners_(std::move(listeners)),
+      activeWindowChanged_(std::move(activeWindowChanged)),
       inputExtension_(xcb_get_extension_data(connection_->get(), &xcb_input_id)->major_opcode),
       source_(
           event, *connection_, [this](const auto& received) { handle(received); },
-          [] { platformLogger().error("The X server has gone: clicks and keys are not seen any more"); }) {}
+          [] { platformLogger().error("The X server has gone: clicks and keys are not seen any more"); },
+          SD_EVENT_PRIORITY_IMPORTANT) {}
 
 std::unique_ptr<EventTap> X11EventTaps::createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) {
   auto subscription = std::make_shared<Subscription>(Subscription{eventsOfInterest, std::move(callback)});
@@ -117,6 +122,7 @@ void X11EventTaps::didChangeTaps() {
   selectEvents((wantsClicks ? rawClicks : 0) | (wantsKeys ? rawKeys : 0));
   followClicks(wantsClicks);
   followKeyboard(wantsKeys);
+  followActiveWindow(wantsKeys);
   xcb_flush(connection_->get());
 }
 
@@ -140,10 +146,23 @@ void X11EventTaps::followKeyboard(bool isWanted) {
   if (isWanted && !keyboard_) platformLogger().error("The X server tells no keyboard layout: keys are not seen");
 }
 
+void X11EventTaps::followActiveWindow(bool isWanted) {
+  const std::uint32_t events = isWanted ? XCB_EVENT_MASK_PROPERTY_CHANGE : XCB_EVENT_MASK_NO_EVENT;
+  if (std::exchange(selectedOfRoot_, events) == events) return;
+  xcb_change_window_attributes(connection_->get(), connection_->root(), XCB_CW_EVENT_MASK, &events);
+  if (isWanted) activeWindowChanged_();
+}
+
+void X11EventTaps::handleProperty(const xcb_property_notify_event_t& notice) {
+  const bool isOfRoot = notice.window == connection_->root();
+  if (isOfRoot && notice.atom == connection_->atom(X11Atom::netActiveWindow)) activeWindowChanged_();
+}
+
 void X11EventTaps::handle(const xcb_generic_event_t& event) {
   const auto type = event.response_type & 0x7F;
   if (type == XCB_GE_GENERIC) return handleInput(event);
   if (type == XCB_MAPPING_NOTIFY) buttonMapping_.clear();
+  if (type == XCB_PROPERTY_NOTIFY) handleProperty(reinterpret_cast<const xcb_property_notify_event_t&>(event));
   if (keyboard_) keyboard_->handle(event);
 }
 

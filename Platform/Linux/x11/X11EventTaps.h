@@ -25,8 +25,11 @@ namespace norra::linux_desktop {
 class X11EventTaps final : public EventTaps {
  public:
   /// Null: the server has no XInput 2.2. `event` is not owned; the connection must have no other user of its events.
-  static std::unique_ptr<X11EventTaps> open(sd_event* event, std::unique_ptr<X11Connection> connection,
-                                            InputListeners listeners = {});
+  /// `activeWindowChanged` is called at the beginning and whenever the window manager tells of another active window:
+  /// after the input before that, and before the input after it.
+  static std::unique_ptr<X11EventTaps> open(
+      sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners = {},
+      std::function<void()> activeWindowChanged = [] {});
 
   std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
 
@@ -34,14 +37,17 @@ class X11EventTaps final : public EventTaps {
   class Tap;
   struct Subscription;
 
-  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners);
+  X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners,
+               std::function<void()> activeWindowChanged);
   void didChangeTaps();
   CGEventMask wantedEvents() const;
   void selectEvents(std::uint32_t events);
   void followClicks(bool isWanted);
   void followKeyboard(bool isWanted);
+  void followActiveWindow(bool isWanted);
 
   void handle(const xcb_generic_event_t& event);
+  void handleProperty(const xcb_property_notify_event_t& notice);
   void handleInput(const xcb_generic_event_t& event);
   void handleButtonPress(std::uint32_t button);
   void handleButtonRelease(std::uint32_t button, xcb_timestamp_t time);
@@ -53,9 +59,11 @@ class X11EventTaps final : public EventTaps {
 
   const std::unique_ptr<X11Connection> connection_;
   const InputListeners listeners_;
+  const std::function<void()> activeWindowChanged_;
   const std::uint8_t inputExtension_;
   std::vector<std::shared_ptr<Subscription>> subscriptions_;
   std::uint32_t selectedEvents_ = 0;
+  std::uint32_t selectedOfRoot_ = 0;
   std::unique_ptr<X11ClickPlaces> clickPlaces_;
   std::unique_ptr<X11Keyboard> keyboard_;
   std::bitset<256> heldKeys_;

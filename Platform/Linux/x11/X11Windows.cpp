@@ -29,13 +29,33 @@ void X11Windows::notePress(std::optional<CGPoint> place) {
   if (auto window = describeAt(*place)) press_ = {*place, std::move(*window)};
 }
 
+// With the lock held. Without a frame: none is active.
+X11TopLevel X11Windows::activeTopLevel() {
+  const auto active = tree_.activeClient();
+  return {active != XCB_NONE ? tree_.topLevelAround(active).frame : xcb_window_t{XCB_NONE}, active};
+}
+
 std::optional<WindowOnScreen> X11Windows::activeWindow() {
   const std::lock_guard lock(mutex_);
-  const auto active = tree_.activeClient();
-  if (active == XCB_NONE) return std::nullopt;
-  const auto topLevel = tree_.topLevelAround(active);
-  if (topLevel.frame == XCB_NONE) return std::nullopt;
-  return facts_.describe({topLevel.frame, active});
+  const auto active = activeTopLevel();
+  return active.frame != XCB_NONE ? facts_.describe(active) : std::nullopt;
+}
+
+void X11Windows::noteActiveWindow() {
+  const std::lock_guard lock(mutex_);
+  topLevelOfInput_ = activeTopLevel();
+  windowOfInput_ = topLevelOfInput_.frame != XCB_NONE ? facts_.describe(topLevelOfInput_) : std::nullopt;
+}
+
+// Its title may be another by now; of a window that has gone, what was known last is right.
+std::optional<WindowOnScreen> X11Windows::windowOfInput() {
+  std::unique_lock lock(mutex_);
+  if (!windowOfInput_ || !tree_.hasWindowManager()) {
+    lock.unlock();
+    return activeWindow();
+  }
+  if (auto now = facts_.describe(topLevelOfInput_)) windowOfInput_ = std::move(now);
+  return windowOfInput_;
 }
 
 std::optional<ApplicationWindow> X11Windows::activeApplication() {

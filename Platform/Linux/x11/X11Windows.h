@@ -21,6 +21,11 @@ class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
   /// As the window manager says; without a window manager, the one that has the input focus.
   std::optional<WindowOnScreen> activeWindow() override;
 
+  std::optional<WindowOnScreen> windowOfInput() override;
+  /// The window manager told, after the last input, that another window is active. Until this was called,
+  /// windowOfInput() is the active window.
+  void noteActiveWindow();
+
   /// Of the active window. Nothing: none is active.
   std::optional<ApplicationWindow> activeApplication();
   std::optional<ApplicationWindow> applicationOf(ProcessIdentifier process) override;
@@ -30,6 +35,7 @@ class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
 
  private:
   std::optional<WindowOnScreen> describeAt(CGPoint point);
+  X11TopLevel activeTopLevel();
 
   struct Press {
     CGPoint place;
@@ -43,6 +49,8 @@ class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
   X11WindowTree tree_;
   X11WindowFacts facts_;
   std::optional<Press> press_;
+  X11TopLevel topLevelOfInput_;
+  std::optional<WindowOnScreen> windowOfInput_;  // as it was when it was looked at last
 };
 
 }  // namespace norra::linux_desktop
