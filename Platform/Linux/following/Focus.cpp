@@ -179,6 +179,13 @@ AtspiReference Focus::search(ProcessIdentifier process) {
   return followed;
 }
 
+AtspiReference Focus::left(const AtspiReference& lost) {
+  const auto application = session_.applications.find(lost.busName);
+  if (!application) return {};
+  auto before = application->focus.noteLoss(lost);
+  return application->toolkit().tellsFocusOfAllFields ? AtspiReference{} : before;
+}
+
 bool Focus::mayHaveGoneUntold(const AtspiReference& lost) const {
   const auto application = session_.applications.find(lost.busName);
   if (!application || application->toolkit().tellsFocusOfAllFields) return false;

@@ -26,6 +26,10 @@ class Focus {
   /// lists, tables and trees it is the container.
   AtspiReference of(ProcessIdentifier process);
 
+  /// An event told that the element has lost the focus. Gives the one that has it although it was told of before: in a
+  /// window that has come to the front, of an application that does not tell of all that get it. Null: none is known.
+  /// Reads nothing.
+  AtspiReference left(const AtspiReference& lost);
   /// Whether the element, which lost the focus, was the last to be told of in an application that does not tell of all
   /// that get it. Reads nothing.
   bool mayHaveGoneUntold(const AtspiReference& lost) const;

@@ -51,6 +51,10 @@ void FocusEvents::tell(const AtspiReference& element) {
 }
 
 void FocusEvents::left(const AtspiReference& element) {
+  if (const auto before = focus_.left(element); !before.isNull()) {
+    settling_.request();
+    return tell(before);
+  }
   if (carets_.contains(element.busName) || !focus_.mayHaveGoneUntold(element)) return;
   AtspiEventKind caretMoved{"object:text-caret-moved", "TextCaretMoved", "", {element.busName, ""}};
   carets_[element.busName] = events_.subscribe(std::move(caretMoved), [this](const AtspiEvent& event) {

@@ -3,11 +3,25 @@
 #include <utility>
 
 namespace norra::linux_desktop {
+namespace {
+
+constexpr std::size_t mostUnlost = 8;
+
+}  // namespace
 
 void FocusMemory::noteArrival(const AtspiReference& element) {
   const std::lock_guard lock(mutex_);
   arrived_ = element;
   lastArrived_ = element;
+  std::erase(unlost_, element);
+  unlost_.push_front(element);
+  if (unlost_.size() > mostUnlost) unlost_.pop_back();
+}
+
+AtspiReference FocusMemory::noteLoss(const AtspiReference& element) {
+  const std::lock_guard lock(mutex_);
+  std::erase(unlost_, element);
+  return element == lastArrived_ && !unlost_.empty() ? unlost_.front() : AtspiReference{};
 }
 
 AtspiReference FocusMemory::lastArrival() const { return copy(lastArrived_); }

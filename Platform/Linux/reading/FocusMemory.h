@@ -6,6 +6,7 @@
 // is decided when the burst is over.
 #pragma once
 
+#include <deque>
 #include <mutex>
 #include <optional>
 
@@ -20,6 +21,9 @@ class FocusMemory {
   void noteArrival(const AtspiReference& element);
   /// The last one that was told of.
   AtspiReference lastArrival() const;
+  /// An event told that this one has lost the focus. Gives the one that was told of before and has not lost it since;
+  /// null: there is none, or it was not the last one that was told of.
+  AtspiReference noteLoss(const AtspiReference& element);
   /// Gives the last one that was told of and forgets it, so that each is looked at once; null: it was given already.
   AtspiReference takeArrival();
 
@@ -40,6 +44,7 @@ class FocusMemory {
   // guarded by mutex_
   AtspiReference arrived_;
   AtspiReference lastArrived_;
+  std::deque<AtspiReference> unlost_;  // the last one first
   AtspiReference followed_;
   AtspiReference found_;
 };
