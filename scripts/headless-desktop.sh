@@ -59,7 +59,7 @@ fail() {
 }
 
 start_x_server() {
-  Xvfb -displayfd 3 -screen 0 1280x900x24 -nolisten tcp 3>"$desktop/display" >"$logs/xvfb.log" 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "${NORRA_DESKTOP_SCREEN:-1280x900x24}" -nolisten tcp 3>"$desktop/display" >"$logs/xvfb.log" 2>&1 &
   has_display() { [ -s "$desktop/display" ]; }
   wait_until has_display || fail "The X server does not start."
   export DISPLAY=":$(<"$desktop/display")"

@@ -143,7 +143,8 @@ void Focus::rememberHighlight(const ElementView& item) {
   keepMenuOf(item);
   const auto& facts = item.need(Ask::extents);
   if (!facts.answered(Ask::extents) || mappedRole(item).role == "AXMenu") return;
-  highlightedItems_.highlighted(item.reference(), facts.extents, comboBoxOf(item), steady_clock::now());
+  const auto place = item.application().pixels().onScreen(facts.extents);
+  highlightedItems_.highlighted(item.reference(), place, comboBoxOf(item), steady_clock::now());
 }
 
 // What an application told of holds until it tells of something else; what was found holds while it is so.

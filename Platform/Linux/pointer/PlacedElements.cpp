@@ -1,6 +1,7 @@
 #include "Platform/Linux/pointer/PlacedElements.h"
 
 #include <algorithm>
+#include <array>
 
 #include "Platform/Linux/elements/Structure.h"
 
@@ -9,6 +10,7 @@ namespace {
 
 constexpr int maxLevels = 40;
 constexpr std::size_t maxChildren = 64;
+constexpr std::int64_t maxColumns = 64;
 constexpr std::int32_t nowhere = -2147483647;
 
 Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
@@ -55,22 +57,51 @@ bool isAroundItem(const PlacedElement& child, CGPoint point, std::int32_t margin
   return contains({x - margin, y - margin, width + 2 * margin, height + 2 * margin}, point);
 }
 
+// Where one lies above the other, and has the pointer.
+const PlacedElement* topmostAt(const std::vector<PlacedElement>& children, CGPoint point, const Toolkit& toolkit) {
+  const PlacedElement* topmost = nullptr;
+  for (const auto& child : children) {
+    const bool isShown = !toolkit.saysWhatIsShown || hasState(child.states, AtspiState::showing);
+    if (!isShown || !child.isAt(point)) continue;
+    if (toolkit.firstChildIsTopmost) return &child;
+    topmost = &child;
+  }
+  return topmost;
+}
+
+bool holdsPage(const PlacedElement& child, const Toolkit& toolkit) {
+  return toolkit.putsPagesBelowTabs && child.role == AtspiRole::pageTab && hasState(child.states, AtspiState::selected);
+}
+
+bool hasMany(const ElementView& view) {
+  return view.needOnly(Asks{Ask::childCount, Ask::children}).childCount > static_cast<std::int64_t>(maxChildren);
+}
+
 // The child to go on with: the topmost at the point, else one that does not say where it is but has a child there.
 AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coordinates, int levelsOfUnplaced) {
+  if (hasMany(view)) {
+    auto asked = askedElementAt(view, point, coordinates);
+    if (!asked.isNull() && asked != view.reference()) return asked;
+  }
   const auto children = placedChildren(view, coordinates);
-  const auto topmost =
-      std::find_if(children.rbegin(), children.rend(), [&](const auto& child) { return child.isAt(point); });
-  if (topmost != children.rend()) return topmost->reference;
+  if (const auto* topmost = topmostAt(children, point, view.toolkit())) return topmost->reference;
   for (const auto& child : children) {
     if (isAroundItem(child, point, view.toolkit().marginOfItems)) return child.reference;
   }
   if (levelsOfUnplaced == 0) return {};
   for (auto child = children.rbegin(); child != children.rend(); ++child) {
-    if (!saysNoPlace(view, *child, coordinates)) continue;
+    if (!saysNoPlace(view, *child, coordinates) && !holdsPage(*child, view.toolkit())) continue;
     auto below = nextDown(view.other(child->reference), point, coordinates, levelsOfUnplaced - 1);
     if (!below.isNull()) return below;
   }
   return {};
+}
+
+// What a control is made of is the toolkit's business.
+bool mayHoldMore(AtspiRole role) {
+  using enum RoleKind;
+  constexpr std::array simple{control, field, number, checkable, item, menuPart, partOfControl};
+  return std::ranges::none_of(simple, [role](auto kind) { return is(role, kind); });
 }
 
 }  // namespace
@@ -111,6 +142,32 @@ AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinate
     current = next;
   }
   return current;
+}
+
+AtspiReference headerAt(const ElementView& table, CGPoint point) {
+  if (!table.has(AtspiInterface::table)) return {};
+  const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, maxColumns);
+  std::vector<AtspiCall> calls;
+  for (std::int32_t i = 0; i < count; ++i) {
+    calls.push_back({table.reference(), atspi::table, "GetColumnHeader", {i}});
+  }
+  std::vector<AtspiQuestion> headers;
+  for (const auto& reply : table.reader().exchange(calls)) {
+    auto header = readReference(reply.message.get());
+    if (header && !header->isNull()) headers.push_back({std::move(*header), Ask::extents});
+  }
+  table.reader().read(headers);
+  const auto found = std::ranges::find_if(
+      headers, [&](const auto& header) { return contains(table.reader().known(header.element).extents, point); });
+  return found != headers.end() ? found->element : AtspiReference{};
+}
+
+AtspiReference deeperByPlace(const ElementView& answer, CGPoint point) {
+  const auto& facts = answer.need({Ask::role, Ask::childCount});
+  if (facts.childCount == 0 || !mayHoldMore(answer.role())) return answer.reference();
+  if (!is(answer.role(), RoleKind::tableLike)) return deepestByPlace(answer, point, Coordinates::ofScreen);
+  auto header = headerAt(answer, point);
+  return header.isNull() ? answer.reference() : header;
 }
 
 AtspiReference askedElementAt(const ElementView& view, CGPoint point, Coordinates coordinates, Asks asks) {

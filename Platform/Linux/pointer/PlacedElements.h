@@ -33,6 +33,13 @@ AtspiReference childAtHeight(const ElementView& list, CGPoint point);
 /// ones. A child that does not say where it is, is looked into.
 AtspiReference deepestByPlace(const ElementView& view, CGPoint point, Coordinates coordinates);
 
+/// Goes on from an answer of a toolkit's own hit test, on the screen, where it is one that may hold more: the header of
+/// a table, or as deepestByPlace does. Costs nothing where the answer is a control, or has no children.
+AtspiReference deeperByPlace(const ElementView& answer, CGPoint point);
+
+/// The header of a column at a point; null: none, or this is no table.
+AtspiReference headerAt(const ElementView& table, CGPoint point);
+
 /// Asks the toolkit once for the element at a point, in these coordinates; what is asked of the element itself travels
 /// along. Null: it says none.
 AtspiReference askedElementAt(const ElementView& view, CGPoint point, Coordinates coordinates, Asks asks = Ask::role);

@@ -8,6 +8,7 @@
 
 namespace norra::linux_desktop {
 
+/// Places are in the application's own pixels.
 struct PointedAt {
   CGPoint point;
   /// The window there.

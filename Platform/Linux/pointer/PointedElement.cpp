@@ -7,6 +7,7 @@
 
 #include "Platform/Linux/following/MenuItems.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
+#include "Platform/Linux/pointer/WindowMatch.h"
 #include "Platform/Linux/runtime/PlatformLogger.h"
 
 namespace norra::linux_desktop {
@@ -16,91 +17,20 @@ using std::chrono::steady_clock;
 
 constexpr std::size_t mostMissing = 256;
 
-// GTK 4 does not say where its windows are, only how large.
-double distance(const AtspiRectangle& place, const ScreenRectangle& window, Coordinates coordinates) {
-  const auto size = std::abs(place.width - window.width) + std::abs(place.height - window.height);
-  if (coordinates == Coordinates::ofWindow) return size;
-  return size + std::abs(place.x - window.x) + std::abs(place.y - window.y);
-}
-
-// A menu or another pop-up may have no accessible of its own, and must not be taken for what lies below it.
-constexpr double mostDistanceOfPopUp = 100;
-constexpr double mostDistanceOfPopover = 80;
-constexpr int mostLevelsOfPopover = 16;
-
-bool mayBe(const WindowOnScreen& window, double distance) {
-  return !window.overrideRedirect || distance <= mostDistanceOfPopUp;
-}
-
-struct Candidate {
-  AtspiReference reference;
-  double distance = 0;
-  bool hasTitle = false;
-  bool isActive = false;
-};
-
-std::vector<Candidate> candidatesFor(const ElementView& root, const WindowOnScreen& window) {
-  const auto coordinates = root.toolkit().saysPlacesOnScreen ? Coordinates::ofScreen : Coordinates::ofWindow;
-  std::vector<Candidate> candidates;
-  for (const auto& one : fewPlacedChildren(root, coordinates)) {
-    if (!one.place || !hasState(one.states, AtspiState::visible)) continue;
-    const auto difference =
-        std::min(distance(*one.place, window.client, coordinates), distance(*one.place, window.frame, coordinates));
-    if (!mayBe(window, difference)) continue;
-    candidates.push_back({one.reference, difference, false, hasState(one.states, AtspiState::active)});
-  }
-  return candidates;
-}
-
-// Windows of an application may lie at the same place, one above the other.
-void compareTitles(const ElementView& root, const WindowOnScreen& window, std::vector<Candidate>& candidates) {
-  if (candidates.size() < 2 || window.overrideRedirect || window.title.empty()) return;
-  std::vector<AtspiQuestion> questions;
-  for (const auto& candidate : candidates) questions.push_back({candidate.reference, Ask::name});
-  root.reader().read(questions);
-  for (auto& candidate : candidates) {
-    candidate.hasTitle = root.reader().known(candidate.reference).name == window.title;
-  }
-}
-
-// The top-level accessibles that look most like the window: by the title, where one has it, then by the place.
-std::vector<Candidate> topLevelsLike(const ElementView& root, const WindowOnScreen& window) {
-  auto candidates = candidatesFor(root, window);
-  compareTitles(root, window, candidates);
-  const auto rank = [](const Candidate& candidate) { return std::pair(!candidate.hasTitle, candidate.distance); };
-  const auto best = std::ranges::min_element(candidates, {}, rank);
-  if (best == candidates.end()) return {};
-  const auto bestRank = rank(*best);
-  std::erase_if(candidates, [&](const auto& candidate) { return rank(candidate) != bestRank; });
-  return candidates;
-}
-
-// The keyboard focus went into it.
-AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
-  AtspiReference best;
-  double bestDistance = mostDistanceOfPopover;
-  auto current = root.application().focus.lastArrival();
-  for (int level = 0; level < mostLevelsOfPopover && !current.isNull(); ++level) {
-    const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
-    if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
-    const auto difference = distance(facts.windowExtents, window.client, Coordinates::ofWindow);
-    if (facts.answered(Ask::windowExtents) && difference < bestDistance) {
-      best = current;
-      bestDistance = difference;
-    }
-    current = facts.parent;
-  }
-  return best;
-}
-
 bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
   return window.overrideRedirect && toolkit.popoversAreWindows;
 }
 
-AtspiReference hitTest(const ElementView& topLevel, const PointedAt& at) {
+AtspiReference askedOrTopLevel(const ElementView& topLevel, const PointedAt& at) {
   if (const auto elementAt = topLevel.toolkit().elementAt) return elementAt(topLevel, at);
   auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
   return answer.isNull() ? topLevel.reference() : answer;
+}
+
+AtspiReference hitTest(const ElementView& topLevel, const PointedAt& at) {
+  const auto answer = askedOrTopLevel(topLevel, at);
+  topLevel.reader().notePath(answer);
+  return topLevel.toolkit().saysPlacesOnScreen ? deeperByPlace(topLevel.other(answer), at.point) : answer;
 }
 
 }  // namespace
@@ -121,29 +51,43 @@ AtspiReference PointedElement::comboBoxThatOpens(const AtspiReference& hit) {
   return focus_.highlightedItems().isOpen(comboBox, steady_clock::now()) ? hit : comboBox;
 }
 
-AtspiReference PointedElement::hitTestBelow(const AtspiReference& topLevel, CGPoint point,
+AtspiReference PointedElement::hitTestBelow(const FoundTopLevel& topLevel, CGPoint point,
                                             const WindowOnScreen& window) {
-  const auto focused = [this, &topLevel] { return session_.applications.of(topLevel.busName)->focus.followed(); };
-  const auto hit = hitTest(view(topLevel), {point, window, focused});
+  const auto& reference = topLevel.reference;
+  const auto application = session_.applications.of(reference.busName);
+  application->notePixels(topLevel.pixels);
+  const auto focused = [application] { return application->focus.followed(); };
+  const auto hit = hitTest(view(reference), {topLevel.pixels.of(point), inOwnPixels(window, topLevel.pixels), focused});
   session_.reader().notePath(hit);
   return comboBoxThatOpens(hit);
 }
 
-AtspiReference PointedElement::findTopLevel(const WindowOnScreen& window) {
+PointedElement::FoundTopLevel PointedElement::findTopLevel(const WindowOnScreen& window) {
   const auto root = session_.processes.rootOf(window.process, session_.reader());
   if (root.isNull()) return {};
-  if (isPopover(window, view(root).toolkit())) return popoverOf(view(root), window);
+  if (isPopover(window, view(root).toolkit())) {
+    const auto pixels = view(root).application().pixels();
+    return {popoverOf(view(root), inOwnPixels(window, pixels)), pixels};
+  }
   const auto alike = topLevelsLike(view(root), window);
   if (alike.empty()) return {};
   if (alike.size() == 1) {
-    topLevels_.note(window, alike.front().reference);
-    return alike.front().reference;
+    const auto& found = alike.front();
+    topLevels_.note(window, found.reference, !found.pixels.areOfScreen());
+    return {found.reference, found.pixels};
   }
   // Which of them is active is sure only now.
   const auto active = windows_.activeWindow();
   const bool isActive = active && active->window == window.window;
-  const auto found = std::ranges::find(alike, isActive, &Candidate::isActive);
-  return found != alike.end() ? found->reference : alike.front().reference;
+  const auto found = std::ranges::find(alike, isActive, &TopLevelCandidate::isActive);
+  const auto& best = found != alike.end() ? *found : alike.front();
+  return {best.reference, best.pixels};
+}
+
+PointedElement::FoundTopLevel PointedElement::knownTopLevel(const WindowOnScreen& window) {
+  const auto known = topLevels_.find(window);
+  if (known.isNull() || !topLevels_.isScaled(window)) return {known, {}};
+  return {known, pixelsIn(view(known), window)};
 }
 
 // The list of a select in a page has no accessible of its own, and nothing in it is highlighted below the pointer. What
@@ -152,7 +96,7 @@ AtspiReference PointedElement::optionAt(const std::string& busName, CGPoint poin
   const auto highlighted = focus_.highlightedItems().highlightedIn(busName);
   if (highlighted.isNull()) return {};
   const auto item = view(highlighted);
-  auto option = childAtHeight(item.other(item.need(Ask::parent).parent), point);
+  auto option = childAtHeight(item.other(item.need(Ask::parent).parent), item.application().pixels().of(point));
   if (option.isNull() || !item.other(option).hasState(AtspiState::showing)) return {};
   keepMenuOf(item.other(option));
   return option;
@@ -160,14 +104,14 @@ AtspiReference PointedElement::optionAt(const std::string& busName, CGPoint poin
 
 AtspiReference PointedElement::elementIn(const WindowOnScreen& window, CGPoint point) {
   auto& reader = session_.reader();
-  const auto known = topLevels_.find(window);
-  if (!known.isNull()) {
+  const auto known = knownTopLevel(window);
+  if (!known.reference.isNull()) {
     auto hit = hitTestBelow(known, point, window);
-    if (reader.read(known, Ask::role).answered(Ask::role)) return hit;
+    if (reader.read(known.reference, Ask::role).answered(Ask::role)) return hit;
     topLevels_.forget(window);
   }
   const auto topLevel = findTopLevel(window);
-  if (!topLevel.isNull()) return hitTestBelow(topLevel, point, window);
+  if (!topLevel.reference.isNull()) return hitTestBelow(topLevel, point, window);
   // An application that has just opened a menu may still tell which item of it is highlighted.
   if (window.overrideRedirect) return session_.processes.rootOf(window.process, reader);
   if (session_.processes.busNamesOf(window.process, reader).empty()) noteMissing(window);

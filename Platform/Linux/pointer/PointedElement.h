@@ -33,8 +33,13 @@ class PointedElement {
 
  private:
   ElementView view(const AtspiReference& element) { return {session_.reader(), element}; }
-  AtspiReference findTopLevel(const WindowOnScreen& window);
-  AtspiReference hitTestBelow(const AtspiReference& topLevel, CGPoint point, const WindowOnScreen& window);
+  struct FoundTopLevel {
+    AtspiReference reference;  // null: none was
+    OwnPixels pixels;
+  };
+  FoundTopLevel findTopLevel(const WindowOnScreen& window);
+  FoundTopLevel knownTopLevel(const WindowOnScreen& window);
+  AtspiReference hitTestBelow(const FoundTopLevel& topLevel, CGPoint point, const WindowOnScreen& window);
   AtspiReference comboBoxThatOpens(const AtspiReference& hit);
   AtspiReference optionAt(const std::string& busName, CGPoint point);
   AtspiReference elementIn(const WindowOnScreen& window, CGPoint point);

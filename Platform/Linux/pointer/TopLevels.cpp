@@ -19,10 +19,16 @@ AtspiReference KnownTopLevels::find(const WindowOnScreen& window) const {
   return isKnown && !window.overrideRedirect ? found->second.reference : AtspiReference{};
 }
 
-void KnownTopLevels::note(const WindowOnScreen& window, const AtspiReference& topLevel) {
+bool KnownTopLevels::isScaled(const WindowOnScreen& window) const {
+  const std::lock_guard lock(mutex_);
+  const auto found = topLevels_.find(window.window);
+  return found != topLevels_.end() && found->second.isScaled;
+}
+
+void KnownTopLevels::note(const WindowOnScreen& window, const AtspiReference& topLevel, bool isScaled) {
   const std::lock_guard lock(mutex_);
   if (topLevels_.size() >= maxTopLevels) topLevels_.clear();
-  topLevels_.insert_or_assign(window.window, TopLevel{window, topLevel});
+  topLevels_.insert_or_assign(window.window, TopLevel{window, topLevel, isScaled});
 }
 
 void KnownTopLevels::forget(const WindowOnScreen& window) {

@@ -16,7 +16,9 @@ class KnownTopLevels {
  public:
   /// Null: not known. Pop-ups are never known: menus share their windows.
   AtspiReference find(const WindowOnScreen& window) const;
-  void note(const WindowOnScreen& window, const AtspiReference& topLevel);
+  /// Whether a known one counts in other pixels than the screen's.
+  bool isScaled(const WindowOnScreen& window) const;
+  void note(const WindowOnScreen& window, const AtspiReference& topLevel, bool isScaled);
   void forget(const WindowOnScreen& window);
   void clear();
 
@@ -24,6 +26,7 @@ class KnownTopLevels {
   struct TopLevel {
     WindowOnScreen window;  // as it was when the top-level was found
     AtspiReference reference;
+    bool isScaled = false;
   };
   mutable std::mutex mutex_;
   std::map<std::uint32_t, TopLevel> topLevels_;  // by window; guarded by mutex_

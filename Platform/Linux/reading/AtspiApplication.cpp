@@ -16,6 +16,16 @@ void AtspiApplication::noteToolkit(const Toolkit& toolkit, bool isItsOwnWord) {
   isMet_ = isItsOwnWord;
 }
 
+OwnPixels AtspiApplication::pixels() const {
+  const std::lock_guard lock(mutex_);
+  return pixels_;
+}
+
+void AtspiApplication::notePixels(const OwnPixels& pixels) {
+  const std::lock_guard lock(mutex_);
+  pixels_ = pixels;
+}
+
 std::string AtspiApplication::roleName(std::uint32_t role) const {
   const std::lock_guard lock(mutex_);
   const auto found = roleNames_.find(role);

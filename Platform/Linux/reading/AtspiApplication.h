@@ -15,6 +15,7 @@
 
 #include "Platform/Linux/reading/AtspiFacts.h"
 #include "Platform/Linux/reading/FocusMemory.h"
+#include "Platform/Linux/reading/OwnPixels.h"
 #include "Platform/Linux/reading/SelectedItems.h"
 #include "Platform/Linux/reading/Toolkit.h"
 
@@ -41,6 +42,10 @@ class AtspiApplication {
   bool wasPassword(const std::string& path) const;
   void notePassword(const std::string& path);
 
+  /// In which it tells places; those of the window that was looked into last.
+  OwnPixels pixels() const;
+  void notePixels(const OwnPixels& pixels);
+
   FocusMemory focus;
   SelectedItems selectedItems;
 
@@ -50,6 +55,7 @@ class AtspiApplication {
   std::atomic<std::uint32_t> unknown_ = 0;
   mutable std::mutex mutex_;
   // guarded by mutex_
+  OwnPixels pixels_;
   std::map<std::uint32_t, std::string> roleNames_;
   std::unordered_set<std::string> passwords_;
 };

@@ -59,7 +59,23 @@ AtspiReader::TimePoint AtspiReader::deadline() {
   return deadline_;
 }
 
-Asks AtspiReader::missing(const AtspiQuestion& question) { return question.asks - facts_[question.element].asked; }
+Asks AtspiReader::missing(const AtspiQuestion& question) {
+  auto asks = question.asks;
+  if (asks.has(Ask::role)) asks |= toolkitOf(question.element).knownBy;
+  return asks - facts_[question.element].asked;
+}
+
+const Toolkit& AtspiReader::toolkitOf(const AtspiReference& element) const {
+  const auto application = applications_.find(element.busName);
+  return application ? application->toolkit() : unknownToolkit;
+}
+
+// The role and what it is known by were asked in the same wave.
+void AtspiReader::correctRole(const AtspiReference& element) {
+  const auto& toolkit = toolkitOf(element);
+  auto& facts = facts_[element];
+  if (toolkit.trueRole && facts.answered(Ask::role)) facts.role = static_cast<std::uint32_t>(toolkit.trueRole(facts));
+}
 
 const AtspiFacts& AtspiReader::read(const AtspiReference& element, Asks asks) {
   const AtspiQuestion question{element, asks};
@@ -89,7 +105,10 @@ std::vector<AtspiReply> AtspiReader::read(std::span<const AtspiQuestion> questio
   for (const auto& asking : askings) calls.push_back(callFor(asking.ask, asking.element));
   auto replies = exchange(calls);
   for (std::size_t i = 0; i < askings.size(); ++i) take(askings[i], replies[otherCalls + i]);
-  for (const auto& asking : askings) restoreIfSilent(asking.element);
+  for (const auto& asking : askings) {
+    if (asking.ask == Ask::role) correctRole(asking.element);
+    restoreIfSilent(asking.element);
+  }
   replies.resize(otherCalls);
   return replies;
 }

@@ -122,6 +122,8 @@ class AtspiReader {
     Ask ask;
   };
   Asks missing(const AtspiQuestion& question);
+  const Toolkit& toolkitOf(const AtspiReference& element) const;
+  void correctRole(const AtspiReference& element);
   std::vector<Asking> open(std::span<const AtspiQuestion> questions);
   void take(const Asking& asking, const AtspiReply& reply);
   void restoreIfSilent(const AtspiReference& element);

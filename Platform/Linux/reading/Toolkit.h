@@ -56,6 +56,10 @@ struct Toolkit {
   bool tellsFocusOfAllFields = true;
   /// Says where its elements are on the screen; else only where they are in their window.
   bool saysPlacesOnScreen = true;
+  /// Says of what is on the screen that it is showing.
+  bool saysWhatIsShown = true;
+  /// Where children lie one above the other, the first is on top; else the last.
+  bool firstChildIsTopmost = false;
   /// Its popovers are windows of their own, while their accessibles lie below what opens them.
   bool popoversAreWindows = false;
   /// How far around an item of a list a point still belongs to it, in pixels, where it says the place of its content
@@ -68,6 +72,10 @@ struct Toolkit {
   bool answersPageAddressAtOnce = false;
   std::string_view placeholderAttribute = "placeholder-text";
 
+  /// The role that an element should have, where it has one of little use. What that is known by is always asked
+  /// together with the role. Null: the one that it has.
+  AtspiRole (*trueRole)(const AtspiFacts& facts) = nullptr;
+  Asks knownBy = {};
   /// What has to be asked to know what an element is, beside what is asked in every toolkit. Null: nothing more.
   Asks (*asksForRole)(AtspiRole role) = nullptr;
   /// What an element is, where the toolkit means something else than its role says; an empty role: nothing else. Null:

@@ -1,7 +1,6 @@
 // GTK 3.
 #include <algorithm>
 
-#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/pointer/PointedAt.h"
@@ -13,7 +12,6 @@ namespace {
 constexpr int maxLevels = 40;
 // A tab says only where its label is.
 constexpr std::int32_t marginOfTab = 16;
-constexpr std::int64_t maxColumns = 64;
 
 Asks asksForGtk3Role(AtspiRole role) {
   switch (role) {
@@ -89,25 +87,6 @@ AtspiReference popoverAt(const ElementView& window, CGPoint point) {
     return child.isAt(point) && hasState(child.states, AtspiState::showing);
   });
   return found != children.rend() ? found->reference : AtspiReference{};
-}
-
-// The hit test of a table finds its cells only.
-AtspiReference headerAt(const ElementView& table, CGPoint point) {
-  if (!table.has(AtspiInterface::table)) return {};
-  const auto count = std::clamp<std::int64_t>(table.needOnly(Ask::columnCount).columnCount, 0, maxColumns);
-  std::vector<AtspiCall> calls;
-  for (std::int32_t i = 0; i < count; ++i) {
-    calls.push_back({table.reference(), atspi::table, "GetColumnHeader", {i}});
-  }
-  std::vector<AtspiQuestion> headers;
-  for (const auto& reply : table.reader().exchange(calls)) {
-    auto header = readReference(reply.message.get());
-    if (header && !header->isNull()) headers.push_back({std::move(*header), Ask::extents});
-  }
-  table.reader().read(headers);
-  const auto found = std::ranges::find_if(
-      headers, [&](const auto& header) { return contains(table.reader().known(header.element).extents, point); });
-  return found != headers.end() ? found->element : AtspiReference{};
 }
 
 Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {

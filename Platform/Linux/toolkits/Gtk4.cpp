@@ -100,6 +100,7 @@ const Toolkit gtk4{
     .joinsNameAndLabel = true,
     .tellsFocusOfAllFields = false,
     .saysPlacesOnScreen = false,
+    .saysWhatIsShown = false,
     .popoversAreWindows = true,
     .marginOfItems = 8,
     .ownRole = ownRole,

@@ -15,6 +15,7 @@ const Toolkit& toolkitNamed(std::string_view name, std::string_view version, std
   if (name == "Qt") return qt;
   if (name == "Chromium" || name == "Electron") return chromium;
   if (name == "Gecko") return gecko;
+  if (name == "J2SE-access-bridge") return java;
   return isPathOfGtk4(path) ? gtk4 : unknownToolkit;
 }
 

@@ -10,6 +10,7 @@ extern const Toolkit gtk4;
 extern const Toolkit qt;
 extern const Toolkit chromium;
 extern const Toolkit gecko;
+extern const Toolkit java;
 
 /// See ToolkitLookup.
 const Toolkit& toolkitNamed(std::string_view name, std::string_view version, std::string_view path);

@@ -1,0 +1,170 @@
+#include "Platform/Linux/pointer/WindowMatch.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "Platform/Linux/pointer/PlacedElements.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+// A menu or another pop-up may have no accessible of its own, and must not be taken for what lies below it.
+constexpr double mostDistanceOfPopUp = 100;
+constexpr double mostDistanceOfPopover = 80;
+constexpr int mostLevelsOfPopover = 16;
+// Of one that says nothing of its place.
+constexpr double unknownDistance = 1e6;
+
+constexpr double leastScale = 0.5;
+constexpr double mostScale = 5;
+constexpr double leastDifferenceOfScales = 0.09;
+constexpr double mostDistortion = 0.03;
+// Where screens begin is scaled by some and not by others.
+constexpr double mostDistanceByScreens = 50;
+
+struct Fit {
+  double distance = unknownDistance;
+  OwnPixels pixels;
+};
+
+Coordinates coordinatesOf(const Toolkit& toolkit) {
+  return toolkit.saysPlacesOnScreen ? Coordinates::ofScreen : Coordinates::ofWindow;
+}
+
+// GTK 4 does not say where its windows are, only how large.
+Fit fitAt(const AtspiRectangle& place, const ScreenRectangle& window, double scale, Coordinates coordinates) {
+  const auto size = std::abs(place.width * scale - window.width) + std::abs(place.height * scale - window.height);
+  if (coordinates == Coordinates::ofWindow) return {size, {scale}};
+  const auto offset = std::abs(place.x * scale - window.x) + std::abs(place.y * scale - window.y);
+  if (scale == 1) return {size + offset, {}};
+  return {size + std::min(offset, mostDistanceByScreens),
+          {scale, {place.x - window.x / scale, place.y - window.y / scale}}};
+}
+
+// Where windows may have a border of their own only a whole number is sure.
+std::vector<double> likelyScales(const AtspiRectangle& place, const ScreenRectangle& window, Coordinates coordinates) {
+  std::vector<double> scales{1};
+  const auto across = window.width / place.width;
+  const auto down = window.height / place.height;
+  if (across < leastScale || across > mostScale) return scales;
+  if (std::lround(across) > 1 && std::lround(across) == std::lround(down)) scales.push_back(std::round(across));
+  const bool isScale = std::abs(across - 1) >= leastDifferenceOfScales && std::abs(across / down - 1) < mostDistortion;
+  if (isScale && coordinates == Coordinates::ofScreen) scales.push_back(across);
+  return scales;
+}
+
+Fit better(const Fit& one, const Fit& other) { return other.distance < one.distance ? other : one; }
+
+ScreenRectangle withoutShadow(const WindowOnScreen& window) {
+  const auto& [left, right, top, bottom] = window.shadow;
+  const auto& [x, y, width, height] = window.client;
+  return {x + left, y + top, width - left - right, height - top - bottom};
+}
+
+// A pop-up may be of any size, and is drawn as large as the window that it was opened from.
+Fit fitOf(const AtspiRectangle& place, const WindowOnScreen& window, const ElementView& view) {
+  const auto coordinates = coordinatesOf(view.toolkit());
+  Fit best;
+  for (const auto& rectangle : {window.client, window.frame, withoutShadow(window)}) {
+    const auto scales = window.overrideRedirect ? std::vector<double>{1, view.application().pixels().scale}
+                                                : likelyScales(place, rectangle, coordinates);
+    for (const auto scale : scales) best = better(best, fitAt(place, rectangle, scale, coordinates));
+  }
+  return best;
+}
+
+struct RankedCandidate {
+  TopLevelCandidate candidate;
+  double distance = 0;
+  bool hasTitle = false;
+};
+
+// A frame that does not say where it is has all that it holds in one child.
+std::optional<AtspiRectangle> placeOfContent(const ElementView& topLevel) {
+  const auto children = fewPlacedChildren(topLevel, coordinatesOf(topLevel.toolkit()));
+  return children.empty() ? std::nullopt : children.front().place;
+}
+
+std::vector<RankedCandidate> candidatesFor(const ElementView& root, const WindowOnScreen& window) {
+  std::vector<RankedCandidate> candidates;
+  for (const auto& one : fewPlacedChildren(root, coordinatesOf(root.toolkit()))) {
+    if (!hasState(one.states, AtspiState::visible)) continue;
+    const auto place = one.place ? one.place : placeOfContent(root.other(one.reference));
+    const auto fit = place ? fitOf(*place, window, root) : Fit{};
+    if (window.overrideRedirect && fit.distance > mostDistanceOfPopUp) continue;
+    const bool isActive = hasState(one.states, AtspiState::active);
+    candidates.push_back({{one.reference, fit.pixels, isActive}, fit.distance, false});
+  }
+  return candidates;
+}
+
+// Windows of an application may lie at the same place, one above the other.
+void compareTitles(const ElementView& root, const WindowOnScreen& window, std::vector<RankedCandidate>& candidates) {
+  if (candidates.size() < 2 || window.overrideRedirect || window.title.empty()) return;
+  std::vector<AtspiQuestion> questions;
+  for (const auto& one : candidates) questions.push_back({one.candidate.reference, Ask::name});
+  root.reader().read(questions);
+  for (auto& one : candidates) {
+    one.hasTitle = root.reader().known(one.candidate.reference).name == window.title;
+  }
+}
+
+ScreenRectangle inOwnPixels(const ScreenRectangle& rectangle, const OwnPixels& pixels) {
+  const auto [x, y] = pixels.of({rectangle.x, rectangle.y});
+  return {x, y, rectangle.width / pixels.scale, rectangle.height / pixels.scale};
+}
+
+}  // namespace
+
+std::vector<TopLevelCandidate> topLevelsLike(const ElementView& root, const WindowOnScreen& window) {
+  auto candidates = candidatesFor(root, window);
+  compareTitles(root, window, candidates);
+  const auto rank = [](const RankedCandidate& one) { return std::pair(!one.hasTitle, one.distance); };
+  const auto best = std::ranges::min_element(candidates, {}, rank);
+  if (best == candidates.end()) return {};
+  const auto bestRank = rank(*best);
+  std::vector<TopLevelCandidate> alike;
+  for (const auto& one : candidates) {
+    if (rank(one) == bestRank) alike.push_back(one.candidate);
+  }
+  return alike;
+}
+
+OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window) {
+  const bool isOnScreen = coordinatesOf(topLevel.toolkit()) == Coordinates::ofScreen;
+  const auto& facts = topLevel.needOnly({Ask::role, isOnScreen ? Ask::extents : Ask::windowExtents});
+  const auto& own = isOnScreen ? facts.extents : facts.windowExtents;
+  const auto place = own.width > 0 && own.height > 0 ? own : placeOfContent(topLevel);
+  return place ? fitOf(*place, window, topLevel).pixels : OwnPixels{};
+}
+
+// The keyboard focus went into it.
+AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
+  AtspiReference best;
+  double bestDistance = mostDistanceOfPopover;
+  auto current = root.application().focus.lastArrival();
+  for (int level = 0; level < mostLevelsOfPopover && !current.isNull(); ++level) {
+    const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
+    if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
+    const auto difference = fitAt(facts.windowExtents, window.client, 1, Coordinates::ofWindow).distance;
+    if (facts.answered(Ask::windowExtents) && difference < bestDistance) {
+      best = current;
+      bestDistance = difference;
+    }
+    current = facts.parent;
+  }
+  return best;
+}
+
+WindowOnScreen inOwnPixels(WindowOnScreen window, const OwnPixels& pixels) {
+  if (pixels.areOfScreen()) return window;
+  window.frame = inOwnPixels(window.frame, pixels);
+  window.client = inOwnPixels(window.client, pixels);
+  for (auto* side : {&window.shadow.left, &window.shadow.right, &window.shadow.top, &window.shadow.bottom}) {
+    *side /= pixels.scale;
+  }
+  return window;
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,102 @@
+// Java's Swing, whose accessibility a wrapper carries to the bus.
+#include <algorithm>
+#include <limits>
+
+#include "Platform/Linux/pointer/PlacedElements.h"
+#include "Platform/Linux/pointer/PointedAt.h"
+#include "Platform/Linux/toolkits/Toolkits.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+using Children = std::vector<PlacedElement>;
+
+constexpr int mostLevelsInPopup = 8;
+
+// All that is drawn by a renderer is a label.
+AtspiRole trueRole(const AtspiFacts& facts) {
+  const auto role = static_cast<AtspiRole>(facts.role);
+  if (role != AtspiRole::label) return role;
+  if (facts.has(AtspiInterface::tableCell)) return AtspiRole::tableCell;
+  if (hasState(facts.states, AtspiState::transient)) return AtspiRole::listItem;
+  const bool isNode = hasState(facts.states, AtspiState::collapsed) || hasState(facts.states, AtspiState::expanded);
+  return isNode ? AtspiRole::treeItem : role;
+}
+
+struct Popup {
+  AtspiReference menu;  // null: none
+  AtspiRectangle place;
+};
+
+// What is open in a window lies in a panel that has the right place, unlike the menu in it.
+Popup popupAround(const ElementView& found) {
+  auto& reader = found.reader();
+  auto current = found.reference();
+  for (int level = 0; level < mostLevelsInPopup && !current.isNull(); ++level) {
+    const auto& facts = reader.known(current);
+    const auto inside = std::ranges::find_if(facts.children, [&](const auto& child) {
+      return static_cast<AtspiRole>(reader.known(child).role) == AtspiRole::popupMenu;
+    });
+    if (inside != facts.children.end()) {
+      const bool isOpenThere = static_cast<AtspiRole>(facts.role) == AtspiRole::panel;
+      return isOpenThere ? Popup{*inside, facts.extents} : Popup{};
+    }
+    current = reader.likelyParent(current);
+  }
+  return {};
+}
+
+// The items say where they are relative to what opened the menu, as if that were the menu. They fill it but for its
+// border.
+std::int32_t offsetOf(const Children& items, const AtspiRectangle& popup) {
+  auto top = std::numeric_limits<std::int32_t>::max();
+  auto bottom = std::numeric_limits<std::int32_t>::min();
+  for (const auto& item : items) {
+    if (!item.place) continue;
+    top = std::min(top, item.place->y);
+    bottom = std::max(bottom, item.place->y + item.place->height);
+  }
+  return top > bottom ? 0 : popup.y + (popup.height - (bottom - top)) / 2 - top;
+}
+
+AtspiReference itemAt(const ElementView& found, const Popup& popup, CGPoint point) {
+  const auto items = placedChildren(found.other(popup.menu), Coordinates::ofScreen);
+  const auto y = point.y - offsetOf(items, popup.place);
+  const auto item = std::ranges::find_if(items, [y](const auto& child) {
+    return child.place && y >= child.place->y && y < child.place->y + child.place->height;
+  });
+  if (item == items.end()) return popup.menu;
+  if (is(item->role, RoleKind::menuPart)) return item->reference;
+  return deepestByPlace(found.other(item->reference), point, Coordinates::ofScreen);
+}
+
+// The label in a column's header says that it has no height.
+AtspiReference labelOfHeaderAt(const ElementView& header, CGPoint point) {
+  for (const auto& child : header.reader().known(header.reference()).children) {
+    const auto& facts = header.reader().known(child);
+    const auto& [x, y, width, height] = facts.extents;
+    const bool isLabel = static_cast<AtspiRole>(facts.role) == AtspiRole::label;
+    if (isLabel && height == 0 && point.x >= x && point.x < x + width) return child;
+  }
+  return header.reference();
+}
+
+// Its own hit test never leaves the uppermost pane.
+AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
+  const auto found = topLevel.other(deepestByPlace(topLevel, at.point, Coordinates::ofScreen));
+  const auto popup = popupAround(found);
+  return popup.menu.isNull() ? labelOfHeaderAt(found, at.point) : itemAt(found, popup, at.point);
+}
+
+}  // namespace
+
+const Toolkit java{
+    .isLabelledByOwnParts = false,
+    .putsPagesBelowTabs = true,
+    .firstChildIsTopmost = true,
+    .trueRole = trueRole,
+    .knownBy = {Ask::states, Ask::interfaces},
+    .elementAt = elementAt,
+};
+
+}  // namespace norra::linux_desktop
