@@ -3,10 +3,11 @@
 #
 # The desktop is private: X server, session bus, window manager and accessibility bus are its own, and so are HOME and
 # XDG_RUNTIME_DIR. Nothing of it is left afterwards, also when a signal ends it. XDG_DATA_DIRS is passed on, so that a
-# service of a build tree can be started by the bus. NORRA_DESKTOP_LOGS names a folder that keeps the desktop's logs.
+# service of a build tree can be started by the bus. NORRA_DESKTOP_LOGS names a folder that keeps the desktop's logs,
+# NORRA_DESKTOP_SCREEN says how large the screen is (1280x900x24).
 set -euo pipefail
 
-[ $# -gt 0 ] || { sed -n '2,7s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+[ $# -gt 0 ] || { sed -n '2,8s/^# \{0,1\}//p' "$0" >&2; exit 2; }
 
 readonly limit_seconds=30
 desktop=$(mktemp -d "${TMPDIR:-/tmp}/norra-desktop-XXXXXX")

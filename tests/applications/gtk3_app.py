@@ -165,7 +165,7 @@ class Places:
         window = widget.get_toplevel()
         left, top = widget.translate_coordinates(window, x, y)
         origin = Gtk.Widget.get_window(window).get_origin()
-        return [origin.x + left, origin.y + top, width, height]
+        return [number * widget.get_scale_factor() for number in (origin.x + left, origin.y + top, width, height)]
 
     def place_of(self, widget):
         return self.place_in(widget, 0, 0, widget.get_allocated_width(), widget.get_allocated_height())

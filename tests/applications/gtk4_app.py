@@ -96,7 +96,9 @@ class Places:
         x, y = self.origin(native.get_surface())
         shadow = native.get_surface_transform()
         known, area = widget.compute_bounds(native)
-        numbers = (x + shadow[0] + area.origin.x, y + shadow[1] + area.origin.y, area.size.width, area.size.height)
+        scale = native.get_surface().get_scale_factor()
+        numbers = (x + scale * (shadow[0] + area.origin.x), y + scale * (shadow[1] + area.origin.y),
+                   scale * area.size.width, scale * area.size.height)
         return [round(number) for number in numbers] if known else None
 
     def items(self, widget):

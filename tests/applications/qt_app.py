@@ -127,7 +127,8 @@ class Places:
         if not widget.isVisible():
             return None
         corner = widget.mapToGlobal(area.topLeft())
-        return [corner.x(), corner.y(), area.width(), area.height()]
+        numbers = (corner.x(), corner.y(), area.width(), area.height())
+        return [round(number * widget.devicePixelRatioF()) for number in numbers]
 
     def place_of_item(self, view, part):
         path, column = part[0].split(":"), int(part[1])
