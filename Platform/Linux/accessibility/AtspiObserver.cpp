@@ -147,7 +147,10 @@ void AtspiObserver::tell(const AXUIElement& element, std::string_view notificati
 }
 
 void AtspiObserver::tellOf(const AtspiReference& element, std::string_view notification) {
-  if (notification == focusChanged) return tellOfFocus();
+  // What was chosen with a click was told as that.
+  const bool isClicked = notification == valueChanged &&
+                         services_.focus.highlightedItems().wasClicked(element, std::chrono::steady_clock::now());
+  if (isClicked || notification == focusChanged) return tellOfFocus();
   tell(services_.handles.element(element), notification);
   if (notification == valueChanged) services_.focusPicture.noteValue(element);
 }

@@ -39,17 +39,13 @@ AtspiReference withoutPageTab(const ElementView& view, const AtspiReference& par
   return above.role() == AtspiRole::pageTab ? above.need(Ask::parent).parent : parent;
 }
 
-bool isExpander(const ElementView& view) {
-  const bool mayBe = view.role() == AtspiRole::toggleButton || view.role() == AtspiRole::pushButton;
-  return mayBe && view.hasState(AtspiState::expandable);
-}
-
-// What an expander is called stands on it; all else in it is what it shows.
-AtspiReference withoutExpander(const ElementView& view, const AtspiReference& parent) {
-  if (!view.toolkit().putsContentBelowExpanders || isRoot(parent)) return parent;
+// What such a control is called stands on it; all else in it is what it shows or switches.
+AtspiReference withoutControlAround(const ElementView& view, const AtspiReference& parent) {
+  const auto isAroundContent = view.toolkit().isAroundContent;
+  if (!isAroundContent || isRoot(parent)) return parent;
   const auto above = view.other(parent);
-  if (!isExpander(above)) return parent;
-  const bool isItsLabel = view.need(Ask::name).name == above.need(Ask::name).name;
+  if (!isAroundContent(above.need({Ask::role, Ask::states}))) return parent;
+  const bool isItsLabel = view.role() == AtspiRole::label && view.need(Ask::name).name == above.need(Ask::name).name;
   return isItsLabel ? parent : above.need(Ask::parent).parent;
 }
 
@@ -65,7 +61,7 @@ AttributeResult parentOf(const ElementView& view) {
   const auto parent = facts.parent;
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(parent);
   if (auto row = madeUpRowOf(view)) return valueOf(std::move(*row));
-  const auto visible = withoutExpander(view, withoutPageTab(view, parent));
+  const auto visible = withoutControlAround(view, withoutPageTab(view, parent));
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(visible);
   return visible.isNull() ? noValue() : elementOrApplication(visible);
 }

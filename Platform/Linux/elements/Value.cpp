@@ -2,12 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/PageNames.h"
+#include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Text.h"
 #include "Platform/Linux/reading/ElementView.h"
@@ -56,12 +60,46 @@ AttributeResult checkedState(const ElementView& view) {
 }
 
 AttributeResult textOfComboBox(const ElementView& view) {
+  if (view.toolkit().namesComboBoxesByTheirValue) return textOrNoValue(view.need(Ask::name).name);
   if (view.has(AtspiInterface::text)) return textValue(view);
   for (const auto& child : firstChildren(view, mostChildrenOfAComboBox)) {
     const auto field = view.other(child);
     if (is(field.role(), RoleKind::field)) return textValue(field);
   }
   return noValue();
+}
+
+// The only number in a text, with a point before its fraction; nothing where there is none, or more.
+std::optional<double> onlyNumberIn(std::string_view text) {
+  constexpr std::string_view digits = "0123456789";
+  const auto begin = text.find_first_of(digits);
+  if (begin == std::string_view::npos) return std::nullopt;
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data() + begin, text.data() + text.size(), value);
+  const auto rest = text.substr(static_cast<std::size_t>(end - text.data()));
+  if (error != std::errc() || rest.find_first_of(digits) != std::string_view::npos) return std::nullopt;
+  return begin > 0 && text[begin - 1] == '-' ? -value : value;
+}
+
+// Languages differ in what stands before the fraction, and between thousands.
+bool shows(std::string text, double value) {
+  auto withoutMarks = text;
+  std::erase_if(withoutMarks, [](char c) { return c == ',' || c == '.'; });
+  const bool isShown = onlyNumberIn(text) == value || onlyNumberIn(withoutMarks) == value;
+  std::ranges::replace(text, ',', '.');
+  return isShown || onlyNumberIn(text) == value;
+}
+
+// A box for a number may have the one that was there before what is written in it, and that of a date has none.
+AttributeResult numberOrText(const ElementView& view) {
+  const auto value = view.need(Ask::currentValue).currentValue;
+  if (view.toolkit().showsWebPages || !view.has(AtspiInterface::text)) return number(value);
+  auto text = textValue(view);
+  const auto* shown = std::get_if<std::string>(&text.value);
+  if (!shown || shown->empty() || shows(*shown, value)) return number(value);
+  const bool isMereNumber = shown->find_first_not_of("0123456789.-") == std::string::npos;
+  const auto written = isMereNumber ? onlyNumberIn(*shown) : std::nullopt;
+  return written ? number(*written) : text;
 }
 
 // Text that only repeats the name is not asked for.
@@ -88,6 +126,7 @@ std::vector<std::string> actionNamesFrom(const ElementView& view, std::int32_t f
 bool isClassAction(std::string_view name) { return name.find('.') != std::string_view::npos; }
 
 std::vector<std::string> ownActionNames(const ElementView& view) {
+  if (!view.has(AtspiInterface::action)) return {};
   Asks asks{Ask::actionCount, Ask::firstActionName};
   if (view.toolkit().actionsReadAhead > 1) asks |= Ask::secondActionName;
   const auto& facts = view.need(asks);
@@ -113,6 +152,7 @@ AttributeResult contentOf(const ElementView& view) {
   if (is(role, RoleKind::field)) return textValue(view);
   if (is(role, RoleKind::checkable)) return checkedState(view);
   if (role == AtspiRole::comboBox) return textOfComboBox(view);
+  if (role == AtspiRole::spinButton && view.has(AtspiInterface::value)) return numberOrText(view);
   if (view.has(AtspiInterface::value)) return number(view.need(Ask::currentValue).currentValue);
   return textBesideName(view);
 }
@@ -120,12 +160,13 @@ AttributeResult contentOf(const ElementView& view) {
 AXResult<std::vector<std::string>> actionNamesOf(const ElementView& view) {
   if (const auto error = view.roleError(); error != axError::success) return {error, {}};
   const bool isContainer = is(view.role(), RoleKind::mereContainer) && !view.toolkit().showsWebPages;
-  if (isContainer || !view.has(AtspiInterface::action)) return {};
+  if (isContainer) return {};
   std::vector<std::string> names;
   for (const auto& action : ownActionNames(view)) {
     const auto mapped = mappedAction(action);
     if (!mapped.empty() && std::ranges::find(names, mapped) == names.end()) names.emplace_back(mapped);
   }
+  if (names.empty() && mappedRole(view).role == "AXTextField") names.emplace_back("AXConfirm");
   return {axError::success, std::move(names)};
 }
 

@@ -66,9 +66,17 @@ AtspiReference HighlightedItems::at(CGPoint point, TimePoint now) const {
 AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
   auto found = at(point, now);
   const std::lock_guard lock(mutex_);
-  const bool isItem = std::ranges::any_of(items_, [&](const auto& item) { return item.reference == found; });
-  if (isItem) end(found.busName, now);
+  const auto item = std::ranges::find(items_, found, &Item::reference);
+  if (item == items_.end()) return found;
+  clickedIn_ = item->owner;
+  clickedAt_ = now;
+  end(found.busName, now);
   return found;
+}
+
+bool HighlightedItems::wasClicked(const AtspiReference& comboBox, TimePoint now) const {
+  const std::lock_guard lock(mutex_);
+  return clickedIn_ == comboBox && now - clickedAt_ < grace;
 }
 
 void HighlightedItems::clear() {

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include "Platform/Linux/elements/RoleMapping.h"
+#include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Text.h"
 
 namespace norra::linux_desktop {
@@ -20,6 +21,20 @@ AtspiEventKind stateChanged(const std::string& state, const AtspiReference& sour
 
 AtspiEventKind numberChanged(const AtspiReference& source) {
   return {"object:property-change:accessible-value", "PropertyChange", "accessible-value", source};
+}
+
+AtspiEventKind nameChanged(const AtspiReference& source) {
+  return {"object:property-change:accessible-name", "PropertyChange", "accessible-name", source};
+}
+
+// What is written in a combo box is told of by the field in it.
+std::vector<AtspiEventKind> comboBoxEvents(const ElementView& view) {
+  if (!view.toolkit().namesComboBoxesByTheirValue) return {};
+  std::vector<AtspiEventKind> events{nameChanged(view.reference())};
+  for (const auto& child : fewChildren(view)) {
+    if (is(view.other(child).role(), RoleKind::field)) events.push_back(textChanged(child));
+  }
+  return events;
 }
 
 // The events of a hidden text that is given away hold its characters.
@@ -40,6 +55,7 @@ std::vector<AtspiEventKind> valueEvents(const ElementView& view) {
   const auto role = view.role();
   const auto& source = view.reference();
   if (is(role, RoleKind::field)) return textEvents(view);
+  if (role == AtspiRole::comboBox) return comboBoxEvents(view);
   if (role == AtspiRole::spinButton) return {numberChanged(source), textChanged(source)};
   if (is(role, RoleKind::number)) return {numberChanged(source)};
   if (role == AtspiRole::toggleButton) return {stateChanged("checked", source), stateChanged("pressed", source)};

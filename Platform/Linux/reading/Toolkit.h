@@ -50,8 +50,8 @@ struct Toolkit {
   bool joinsNameAndLabel = false;
   /// Puts the page of a notebook below the label of its tab, which is not what it looks like.
   bool putsPagesBelowTabs = false;
-  /// What an expander shows and hides lies below it, which is not what a click on it is on.
-  bool putsContentBelowExpanders = false;
+  /// Calls a combo box by what is chosen or written in it, and tells of that as of its name.
+  bool namesComboBoxesByTheirValue = false;
   /// Tells of every element that gets the focus; else some fields show it only by where they are written into.
   bool tellsFocusOfAllFields = true;
   /// Says where its elements are on the screen; else only where they are in their window.
@@ -83,6 +83,9 @@ struct Toolkit {
   RoleAndSubrole (*ownRole)(const AtspiFacts& facts, const RoleSurroundings& surroundings) = nullptr;
   /// A name without what the toolkit puts into it or says instead of one. Null: as it is given.
   std::string_view (*properName)(std::string_view name, AtspiRole role) = nullptr;
+  /// Whether a control is also the box around what it shows or switches, which is not what a click on it is on. Asked
+  /// of what may be one by its role. Null: none is.
+  bool (*isAroundContent)(const AtspiFacts& facts) = nullptr;
   /// Whether an element below another lies in a window of its own, wherever it says that it is. Null: none does.
   bool (*liesInOwnWindow)(const AtspiFacts& facts) = nullptr;
   /// The element at a point of the screen, below the top-level accessible of the window there; the top-level where

@@ -40,6 +40,12 @@ RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surrou
   return {};
 }
 
+bool isExpander(const AtspiFacts& facts) {
+  const auto role = static_cast<AtspiRole>(facts.role);
+  const bool mayBe = role == AtspiRole::toggleButton || role == AtspiRole::pushButton;
+  return mayBe && hasState(facts.states, AtspiState::expandable);
+}
+
 AtspiRectangle inflated(AtspiRectangle place, std::int32_t margin) {
   return {place.x - margin, place.y - margin / 2, place.width + 2 * margin, place.height + margin};
 }
@@ -123,9 +129,9 @@ const Toolkit gtk3{
     .hasOneNameForEachRole = true,
     .isLabelledByOwnParts = false,
     .putsPagesBelowTabs = true,
-    .putsContentBelowExpanders = true,
     .asksForRole = asksForGtk3Role,
     .ownRole = ownRole,
+    .isAroundContent = isExpander,
     .elementAt = elementAt,
 };
 
