@@ -1,0 +1,75 @@
+// Who is told when another application comes to the front, and when.
+//
+// A window that is in front for the first time may have no title yet, or one that says that it is loading. Its
+// activation is told when its title has stood for a moment, at the latest after a second, or when another window comes
+// to the front. Whoever acts in it until then tells of it by that.
+#pragma once
+
+#include <systemd/sd-event.h>
+
+#include <map>
+#include <memory>
+#include <set>
+#include <utility>
+
+#include "Platform/Linux/applications/RunningApplications.h"
+#include "Platform/Linux/runtime/DeferredRun.h"
+
+namespace norra::linux_desktop {
+
+/// The window in front.
+struct FrontWindow {
+  ApplicationWindow application;
+  std::string title;
+};
+
+/// Main thread, apart from frontmost() and application().
+class Activations {
+ public:
+  /// Any thread. Nothing: none is in front.
+  using Look = std::function<std::optional<FrontWindow>()>;
+
+  /// `event` and `windows` are not owned.
+  Activations(sd_event* event, ApplicationWindows& windows, Look look);
+
+  std::optional<NSRunningApplication> frontmost();
+  std::optional<NSRunningApplication> application(ProcessIdentifier process);
+  std::unique_ptr<Registration> onActivation(ActivationHandler handler);
+
+  /// What is in front now was so before anybody asked.
+  void begin();
+  /// Another window may be in front: looks, and tells if it is so.
+  void frontMayHaveChanged();
+  /// Windows came or went.
+  void windowsDidChange() { applications_.windowsDidChange(); }
+
+ private:
+  using Handlers = std::map<std::uint64_t, ActivationHandler>;
+  class Handle;
+  // A window's number is given to another window when the process that had it has gone.
+  using Identity = std::pair<std::uint32_t, ProcessIdentifier>;
+  // A window whose activation was not told yet.
+  struct Held {
+    FrontWindow window;
+    int checksLeft = 0;
+  };
+
+  static Identity identityOf(const std::optional<FrontWindow>& window);
+  bool isKnown(const Identity& window);
+  void checkTitle();
+  void tellHeld();
+  void tell(const std::optional<NSRunningApplication>& application);
+
+  ApplicationWindows& windows_;
+  const Look look_;
+  DesktopFiles desktopFiles_{DesktopFiles::foldersOfEnvironment()};
+  RunningApplications applications_{windows_, desktopFiles_};
+  Identity front_;
+  std::set<Identity> known_;
+  std::optional<Held> held_;
+  DeferredRun titleCheck_;
+  std::uint64_t nextHandler_ = 0;
+  const std::shared_ptr<Handlers> handlers_ = std::make_shared<Handlers>();
+};
+
+}  // namespace norra::linux_desktop
