@@ -42,11 +42,13 @@ struct Check {
   DesktopFinding (*look)(EventLoop&);
 };
 
+constexpr std::string_view input = "clicks and keys";
+
 constexpr std::array checks{Check{"session bus", sessionBus},
                             Check{"service", checkService},
                             Check{"display", ofDisplay<displayReadiness>},
                             Check{"service's display", checkDisplayOfService},
-                            Check{"clicks and keys", ofDisplay<inputReadiness>},
+                            Check{input, ofDisplay<inputReadiness>},
                             Check{"window in front", ofDisplay<windowReadiness>},
                             Check{"accessibility bus", ofBus<accessibilityReadiness>},
                             Check{"applications speak", ofBus<toolkitReadiness>}};
@@ -82,8 +84,10 @@ std::string textOf(const std::vector<DesktopFinding>& findings) {
 }
 
 bool isReady(const std::vector<DesktopFinding>& findings) {
-  const auto isMissing = [](const auto& finding) { return finding.readiness == Readiness::missing; };
-  return !linux_desktop::isWaylandSession() && std::ranges::none_of(findings, isMissing);
+  const auto isMissing = [](const auto& finding) {
+    return finding.readiness == Readiness::missing || (finding.what == input && finding.readiness != Readiness::ready);
+  };
+  return std::ranges::none_of(findings, isMissing);
 }
 
 }  // namespace norra

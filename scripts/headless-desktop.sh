@@ -5,9 +5,16 @@
 # XDG_RUNTIME_DIR. Nothing of it is left afterwards, also when a signal ends it. XDG_DATA_DIRS is passed on, so that a
 # service of a build tree can be started by the bus. NORRA_DESKTOP_LOGS names a folder that keeps the desktop's logs,
 # NORRA_DESKTOP_SCREEN says how large the screen is (1280x900x24).
+# NORRA_COMPOSITOR=sway or kwin makes it a Wayland desktop, with NORRA_XWAYLAND=1 with an X server beside. sway refuses
+# to run as root, so a Wayland desktop of root's runs as the user nobody.
 set -euo pipefail
 
-[ $# -gt 0 ] || { sed -n '2,8s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+[ $# -gt 0 ] || { sed -n '2,10s/^# \{0,1\}//p' "$0" >&2; exit 2; }
+
+readonly compositor=${NORRA_COMPOSITOR:-}
+if [ -n "$compositor" ] && [ "$(id -u)" = 0 ]; then
+  exec setpriv --reuid nobody --regid nogroup --clear-groups --inh-caps=-all "$0" "$@"
+fi
 
 readonly limit_seconds=30
 desktop=$(mktemp -d "${TMPDIR:-/tmp}/norra-desktop-XXXXXX")
@@ -66,6 +73,44 @@ start_x_server() {
   export DISPLAY=":$(<"$desktop/display")"
 }
 
+start_compositor() {
+  unset DISPLAY
+  printf '#!/bin/sh\n[ -z "$DISPLAY" ] || echo "$DISPLAY" >"%s"\n' "$desktop/display" >"$desktop/tell-display"
+  chmod +x "$desktop/tell-display"
+  export XDG_SESSION_TYPE=wayland GDK_BACKEND=wayland QT_QPA_PLATFORM=wayland MOZ_ENABLE_WAYLAND=1
+  "start_$compositor" >"$logs/compositor.log" 2>&1 &
+  has_socket() { socket=$(find "$XDG_RUNTIME_DIR" -maxdepth 1 -type s -name 'wayland-*') && [ -n "$socket" ]; }
+  wait_until has_socket || fail "The compositor does not start."
+  export WAYLAND_DISPLAY=${socket##*/}
+  [ "$compositor" != sway ] || export SWAYSOCK=$XDG_RUNTIME_DIR/sway
+  [ -n "${NORRA_XWAYLAND:-}" ] || return 0
+  has_display() { [ -s "$desktop/display" ]; }
+  wait_until has_display || fail "The compositor starts no X server."
+  export DISPLAY="$(<"$desktop/display")"
+}
+
+# Two windows beside each other have a place on the screen each.
+start_sway() {
+  cat >"$desktop/sway" <<END
+output HEADLESS-1 resolution 1280x900 position 0 0
+default_border none
+default_floating_border none
+focus_follows_mouse no
+exec $desktop/tell-display
+xwayland $([ -n "${NORRA_XWAYLAND:-}" ] && echo force || echo disable)
+END
+  SWAYSOCK=$XDG_RUNTIME_DIR/sway XDG_CURRENT_DESKTOP=sway WLR_BACKENDS=headless WLR_LIBINPUT_NO_DEVICES=1 \
+    WLR_RENDERER=pixman exec sway --config "$desktop/sway"
+}
+
+# A copy of it, since a container refuses to run a program with its file capability. What its task bar may know,
+# our tests may know.
+start_kwin() {
+  cp "$(command -v kwin_wayland)" "$desktop/kwin_wayland"
+  KWIN_WAYLAND_NO_PERMISSION_CHECKS=1 KWIN_COMPOSE=Q XDG_CURRENT_DESKTOP=KDE exec "$desktop/kwin_wayland" --virtual \
+    --width 1280 --height 900 --socket wayland-0 --no-lockscreen ${NORRA_XWAYLAND:+--xwayland "$desktop/tell-display"}
+}
+
 start_session_bus() {
   export DBUS_SESSION_BUS_ADDRESS="unix:path=$XDG_RUNTIME_DIR/bus"
   dbus-daemon --session --nofork --nopidfile --address="$DBUS_SESSION_BUS_ADDRESS" >"$logs/bus.log" 2>&1 &
@@ -104,14 +149,19 @@ trap 'end_early 129' HUP
 trap 'end_early 130' INT
 trap 'end_early 143' TERM
 
-unset WAYLAND_DISPLAY XAUTHORITY SESSION_MANAGER XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_STATE_HOME
+unset WAYLAND_DISPLAY SWAYSOCK XAUTHORITY SESSION_MANAGER XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_STATE_HOME
 unset AT_SPI_BUS_ADDRESS NO_AT_BRIDGE GTK_MODULES
 export XDG_RUNTIME_DIR="$desktop/runtime" HOME="$desktop/home" XDG_SESSION_TYPE=x11
 export GDK_BACKEND=x11 QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1
 
-start_x_server
-start_session_bus
-start_window_manager
+if [ -z "$compositor" ]; then
+  start_x_server
+  start_session_bus
+  start_window_manager
+else
+  start_session_bus
+  start_compositor
+fi
 start_accessibility_bus
 
 # In the background, so that a signal is heard while it runs; the shell would let it ignore some.

@@ -2,8 +2,10 @@
 
 #include <cstdlib>
 #include <string_view>
+#include <utility>
 
 #include "Platform/Linux/atspi/AtspiBus.h"
+#include "Platform/Linux/wayland/WaylandDisplay.h"
 #include "Platform/Linux/x11/X11Display.h"
 
 namespace norra::linux_desktop {
@@ -14,11 +16,9 @@ std::string_view environment(const char* variable) {
   return value == nullptr ? "" : value;
 }
 
-constexpr const char* waylandOnly =
-    "This is a Wayland session without an X server: no windows are seen. Log in to an X11 session.";
 constexpr const char* noServer = "No X server is reached. Run this inside an X11 session, with DISPLAY set.";
-constexpr const char* waylandDisplay =
-    "This is a Wayland session: only windows of X11 applications are seen. Log in to an X11 session.";
+constexpr const char* noCompositor =
+    "The compositor of this Wayland session is not reached. Run this inside the session, with WAYLAND_DISPLAY set.";
 constexpr const char* noServerForInput =
     "No X server: clicks and keys are not seen. Start the service in a desktop session, with DISPLAY set";
 constexpr const char* noServerForWindows =
@@ -26,9 +26,11 @@ constexpr const char* noServerForWindows =
 constexpr const char* oldServer =
     "The X server has no XInput 2.2: clicks and keys are not seen. Start a newer X server";
 constexpr const char* waylandInput =
-    "This is a Wayland session: clicks and keys in windows that are not of X11 are not seen. Log in to an X11 session";
-constexpr const char* waylandWindows =
-    "This is a Wayland session: switches to windows that are not of X11 are not seen. Log in to an X11 session";
+    "This is a Wayland session: clicks and keys are seen in X11 applications only; of others it is seen what they "
+    "change. Log in to an X11 session to see them";
+constexpr const char* waylandWithoutInput =
+    "This is a Wayland session: clicks and keys are not seen, only what they change. Log in to an X11 session to see "
+    "them";
 constexpr const char* noWindowManager =
     "No window manager tells which window is active: application switches are not seen. Start a window manager such as "
     "openbox";
@@ -46,27 +48,34 @@ bool isWaylandSession() {
   return !environment("WAYLAND_DISPLAY").empty() || environment("XDG_SESSION_TYPE") == "wayland";
 }
 
+std::unique_ptr<DisplayServer> openDisplay(sd_event* event, InputListeners listeners,
+                                           std::function<void()> didLoseServer) {
+  if (!isWaylandSession()) return openX11Display(event, std::move(listeners), std::move(didLoseServer));
+  // One that ends with its last application.
+  const auto openXServer = [event](InputListeners ofX11) { return openX11Display(event, std::move(ofX11)); };
+  return openWaylandDisplay(event, openXServer, std::move(listeners), std::move(didLoseServer));
+}
+
 DisplayFacts lookAtDisplay(sd_event* event) {
-  const auto display = openX11Display(event);
-  auto facts = display ? display->facts() : DisplayFacts{};
-  facts.isWayland = isWaylandSession();
-  return facts;
+  const auto display = openDisplay(event);
+  return display ? display->facts() : DisplayFacts{};
 }
 
 DesktopFinding displayReadiness(const DisplayFacts& facts) {
-  if (!facts.hasServer) return missing(facts.isWayland ? waylandOnly : noServer);
-  return facts.isWayland ? limited(waylandDisplay) : DesktopFinding{};
+  if (facts.hasServer) return {};
+  return missing(facts.isWayland ? noCompositor : noServer);
 }
 
 DesktopFinding inputReadiness(const DisplayFacts& facts) {
+  if (facts.isWayland) return facts.hasInput ? limited(waylandInput) : missing(waylandWithoutInput);
   if (!facts.hasServer) return missing(noServerForInput);
-  if (!facts.hasInput) return missing(oldServer);
-  return facts.isWayland ? limited(waylandInput) : DesktopFinding{};
+  return facts.hasInput ? DesktopFinding{} : missing(oldServer);
 }
 
+// Under Wayland the accessibility bus knows of windows what the compositor does not tell.
 DesktopFinding windowReadiness(const DisplayFacts& facts) {
+  if (facts.isWayland) return {};
   if (!facts.hasServer) return missing(noServerForWindows);
-  if (facts.isWayland) return limited(waylandWindows);
   if (!facts.hasWindowManager) return limited(noWindowManager);
   return facts.hasActiveWindow ? DesktopFinding{} : limited(noActiveWindow);
 }

@@ -4,6 +4,8 @@
 
 #include <systemd/sd-event.h>
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -32,6 +34,11 @@ inline constexpr const char* needsSessionBus = "This cannot be known without the
 
 /// Of this process: whether there may be windows that an X server does not know.
 bool isWaylandSession();
+
+/// The display server of this session; null: none is reached. Takes a bounded time. `event` must outlive the result;
+/// `didLoseServer` is called at most once.
+std::unique_ptr<DisplayServer> openDisplay(
+    sd_event* event, InputListeners listeners = {}, std::function<void()> didLoseServer = [] {});
 
 /// What the decisions rest on. Connects to the display server. Main thread; takes a bounded time.
 DisplayFacts lookAtDisplay(sd_event* event);

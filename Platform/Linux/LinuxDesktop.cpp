@@ -3,7 +3,6 @@
 #include "Platform/Linux/DesktopReadiness.h"
 #include "Platform/Linux/accessibility/AtspiAccessibility.h"
 #include "Platform/Linux/runtime/PlatformLogger.h"
-#include "Platform/Linux/x11/X11Display.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -27,12 +26,14 @@ InputListeners LinuxDesktop::listeners(EventLoop& loop) {
 
 LinuxDesktop::LinuxDesktop(EventLoop& loop, Rehearsals rehearsals)
     // Without it nothing is left to watch: clients are better told by the service's end.
-    : display_(openX11Display(loop.event(), listeners(loop), [&loop] { loop.end(statusWithoutServer); })),
+    : display_(openDisplay(loop.event(), listeners(loop), [&loop] { loop.end(statusWithoutServer); })),
       absentWorkspace_(windowReadiness(facts()).advice),
       absentEventTaps_(inputReadiness(facts()).advice),
       accessibility_(std::make_unique<AtspiAccessibility>(loop.event(), display_ ? display_->windows() : noWindows_,
                                                           eventTaps(), std::move(rehearsals))) {
-  if (facts().isWayland) platformLogger().error(displayReadiness(facts()).advice);
+  if (display_) display_->use(accessibility_->activeTopLevels());
+  const auto advice = facts().isWayland ? inputReadiness(facts()).advice : std::string();
+  if (!advice.empty()) platformLogger().error(advice);
 }
 
 LinuxDesktop::~LinuxDesktop() = default;
@@ -51,7 +52,6 @@ Accessibility& LinuxDesktop::accessibility() { return *accessibility_; }
 
 DisplayFacts LinuxDesktop::facts() const {
   auto facts = display_ ? display_->facts() : DisplayFacts{};
-  facts.isWayland = isWaylandSession();
   facts.hasActiveWindow = true;  // there need not be one all the time
   return facts;
 }

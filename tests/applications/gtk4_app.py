@@ -7,7 +7,7 @@ import gi
 
 gi.require_version("GdkX11", "4.0")
 gi.require_version("Gtk", "4.0")
-from gi.repository import GdkX11, Gio, GLib, Gtk
+from gi.repository import GdkX11, Gio, GLib, Gtk  # a surface of X11 has its own methods only when the first is there
 
 from control import Control
 
@@ -78,7 +78,8 @@ class Window(Gtk.Window):
 
 
 class Places:
-    """Where a widget is on the screen: its window's place, as the window manager has it, and its own place in it.
+    """Where a widget is on the screen: its window's place, as the window manager has it (under Wayland nobody has), and its
+    own place in it.
     "Cargo: 1" is an item of what pops up."""
 
     def __init__(self, window):
@@ -111,6 +112,8 @@ class Places:
 
     @staticmethod
     def origin(surface):
+        if not isinstance(surface, GdkX11.X11Surface):
+            return 0, 0
         command = ["xwininfo", "-id", str(surface.get_xid())]
         answer = subprocess.run(command, capture_output=True, text=True, check=True).stdout
         return [int(number) for number in re.findall(r"Absolute upper-left .:\s+(-?\d+)", answer)]

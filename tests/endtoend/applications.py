@@ -24,9 +24,8 @@ class Application:
 
     def window_title(self):
         """The title of its window in front of all others, empty while another application is there."""
-        active = subprocess.run(["xdotool", "getactivewindow", "getwindowpid", "getwindowname"], capture_output=True, text=True)
-        process, _, title = active.stdout.partition("\n")
-        return title.rstrip("\n") if process == str(self.pid) else ""
+        process, title = hands.front_window()
+        return title if process == self.pid else ""
 
     def wait_until_in_front(self):
         wait_until(self.window_title, f"the window of {self.process.args}")
@@ -34,8 +33,7 @@ class Application:
 
     def activate(self):
         """Brings its window to the front."""
-        window = hands.xdotool("search", "--all", "--onlyvisible", "--pid", self.pid, "--name", ".").split()[0]
-        hands.xdotool("windowactivate", "--sync", window)
+        hands.activate(self.pid)
         return self.wait_until_in_front()
 
     def window_place(self):
@@ -60,7 +58,9 @@ class ApplicationWithWidgets(Application):
     """Answers questions, as "place", about its widgets; how it is asked is the business of the kinds of it."""
 
     def place(self, widget):
-        return wait_until(lambda: self.ask("place", widget), f"{widget} on the screen")
+        x, y, *size = wait_until(lambda: self.ask("place", widget), f"{widget} on the screen")
+        left, top = hands.origin_of(self.pid)
+        return [left + x, top + y, *size]
 
     def value(self, widget):
         return self.ask("value", widget)

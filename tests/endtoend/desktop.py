@@ -70,6 +70,8 @@ class Service:
 
 def screenshot():
     """The path of a picture of the screen as it is now."""
+    if "WAYLAND_DISPLAY" in os.environ:
+        return "none of a Wayland desktop"
     file = tempfile.NamedTemporaryFile(prefix="norra-screen-", suffix=".png", delete=False)
     script = ("import gi, sys; gi.require_version('Gdk', '3.0'); from gi.repository import Gdk; "
               "root = Gdk.get_default_root_window(); "

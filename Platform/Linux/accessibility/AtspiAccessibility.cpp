@@ -10,6 +10,9 @@ namespace {
 constexpr auto inputThatChangesValues =
     maskOf(CGEventType::keyDown) | maskOf(CGEventType::leftMouseUp) | maskOf(CGEventType::otherMouseUp);
 
+// Where not all input is seen there may have been some at any time.
+constexpr std::uint64_t pauseBetweenLooksMicroseconds = 500'000;
+
 class InputWatch final : public Registration {
  public:
   explicit InputWatch(std::unique_ptr<EventTap> tap) : tap_(std::move(tap)) {
@@ -23,6 +26,23 @@ class InputWatch final : public Registration {
 
  private:
   const std::unique_ptr<EventTap> tap_;
+};
+
+class RepeatedLook final : public Registration {
+ public:
+  RepeatedLook(sd_event* event, std::function<void()> look)
+      : look_(std::move(look)), next_(event, [this] { lookAgain(); }) {
+    next_.requestAfter(pauseBetweenLooksMicroseconds);
+  }
+
+ private:
+  void lookAgain() {
+    next_.requestAfter(pauseBetweenLooksMicroseconds);
+    look_();
+  }
+
+  const std::function<void()> look_;
+  DeferredRun next_;
 };
 
 }  // namespace
@@ -39,6 +59,7 @@ AtspiAccessibility::AtspiAccessibility(sd_event* event, WindowsOnScreen& windows
       handles_(session_, focus_, pointed_, windows),
       pressPictures_(session_, pointed_, handles_, std::move(rehearsals.click)),
       events_(event, session_.shared, [this](const std::string& name) { session_.forget(name); }),
+      activeTopLevels_(session_, events_),
       focusEvents_(focus_, events_),
       focusPicture_(session_, handles_, events_, std::move(rehearsals.key)),
       services_{
@@ -52,6 +73,7 @@ AXResult<std::unique_ptr<AXObserver>> AtspiAccessibility::createObserver(Process
 }
 
 std::unique_ptr<Registration> AtspiAccessibility::watchInput(std::function<void()> noteInput) {
+  if (!windows_.isAllInputSeen()) return std::make_unique<RepeatedLook>(events_.loop(), std::move(noteInput));
   return std::make_unique<InputWatch>(eventTaps_.createEventTap(
       inputThatChangesValues, [noteInput = std::move(noteInput)](const CGEvent&) { noteInput(); }));
 }

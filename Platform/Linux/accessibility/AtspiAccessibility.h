@@ -6,6 +6,7 @@
 #include "NorraUserInteractionsCollectorServiceProtocol/ServiceStatistics.h"
 #include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
+#include "Platform/Linux/accessibility/AtspiActiveTopLevels.h"
 #include "Platform/Linux/accessibility/AtspiObserver.h"
 #include "Platform/Linux/accessibility/FocusPicture.h"
 #include "Platform/Linux/accessibility/PressPictures.h"
@@ -24,6 +25,9 @@ class AtspiAccessibility final : public Accessibility {
   AXUIElement createSystemWide() override { return handles_.systemWide(pictures_); }
   AXUIElement createApplication(ProcessIdentifier process) override { return handles_.application(process); }
   AXResult<std::unique_ptr<AXObserver>> createObserver(ProcessIdentifier process, AXObserverCallback callback) override;
+
+  /// As applications call them active.
+  ActiveTopLevels& activeTopLevels() { return activeTopLevels_; }
 
   /// Whether the element with the keyboard focus is known to be a field with a hidden text. Reads nothing. Main thread.
   bool isSecretFocused();
@@ -48,6 +52,7 @@ class AtspiAccessibility final : public Accessibility {
   const ElementHandles handles_;
   PressPictures pressPictures_;
   AtspiEvents events_;
+  AtspiActiveTopLevels activeTopLevels_;
   FocusEvents focusEvents_;
   FocusPicture focusPicture_;
   const Pictures pictures_{&pressPictures_, &focusPicture_};

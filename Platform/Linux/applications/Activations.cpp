@@ -9,6 +9,11 @@ constexpr std::uint64_t titleStands = 250'000;  // microseconds
 constexpr int maxTitleChecks = 4;
 constexpr std::size_t maxKnown = 4096;
 
+std::pair<std::uint32_t, ProcessIdentifier> identityOf(const std::optional<FrontWindow>& window) {
+  if (!window) return {};
+  return {window->application.window, window->application.process};
+}
+
 bool hasGoneAgain(const ApplicationWindow& window) { return window.process == 0 && window.className.empty(); }
 
 }  // namespace
@@ -26,11 +31,11 @@ class Activations::Handle final : public Registration {
   std::uint64_t handler_;
 };
 
-Activations::Activations(sd_event* event, ApplicationWindows& windows, Look look)
-    : windows_(windows), look_(std::move(look)), titleCheck_(event, [this] { checkTitle(); }) {}
+Activations::Activations(sd_event* event, ApplicationWindows& windows)
+    : windows_(windows), titleCheck_(event, [this] { checkTitle(); }) {}
 
 std::optional<NSRunningApplication> Activations::frontmost() {
-  const auto front = look_();
+  const auto front = windows_.front();
   return front ? applications_.applicationOf(front->application) : std::nullopt;
 }
 
@@ -45,12 +50,8 @@ std::unique_ptr<Registration> Activations::onActivation(ActivationHandler handle
   return std::make_unique<Handle>(handlers_, number);
 }
 
-Activations::Identity Activations::identityOf(const std::optional<FrontWindow>& window) {
-  return window ? Identity{window->application.window, window->application.process} : Identity{};
-}
-
 void Activations::begin() {
-  front_ = identityOf(look_());
+  front_ = identityOf(windows_.front());
   known_.insert(front_);
 }
 
@@ -60,7 +61,7 @@ bool Activations::isKnown(const Identity& window) {
 }
 
 void Activations::frontMayHaveChanged() {
-  auto front = look_();
+  auto front = windows_.front();
   const auto identity = identityOf(front);
   if (std::exchange(front_, identity) == identity || !front) return;
   tellHeld();
@@ -72,7 +73,7 @@ void Activations::frontMayHaveChanged() {
 
 void Activations::checkTitle() {
   if (!held_) return;
-  const auto front = look_();
+  const auto front = windows_.front();
   const bool isStillThere = front && front->application.window == held_->window.application.window;
   auto title = isStillThere ? front->title : held_->window.title;
   const bool stands = !title.empty() && title == std::exchange(held_->window.title, title);

@@ -17,20 +17,11 @@
 
 namespace norra::linux_desktop {
 
-/// The window in front.
-struct FrontWindow {
-  ApplicationWindow application;
-  std::string title;
-};
-
 /// Main thread, apart from frontmost() and application().
 class Activations {
  public:
-  /// Any thread. Nothing: none is in front.
-  using Look = std::function<std::optional<FrontWindow>()>;
-
-  /// `event` and `windows` are not owned.
-  Activations(sd_event* event, ApplicationWindows& windows, Look look);
+  /// Not owned.
+  Activations(sd_event* event, ApplicationWindows& windows);
 
   std::optional<NSRunningApplication> frontmost();
   std::optional<NSRunningApplication> application(ProcessIdentifier process);
@@ -54,14 +45,12 @@ class Activations {
     int checksLeft = 0;
   };
 
-  static Identity identityOf(const std::optional<FrontWindow>& window);
   bool isKnown(const Identity& window);
   void checkTitle();
   void tellHeld();
   void tell(const std::optional<NSRunningApplication>& application);
 
   ApplicationWindows& windows_;
-  const Look look_;
   DesktopFiles desktopFiles_{DesktopFiles::foldersOfEnvironment()};
   RunningApplications applications_{windows_, desktopFiles_};
   Identity front_;

@@ -61,6 +61,15 @@ class AtspiEvents::Handle final : public Registration {
   const std::list<Subscription>::iterator subscription_;
 };
 
+class AtspiEvents::NewNameHandle final : public Registration {
+ public:
+  explicit NewNameHandle(AtspiEvents& events) : events_(events) {}
+  ~NewNameHandle() override { events_.newName_ = nullptr; }
+
+ private:
+  AtspiEvents& events_;
+};
+
 AtspiEvents::AtspiEvents(sd_event* event, AtspiShared& shared, std::function<void(const std::string&)> nameLeft)
     : event_(event),
       shared_(shared),
@@ -76,6 +85,11 @@ std::unique_ptr<Registration> AtspiEvents::subscribe(AtspiEventKind kind, AtspiE
   listen(*added);
   if (wanted_[added->kind.registryName]++ == 0) wantAtRegistry(added->kind.registryName);
   return std::make_unique<Handle>(*this, added);
+}
+
+std::unique_ptr<Registration> AtspiEvents::onNewName(std::function<void()> handler) {
+  newName_ = std::move(handler);
+  return std::make_unique<NewNameHandle>(*this);
 }
 
 // Applications of Qt ask which events are wanted when they start, and hear of later ones only after that. What was
@@ -175,6 +189,7 @@ int AtspiEvents::onNameChange(sd_bus_message* message, void* self, sd_bus_error*
     events.nameLeft_(*name);
   } else {
     events.reminder_.requestAfter(applicationStartsMicroseconds);
+    if (events.newName_) events.newName_();
   }
   return 0;
 }

@@ -56,12 +56,17 @@ class AtspiEvents {
   /// wants them. Goes on when the bus was lost and is there again.
   [[nodiscard]] std::unique_ptr<Registration> subscribe(AtspiEventKind kind, AtspiEventHandler handler);
 
+  /// Calls the handler for every name that comes onto the bus while there are subscriptions, until the result, which
+  /// must not outlive this, is let go. One at a time.
+  [[nodiscard]] std::unique_ptr<Registration> onNewName(std::function<void()> handler);
+
   /// The loop that serves this.
   sd_event* loop() const { return event_; }
 
  private:
   struct Subscription;
   class Handle;
+  class NewNameHandle;
 
   void connect();
   void reconnectLater();
@@ -82,6 +87,7 @@ class AtspiEvents {
   sd_event* const event_;
   AtspiShared& shared_;
   const std::function<void(const std::string&)> nameLeft_;
+  std::function<void()> newName_;
   BusPtr bus_;
   DeferredRun reminder_;
   SlotPtr nameChanges_;

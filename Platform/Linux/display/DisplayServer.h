@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "Platform/EventTap.h"
+#include "Platform/Linux/display/ActiveTopLevels.h"
 #include "Platform/Linux/display/KeyTranslator.h"
 #include "Platform/Linux/display/WindowsOnScreen.h"
 #include "Platform/Linux/runtime/ClickTimes.h"
@@ -20,7 +21,10 @@ namespace norra::linux_desktop {
 struct DisplayFacts {
   bool isWayland = false;
   bool hasServer = false;  // one is reached; the following are of it
-  bool hasInput = false;
+  bool hasXServer = false;
+  bool hasInput = false;    // of the windows of the X server
+  bool hasDevices = false;  // input of the other windows too
+  bool hasPointer = false;  // and where the pointer is in them
   bool hasWindowManager = false;
   bool hasActiveWindow = false;
 };
@@ -36,11 +40,15 @@ struct InputListeners {
   ClickTimes* clickTimes = nullptr;     // not owned; told which click is handled
 };
 
-/// Main thread, apart from windows().
+/// Main thread, apart from windows() and applications().
 class DisplayServer {
  public:
   virtual ~DisplayServer() = default;
+  /// Before anything else, for servers that do not say which window is active. It must outlive all who listen to the
+  /// workspace.
+  virtual void use(ActiveTopLevels& /*topLevels*/) {}
   virtual WindowsOnScreen& windows() = 0;
+  virtual ApplicationWindows& applications() = 0;
   /// Made at the first call. Null: the server was lost before.
   virtual Workspace* workspace() = 0;
   /// Null: the server does not tell of input.

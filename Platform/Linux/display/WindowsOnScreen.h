@@ -61,6 +61,8 @@ class WindowsOnScreen {
   virtual std::optional<WindowOnScreen> activeWindow() = 0;
   /// The window that the last input went to: the one that was active then, even if it has been closed by it.
   virtual std::optional<WindowOnScreen> windowOfInput() { return activeWindow(); }
+  /// Whether event taps are told of what is done in all windows.
+  virtual bool isAllInputSeen() const { return true; }
 };
 
 /// Stands for them where there is no X server.
@@ -83,10 +85,18 @@ struct ApplicationWindow {
   std::string kdeDesktopFile;
 };
 
+/// The window that a person works in.
+struct FrontWindow {
+  ApplicationWindow application;
+  std::string title;
+};
+
 /// Any thread; every answer comes within a bound.
 class ApplicationWindows {
  public:
   virtual ~ApplicationWindows() = default;
+  /// Nothing: there is none, or no way to know.
+  virtual std::optional<FrontWindow> front() = 0;
   /// Of the process's active window, else of its topmost one. Nothing: it has no window.
   virtual std::optional<ApplicationWindow> applicationOf(ProcessIdentifier process) = 0;
 };

@@ -20,6 +20,7 @@ class X11Display final : public DisplayServer {
                                       [this] { windows_.noteActiveWindow(); })) {}
 
   WindowsOnScreen& windows() override { return windows_; }
+  ApplicationWindows& applications() override { return windows_; }
   Workspace* workspace() override {
     auto connection = workspace_ ? nullptr : X11Connection::open();
     if (connection) {
@@ -30,6 +31,7 @@ class X11Display final : public DisplayServer {
   EventTaps* eventTaps() override { return eventTaps_.get(); }
   DisplayFacts facts() override {
     return {.hasServer = true,
+            .hasXServer = true,
             .hasInput = eventTaps_ != nullptr,
             .hasWindowManager = windows_.hasWindowManager(),
             .hasActiveWindow = windows_.activeWindow().has_value()};

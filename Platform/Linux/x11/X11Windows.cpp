@@ -65,6 +65,14 @@ std::optional<ApplicationWindow> X11Windows::activeApplication() {
   return facts_.traitsOf({active}).front();
 }
 
+std::optional<FrontWindow> X11Windows::front() {
+  auto application = activeApplication();
+  if (!application) return std::nullopt;
+  const auto window = activeWindow();
+  const bool isStillActive = window && window->window == application->window;
+  return FrontWindow{*std::move(application), isStillActive ? window->title : std::string()};
+}
+
 std::optional<ApplicationWindow> X11Windows::applicationOf(ProcessIdentifier process) {
   const std::lock_guard lock(mutex_);
   auto windows = tree_.clients();

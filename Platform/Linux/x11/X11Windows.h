@@ -28,6 +28,7 @@ class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
 
   /// Of the active window. Nothing: none is active.
   std::optional<ApplicationWindow> activeApplication();
+  std::optional<FrontWindow> front() override;
   std::optional<ApplicationWindow> applicationOf(ProcessIdentifier process) override;
 
   /// Whether a window manager tells which window is active.

@@ -18,7 +18,7 @@ X11Workspace::X11Workspace(sd_event* event, std::unique_ptr<X11Connection> conne
                            std::function<void()> didLoseServer)
     : windows_(windows),
       connection_(std::move(connection)),
-      activations_(event, windows, [this] { return front(); }),
+      activations_(event, windows),
       source_(
           event, *connection_, [this](const auto& received) { handle(received); },
           [didLoseServer = std::move(didLoseServer)] {
@@ -28,13 +28,6 @@ X11Workspace::X11Workspace(sd_event* event, std::unique_ptr<X11Connection> conne
   selectEvents(*connection_, connection_->root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
   followWindowManager();
   activations_.begin();
-}
-
-std::optional<FrontWindow> X11Workspace::front() const {
-  const auto active = windows_.activeApplication();
-  if (!active) return std::nullopt;
-  const auto window = windows_.activeWindow();
-  return FrontWindow{*active, window && window->window == active->window ? window->title : std::string()};
 }
 
 std::optional<NSRunningApplication> X11Workspace::frontmostApplication() const { return activations_.frontmost(); }

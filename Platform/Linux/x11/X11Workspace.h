@@ -31,7 +31,6 @@ class X11Workspace final : public Workspace {
   void handleRootProperty(xcb_atom_t property);
   void followWindowManager();
   void watchWindowManager();
-  std::optional<FrontWindow> front() const;
 
   X11Windows& windows_;
   const std::unique_ptr<X11Connection> connection_;

@@ -1,0 +1,36 @@
+// What a Wayland compositor tells of its windows to a program that is not its own, in whatever way this compositor
+// does. Wayland itself tells a client of nobody's windows but its own.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "Platform/Linux/display/WindowsOnScreen.h"
+#include "Platform/Registration.h"
+
+namespace norra::linux_desktop {
+
+struct CompositorWindow {
+  /// With its places where the compositor tells of the pointer.
+  WindowOnScreen onScreen;
+  /// The name of its desktop file, if the application follows the rules.
+  std::string applicationIdentifier;
+  /// Of the X server beside.
+  bool isOfX11 = false;
+};
+
+/// Every answer comes within a bound; any thread.
+class Compositor {
+ public:
+  virtual ~Compositor() = default;
+  /// Nothing: none is active, or the compositor does not answer.
+  virtual std::optional<CompositorWindow> activeWindow() = 0;
+  /// Any window of the process, the active one rather than another.
+  virtual std::optional<CompositorWindow> windowOf(ProcessIdentifier process) = 0;
+  /// Calls `changed`, until the result is let go, when another window may be active. One at a time; main thread.
+  [[nodiscard]] virtual std::unique_ptr<Registration> follow(std::function<void()> changed) = 0;
+};
+
+}  // namespace norra::linux_desktop

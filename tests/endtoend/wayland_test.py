@@ -1,0 +1,195 @@
+#!/usr/bin/python3
+"""What is told of applications of Wayland: switches, texts, passwords, values, selections; and of those of X11 beside them."""
+import os
+import subprocess
+from functools import partial
+from unittest import mock
+
+import dbus
+
+import hands
+from applications import ControlledApplication
+from browser import Chromium, Firefox
+from desktop import BUS_NAME, PROGRAMS, EndToEndTest, main
+from expected import change, change_application, click, special_key
+from waiting import wait_until
+
+
+class WaylandTest(EndToEndTest):
+    def settle(self):
+        """Waits until the service has read all that it wants to know of what was done last."""
+        statistics = dbus.Interface(dbus.SessionBus().get_object(BUS_NAME, "/com/norra/UserInteractionsCollectorService"),
+                                    dbus.PROPERTIES_IFACE)
+        latest = []
+
+        def has_been_quiet():
+            latest.append(statistics.Get("com.norra.ServiceStatistics", "reads"))
+            return len(latest) > 20 and latest[-1] == latest[-20]
+
+        wait_until(has_been_quiet, "the service to be done")
+
+    def go_to(self, widget, **where):
+        """A click that is held for as long as a person holds it."""
+        self.application.press(widget, **where)
+        self.settle()
+        hands.release()
+        self.settle()
+
+    def type_into(self, widget, text):
+        before = self.application.value(widget)
+        hands.type_text(text)
+        wait_until(lambda: self.application.value(widget) == before + text, f"{text!r} in {widget}")
+        return before + text
+
+
+class Toolkit:
+    """Mixed into a WaylandTest. The control types are as the toolkit names them."""
+
+    text, password, check_box, spin_button, slider = "text", "text", "check box", "spin button", {}
+    selections = ()
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        cls.awaken()
+
+    @classmethod
+    def awaken(cls):
+        """A toolkit that starts tells of no focus changes until it has heard that somebody listens."""
+        test = cls()
+        for widget in 10 * ("Ship", "Captain"):
+            test.go_to(widget)
+            test.type_into(widget, "a")
+            if cls.collection.next(1, patience=2):
+                return
+        raise AssertionError(f"nothing is told of {cls.application.process.args}\n{cls.service.logged()}")
+
+    def test_a_text_is_told_when_it_is_left_and_when_it_is_left_alone(self):
+        self.go_to("Ship")
+        written = self.type_into("Ship", "gull")
+        self.application.click("Captain")
+        self.expect(change("Text", "Ship", self.text, written))
+        self.settle()
+        written = self.type_into("Captain", "ahab")
+        self.expect(change("Text", "Captain", self.text, written))
+
+    def test_a_password_is_told_without_any_of_it(self):
+        self.go_to("Passphrase")
+        self.type_into("Passphrase", "albatross")
+        self.expect(change("Password", "Passphrase", self.password, ""))
+
+    def test_a_text_area_is_not_told(self):
+        self.go_to("Log book")
+        hands.type_text("calm sea")
+        self.go_to("Ship")
+        self.expect(change("Text", "Ship", self.text, self.type_into("Ship", "x")))
+
+    def test_a_check_box_is_told(self):
+        for state in ("1", "0"):
+            self.go_to("Lanterns", across=0.1)
+            self.expect(change("Toggle", "Lanterns", self.check_box, state))
+
+    def test_a_slider_and_a_spin_button_are_told(self):
+        self.go_to("Speed", **self.slider)
+        self.collection.next(1, patience=2)  # where the click has moved it
+        hands.key("Home")
+        self.settle()
+        self.collection.next(1, patience=2)
+        hands.key("Right", "Right")
+        self.expect(change("Slider", "Speed", "slider", "2"))
+        self.go_to("Crew", across=0.2)
+        hands.key("Up", "Up")
+        self.expect(change("Spinner", "Crew", self.spin_button, "2"))
+
+    def test_selections_are_told(self):
+        for view, control, kind, *selected in self.selections:
+            with self.subTest(view):
+                self.application.focus(view)
+                self.settle()
+                for names in selected:
+                    hands.key("Down")
+                    self.expect(change(kind, view, control, names))
+
+
+class Gtk3(Toolkit, WaylandTest):
+    opened = partial(ControlledApplication, "gtk3_app.py")
+    password, slider = "password text", {"down": 0.7}
+    selections = [
+        ("Harbours", "table", "SelectedRows", '["Bergen"]', '["Genoa"]'),
+        ("Fleets", "tree table", "SelectedRows", '["Gull"]', '["Tern"]'),
+        ("Duties", "list box", "SelectedChildren", '["Lookout"]', '["Galley"]'),
+    ]
+
+
+class Gtk4(Toolkit, WaylandTest):
+    opened = partial(ControlledApplication, "gtk4_app.py")
+    text = password = "text box"
+    check_box = "checkbox"
+
+
+class Qt5(Toolkit, WaylandTest):
+    opened = partial(ControlledApplication, "qt_app.py", "PyQt5")
+    spin_button = "spin box"
+    selections = [
+        ("Harbours", "table", "SelectedCells", '["Bergen"]', '["Genoa"]'),
+        ("Fleets", "tree", "SelectedRows", '["Gull"]', '["Tern"]'),
+        ("Duties", "list", "SelectedChildren", '["Lookout"]', '["Galley"]'),
+    ]
+
+
+class Qt6(Qt5):
+    opened = partial(ControlledApplication, "qt_app.py", "PyQt6")
+
+
+class PageInChromium(Toolkit, WaylandTest):
+    opened = Chromium
+    text, password = "entry", "password text"
+    selections = [("Duties", "list box", "SelectedChildren", '["Helm"]', '["Lookout"]')]
+
+
+class PageInFirefox(PageInChromium):
+    opened = Firefox
+
+
+class Switches(WaylandTest):
+    """With an X server beside."""
+
+    APPLICATIONS = [("gtk3_app.py", "gtk3_app.py", "Harbour ledger"), ("gtk4_app.py", "gtk4_app.py", "Pilot ledger"),
+                    ("qt_app.py", "qt_app.py", "Quay ledger"), ("plain_window.py", "plain_window.py", "Bare hull")]
+
+    def start(self, script, *_):
+        application = ControlledApplication(script, *(["Bare hull"] if script == "plain_window.py" else []))
+        self.addCleanup(application.close)
+        return application
+
+    def test_each_is_told_once(self):
+        running = []
+        for script, name, title in self.APPLICATIONS:
+            application = self.start(script)
+            self.expect(change_application(application.pid, name, name, title))
+            running.append((application, name, title))
+        for application, name, title in 2 * running:
+            with self.subTest(name):
+                application.activate()
+                self.expect(change_application(application.pid, name, name, title))
+
+    def test_clicks_and_keys_of_an_application_of_x11_are_told(self):
+        with mock.patch.dict(os.environ, GDK_BACKEND="x11"):
+            self.application = self.start("gtk3_app.py")
+        self.follow(self.application)
+        self.application.click("Weigh anchor")
+        self.expect(click("Weigh anchor", "push button"))
+        hands.key("Return")
+        self.expect(special_key("carriage return", "Weigh anchor", "push button"))
+
+
+class Checks(EndToEndTest):
+    def test_what_is_not_seen_is_said(self):
+        check = subprocess.run([PROGRAMS / "norra-collect", "--check"], capture_output=True, text=True)
+        self.assertEqual(check.returncode, 1)
+        self.assertRegex(check.stdout, "(limited|missing)  clicks and keys .*Wayland session")
+        self.assertRegex(check.stdout, "ready    window in front")
+
+
+if __name__ == "__main__":
+    main()
