@@ -112,5 +112,11 @@ class Chromium(Browser):
 
 
 class Firefox(Browser):
+    # Without what it tells a person once in a while, in a tab or a bar of its own.
+    PREFERENCES = {"datareporting.policy.dataSubmissionEnabled": "false", "browser.aboutwelcome.enabled": "false",
+                   "browser.startup.homepage_override.mstone": '"ignore"'}
+
     def command(self, host):
+        lines = [f'user_pref("{name}", {value});\n' for name, value in self.PREFERENCES.items()]
+        (Path(self.folder.name) / "user.js").write_text("".join(lines))
         return ["firefox-esr", "--no-remote", "--profile", self.folder.name, "--width", "1000", "--height", "800", self.address]
