@@ -104,6 +104,8 @@ class Link:
             for end in (near, far):
                 end.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
             self.pairs.append((near, far))
+            if self.is_cut:  # meanwhile
+                self.cut()
             threading.Thread(target=self.carry, args=(near, far), daemon=True).start()
 
     @staticmethod
