@@ -1,4 +1,4 @@
-# Two Debian packages, by cpack: the collector, and what a developer of a client in C++ needs.
+# Three Debian packages, by cpack: the collector, what a developer of a client in C++ needs, and what a fleet needs.
 set(NORRA_MAINTAINER "Norra maintainers <maintainers@norra.invalid>" CACHE STRING "Who answers for the Debian packages")
 set(main_package norra-user-interactions-collector)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc)
@@ -22,13 +22,18 @@ add_custom_target(changelogs ALL DEPENDS ${made})
 
 # document_package(PACKAGE COMPONENT)
 function(document_package package component)
-  install(FILES debian/copyright ${made} DESTINATION ${documents}/${package} COMPONENT ${component})
+  set(place COMPONENT ${component})
+  if(component STREQUAL fleet)
+    list(APPEND place EXCLUDE_FROM_ALL)
+  endif()
+  install(FILES debian/copyright ${made} DESTINATION ${documents}/${package} ${place})
   configure_file(debian/lintian-overrides.in lintian/${package} @ONLY)
   install(FILES ${CMAKE_CURRENT_BINARY_DIR}/lintian/${package}
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT ${component})
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides ${place})
 endfunction()
 document_package(${main_package} collector)
 document_package(${main_package}-dev development)
+document_package(norra-fleet fleet)
 install(FILES ${PROJECT_SOURCE_DIR}/README.md debian/README.Debian DESTINATION ${documents}/${main_package})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents}/${main_package}
   USE_SOURCE_PERMISSIONS)
@@ -43,7 +48,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "collector of what a person does in the ap
 set(CPACK_PACKAGE_DIRECTORY ${CMAKE_BINARY_DIR}/packages)
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL collector development)
+set(CPACK_COMPONENTS_ALL collector development fleet)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION TRUE)
@@ -69,4 +74,18 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
   "collector of user interactions - protocol headers\nHeaders of the protocol between the collector of user interactions and \
 its\nclients, for clients in C++. They need no library.")
+set(CPACK_DEBIAN_FLEET_PACKAGE_NAME norra-fleet)
+set(CPACK_DEBIAN_FLEET_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_FLEET_PACKAGE_SECTION net)
+set(CPACK_DEBIAN_FLEET_PACKAGE_DEPENDS
+  "${main_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), mosquitto, libnotify-bin, ca-certificates, \
+init-system-helpers (>= 1.54~)")
+set(CPACK_DEBIAN_FLEET_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/conffiles
+  ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/postinst ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/prerm
+  ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/postrm)
+set(CPACK_COMPONENT_FLEET_DESCRIPTION
+  "collector of user interactions - many desktops, one broker\nMakes a desktop one of a fleet: what is collected there is \
+published to an MQTT\nbroker of the desktop's own, which keeps it on the disk and forwards it over TLS\nto a central broker \
+whenever that can be reached.\n\nNothing is collected before the administrator joins the machine to a fleet, and\nwhoever sits \
+at the desktop is told and can pause it.")
 include(CPack)

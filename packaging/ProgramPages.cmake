@@ -2,18 +2,27 @@
 find_program(HELP2MAN help2man)
 find_package(Python3 COMPONENTS Interpreter)
 
-# program_pages(PROGRAM SUMMARY): packaging/man/PROGRAM.h2m holds what the help does not say.
+# program_pages(PROGRAM SUMMARY [COMPONENT]): packaging/man/PROGRAM.h2m holds what the help does not say. The program is a
+# target, or a script of the package norra-fleet.
 function(program_pages program summary)
   set(made)
+  set(place)
+  if(ARGC GREATER 2)
+    set(place COMPONENT ${ARGV2} EXCLUDE_FROM_ALL)
+  endif()
+  set(file ${CMAKE_CURRENT_BINARY_DIR}/fleet/${program})
+  if(TARGET ${program})
+    set(file $<TARGET_FILE:${program}>)
+  endif()
   if(HELP2MAN)
     set(page ${CMAKE_CURRENT_BINARY_DIR}/${program}.1)
     set(more ${CMAKE_CURRENT_SOURCE_DIR}/man/${program}.h2m)
     add_custom_command(OUTPUT ${page}.gz
       COMMAND ${HELP2MAN} --no-info --name=${summary} --manual=Norra --source=${PROJECT_NAME}\ ${PROJECT_VERSION}
-              --include=${more} --output=${page} $<TARGET_FILE:${program}>
+              --include=${more} --output=${page} ${file}
       COMMAND gzip -9nf ${page}
-      DEPENDS ${program} ${more} VERBATIM)
-    install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+      DEPENDS ${file} ${more} VERBATIM)
+    install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 ${place})
     list(APPEND made ${page}.gz)
   endif()
   if(Python3_Interpreter_FOUND)
@@ -22,14 +31,14 @@ function(program_pages program summary)
       set(completion ${CMAKE_CURRENT_BINARY_DIR}/completion/${shell}/${program})
       add_custom_command(OUTPUT ${completion}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/completion/${shell}
-        COMMAND ${Python3_EXECUTABLE} ${generator} ${shell} $<TARGET_FILE:${program}> > ${completion}
-        DEPENDS ${program} ${generator} VERBATIM)
+        COMMAND ${Python3_EXECUTABLE} ${generator} ${shell} ${file} > ${completion}
+        DEPENDS ${file} ${generator} VERBATIM)
       list(APPEND made ${completion})
     endforeach()
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/completion/bash/${program}
-      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions ${place})
     install(FILES ${CMAKE_CURRENT_BINARY_DIR}/completion/zsh/${program} RENAME _${program}
-      DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+      DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions ${place})
   endif()
   add_custom_target(${program}-pages ALL DEPENDS ${made})
 endfunction()
@@ -39,3 +48,5 @@ program_pages(norra-collector-service "watch what is done in the applications of
 program_pages(norra-export "make an event log for process mining from a recorded session")
 program_pages(norra-report "make a page to look at from a recorded session")
 program_pages(norra-scenario "play a described desktop through the collector service")
+program_pages(norra-publish "publish reports to the MQTT broker of this machine" fleet)
+program_pages(norra-fleet "pause the collection of a desktop, and join it to a fleet" fleet)

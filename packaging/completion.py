@@ -32,6 +32,7 @@ class Program:
     name: str
     options: list
     takes_files: bool
+    commands: list
 
 
 def help_of(path):
@@ -39,19 +40,21 @@ def help_of(path):
 
 
 def read(path):
-    options, positionals, section = [], [], ""
+    options, positionals, commands, section = [], [], [], ""
     for line in help_of(path).splitlines():
         if line.endswith(":") and not line.startswith(" "):
             section = line
         elif section == "Positionals:" and re.match(r"^  \S", line):
             positionals.append(line)
+        elif section.startswith("Commands") and (found := re.match(r"^  (\S+)", line)):
+            commands.append(found.group(1))
         elif section == "Options:" and (found := OPTION.match(line)):
             names, value, meaning = found.groups(default="")
             value = re.sub(r"\b(Excludes|Needs): .*|\bREQUIRED\b", "", value).strip()
             options.append(Option(names.split(","), value, meaning))
         elif section == "Options:" and options and line.startswith("      ") and not options[-1].meaning:
             options[-1].meaning = line.strip()
-    return Program(os.path.basename(path), options, bool(positionals))
+    return Program(os.path.basename(path), options, bool(positionals), commands)
 
 
 def bash(program):
@@ -68,6 +71,8 @@ def bash(program):
             cases.append(f"    {'|'.join(option.names)}) {reply}; return ;;")
     words = " ".join(name for option in program.options for name in option.names)
     files = '  else\n    mapfile -t COMPREPLY < <(compgen -f -- "$word")\n' if program.takes_files else ""
+    if program.commands:
+        files = f'  else\n    COMPREPLY=($(compgen -W "{" ".join(program.commands)}" -- "$word"))\n'
     return "\n".join([
         f"# bash completion for {program.name}", f"{function}() {{",
         '  local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}', "  case $previous in", *cases,
@@ -90,6 +95,8 @@ def zsh(program):
         lines.append(f"  {repeated}{name}'[{meaning}]{value}'")
     if program.takes_files:
         lines.append("  '*:file:_files'")
+    if program.commands:
+        lines.append(f"  '1:command:({' '.join(program.commands)})'")
     return "\n".join([f"#compdef {program.name}", "_arguments \\", " \\\n".join(lines), ""])
 
 
