@@ -14,10 +14,12 @@ select min(number) as number, desktop, report ->> '$.session' as session, report
 from messages
 group by desktop, session, coalesce(sequence, number);
 
--- A stay is what is done between two switches of the application in front, or starts and stops of collection.
+-- The sequence numbers give the order of a session, whatever came first. A stay is what is done between two switches of the application in front, or starts and stops of collection.
 create view stays as
-select *, sum(action in ('ChangeApplication', 'Collector')) over (partition by desktop order by number) as stay
-from reports;
+with begun as (select *, min(number) over (partition by desktop, session) as first from reports),
+ordered as (select *, row_number() over (order by first, coalesce(sequence, number)) as place from begun)
+select desktop, action, element, operation, application, seconds, place as number, sum(action in ('ChangeApplication', 'Collector')) over (partition by desktop order by place) as stay
+from ordered;
 
 -- What is done: in which application, how long until the next report of the same desktop, what came next in the same stay.
 create view deeds as
