@@ -85,7 +85,7 @@ set(CPACK_DEBIAN_FLEET_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/debian/
   ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/postrm)
 set(CPACK_COMPONENT_FLEET_DESCRIPTION
   "collector of user interactions - many desktops, one broker\nMakes a desktop one of a fleet: what is collected there is \
-published to an MQTT\nbroker of the desktop's own, which keeps it on the disk and forwards it over TLS\nto a central broker \
+published to an MQTT\nbroker of the desktop's own, which keeps it on the disk and forwards it over\nTLS to a central broker \
 whenever that can be reached.\n\nNothing is collected before the administrator joins the machine to a fleet, and\nwhoever sits \
 at the desktop is told and can pause it.")
 include(CPack)

@@ -1,17 +1,19 @@
 #!/usr/bin/env bash
-# installed-package-test.sh BUILD: packs what was built, installs it as a user would, lets a foreign client have the bus start
-# the service, collects, and removes it without a trace. Exit status 77 where that cannot be tried.
+# installed-package-test.sh BUILD: packs what was built, installs it as a user would over packages of an older version while a
+# collection runs, lets a foreign client have the bus start the service, collects, publishes, and purges it without a trace. Exit
+# status 77 where that cannot be tried.
 set -euo pipefail
 readonly build=$1
 readonly source=$(cd "$(dirname "$0")/../.." && pwd)
 readonly package=norra-user-interactions-collector
+readonly packages="$package $package-dev norra-fleet"
 readonly service=com.norra.UserInteractionsCollectorService
 
 skip() { echo "skipped: $*"; exit 77; }
 fail() { echo "FAILED: $*" >&2; exit 1; }
 
 [ "$(id -u)" -eq 0 ] || skip "packages can be installed by root only"
-for program in apt-get dpkg lintian dbus-run-session zsh; do
+for program in apt-get dpkg lintian dbus-run-session zsh mosquitto; do
   command -v $program >/dev/null || skip "$program is not installed"
 done
 ! dpkg --status $package >/dev/null 2>&1 || skip "$package is installed on this machine, and this test would remove it"
@@ -21,7 +23,8 @@ folder=$(mktemp -d)
 apt() { DEBIAN_FRONTEND=noninteractive apt-get -qq -o DPkg::Lock::Timeout=300 "$@" >>"$folder/apt.log" 2>&1; }
 leave() {
   local status=$?
-  if dpkg --status $package >/dev/null 2>&1; then apt purge -y $package $package-dev || true; fi
+  if dpkg --status $package >/dev/null 2>&1; then apt purge -y $packages || true; fi
+  [ -z "${broker:-}" ] || kill "$broker" || true
   [ $status -eq 0 ] || cat "$folder/apt.log" >&2
   rm -rf "$folder"
 }
@@ -35,6 +38,33 @@ pack() {
   lintian --fail-on error "$folder"/packages/*.deb || fail "lintian"
 }
 
+# The same files as a version before.
+make_older() {
+  local deb
+  mkdir "$folder/older"
+  for deb in "$folder"/packages/*.deb; do
+    dpkg-deb --raw-extract "$deb" "$folder/raw"
+    sed -i -e 's/^Version: .*/Version: 0.0.1-1/' -e "s/$package (= [^)]*)/$package (= 0.0.1-1)/" "$folder/raw/DEBIAN/control"
+    dpkg-deb --root-owner-group --build "$folder/raw" "$folder/older/$(basename "$deb")" >/dev/null
+    rm -r "$folder/raw"
+  done
+}
+
+# What is under way goes on; what an administrator has changed stays.
+upgrade_while_collecting() {
+  local session=$folder/upgrade.jsonl
+  apt install -y "$folder"/older/*.deb || fail "the older packages cannot be installed"
+  echo "# changed here" >>/etc/norra-fleet/acl
+  begin_collection "$session"
+  apt install -y -o DPkg::Options::=--force-confdef -o DPkg::Options::=--force-confold "$folder"/packages/*.deb || fail "no upgrade"
+  [ "$(dpkg-query -W -f '${Version}\n' $packages | sort -u | grep -vc '^0.0.1-1$')" -eq 1 ] || fail "the versions after the upgrade"
+  grep -q "changed here" /etc/norra-fleet/acl || fail "a changed configuration file"
+  kill -INT "$(pgrep -f -- "^norra-collect --output $session")"
+  wait "$collection" || fail "a collection over an upgrade"
+  grep -q '"operation":"stop"' "$session" || fail "the last report of a collection over an upgrade"
+  in_session norra-collect --output "$folder/after.jsonl" --duration 1 || fail "a collection after an upgrade"
+}
+
 check_files() {
   local file
   for file in bin/norra-collect bin/norra-collector-service bin/norra-report bin/norra-export bin/norra-scenario \
@@ -43,11 +73,16 @@ check_files() {
     share/doc/$package/README.Debian; do
     [ -f /usr/$file ] || fail "/usr/$file is not there"
   done
+  for file in bin/norra-publish bin/norra-fleet share/man/man1/norra-fleet.1.gz lib/systemd/user/norra-fleet.service; do
+    [ -f /usr/$file ] || fail "/usr/$file is not there"
+  done
   for file in examples/python/collect.py examples/shell/watch.sh examples/mqtt/stream-desktop.sh docs/examples/client.py; do
     [ -x /usr/share/doc/$package/$file ] || fail "$file cannot be run where it is"
   done
   ! grep -r "$build" $(dpkg --listfiles $package | grep -E '^/usr/share/(dbus-1|systemd)/.*\.service$') || fail "a path of the build"
-  XDG_RUNTIME_DIR=$folder systemd-analyze verify --user /usr/share/systemd/user/norra-collector-service.service || fail "the systemd unit"
+  XDG_RUNTIME_DIR=$folder systemd-analyze verify --user /usr/share/systemd/user/norra-collector-service.service \
+    /usr/lib/systemd/user/norra-fleet*.service || fail "the systemd units of the user"
+  systemd-analyze verify /usr/lib/systemd/system/norra-fleet-broker.service || fail "the systemd unit of the broker"
 }
 
 check_pages() {
@@ -84,26 +119,52 @@ check_collecting() {
     const char* name = norra::busNames::service;' || fail "the headers"
 }
 
+# The folders are what systemd makes for the unit.
+check_publishing() {
+  install -d -o mosquitto -m 755 /run/norra-fleet
+  install -d -o mosquitto -m 700 /var/lib/norra-fleet
+  (umask 0; exec runuser -u mosquitto -- /usr/sbin/mosquitto -c /etc/norra-fleet/broker.conf 2>"$folder/broker.log") &
+  broker=$!
+  until [ -S /run/norra-fleet/socket ]; do
+    kill -0 $broker || { cat "$folder/broker.log"; fail "no broker with the installed configuration"; }
+    sleep 0.05
+  done
+  runuser -u nobody -- env XDG_STATE_HOME=/tmp sh -c "norra-publish --folder '$folder/nobody'" <"$folder/session.jsonl" || fail "norra-publish"
+  echo secret | norra-fleet bridge broker.example.org name | grep -q "^address broker.example.org:8883$" || fail "norra-fleet"
+  kill $broker
+  wait $broker || true
+  broker=
+  [ "$(stat -c %a /var/lib/norra-fleet/mosquitto.db)" = 600 ] || fail "who can read what waits"
+  rmdir /run/norra-fleet
+}
+
+begin_collection() {
+  in_session norra-collect --output "$1" 2>/dev/null &
+  collection=$!
+  until [ -s "$1" ]; do
+    kill -0 $collection || fail "no collection"
+    sleep 0.05
+  done
+}
+
 # A collection that is under way ends, and its client is told.
 remove_while_collecting() {
   local session=$folder/last.jsonl status=0
-  in_session norra-collect --output "$session" 2>/dev/null &
-  until [ -s "$session" ]; do
-    kill -0 $! || fail "no collection"
-    sleep 0.05
-  done
-  apt purge -y $package $package-dev || fail "the packages cannot be removed"
-  wait $! || status=$?
+  begin_collection "$session"
+  apt purge -y $packages || fail "the packages cannot be removed"
+  wait "$collection" || status=$?
   [ $status -eq 3 ] || fail "a collection of a removed package, status $status"
 }
 
 pack
 traces >"$folder/before"
-apt install -y "$folder"/packages/*.deb || fail "the packages cannot be installed"
+make_older
+upgrade_while_collecting
 check_files
 check_pages
 check_collecting
+check_publishing
 remove_while_collecting
 traces | diff "$folder/before" - || fail "it leaves traces"
 ! pgrep -f '^/usr/bin/norra-' || fail "something still runs"
-echo "installed, used and removed"
+echo "installed, upgraded, used and purged"
