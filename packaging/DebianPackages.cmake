@@ -78,7 +78,7 @@ set(CPACK_DEBIAN_FLEET_PACKAGE_NAME norra-fleet)
 set(CPACK_DEBIAN_FLEET_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_FLEET_PACKAGE_SECTION net)
 set(CPACK_DEBIAN_FLEET_PACKAGE_DEPENDS
-  "${main_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), mosquitto, libnotify-bin, ca-certificates, \
+  "${main_package} (= ${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}), mosquitto, mosquitto-clients, libnotify-bin, ca-certificates, \
 init-system-helpers (>= 1.54~)")
 set(CPACK_DEBIAN_FLEET_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/conffiles
   ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/postinst ${CMAKE_CURRENT_SOURCE_DIR}/debian/fleet/prerm

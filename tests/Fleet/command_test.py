@@ -107,6 +107,16 @@ class Command(unittest.TestCase):
             self.assertIn(line, lines)
         self.assertFalse(list(self.folder.glob("asked")), "printing it changes nothing")
 
+    def test_a_broker_that_does_not_answer_is_ended(self):
+        self.tool("mosquitto", "exec sleep 300")
+        self.tool("mosquitto_pub", f'echo asked >>{self.folder}/asked; [ "$(wc -l <{self.folder}/asked)" -lt 3 ]')
+        self.run_command("serve", "0.05", status=137)
+        self.assertEqual(self.asked(), 3 * ["asked"])
+
+    def test_a_broker_that_ends_is_told_to_its_unit(self):
+        self.tool("mosquitto", "exit 3")
+        self.run_command("serve", "0.05", status=3)
+
     def test_wrong_uses(self):
         for arguments, given in ((["bridge", "broker"], "x\n"), (["bridge", "broker", "desks"], ""),
                                  (["bridge", "broker\npassword_file", "desks"], "x\n"), (["unknown"], ""), ([], "")):

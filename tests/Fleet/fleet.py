@@ -66,9 +66,23 @@ class Broker:
             return log.read()
 
     def end(self, number=signal.SIGTERM):
+        """One that goes on in a circle is killed, as its unit does."""
         if self.process:
-            self.process.end(number)
+            try:
+                self.process.end(number, seconds=15)
+            except subprocess.TimeoutExpired:
+                self.process.end(signal.SIGKILL)
         self.process = None
+
+    def hangs(self, path):
+        """Whether it does not answer at its socket: then it is ended and begun again, as its unit does."""
+        try:
+            run("timeout", "10", "mosquitto_pub", "--unix", path, "-q", "1", "-t", "alive", "-n")
+        except subprocess.CalledProcessError:
+            self.end(signal.SIGKILL)
+            self.start()
+            return True
+        return False
 
 
 def accepts(family, address):

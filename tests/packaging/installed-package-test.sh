@@ -123,13 +123,16 @@ check_collecting() {
 check_publishing() {
   install -d -o mosquitto -m 755 /run/norra-fleet
   install -d -o mosquitto -m 700 /var/lib/norra-fleet
-  (umask 0; exec runuser -u mosquitto -- /usr/sbin/mosquitto -c /etc/norra-fleet/broker.conf 2>"$folder/broker.log") &
+  (umask 0; exec setpriv --reuid=mosquitto --regid=mosquitto --clear-groups norra-fleet serve 2>"$folder/broker.log") &
   broker=$!
   until [ -S /run/norra-fleet/socket ]; do
     kill -0 $broker || { cat "$folder/broker.log"; fail "no broker with the installed configuration"; }
     sleep 0.05
   done
-  runuser -u nobody -- env XDG_STATE_HOME=/tmp sh -c "norra-publish --folder '$folder/nobody'" <"$folder/session.jsonl" || fail "norra-publish"
+  local home
+  home=$(runuser -u nobody -- mktemp -d)
+  runuser -u nobody -- env XDG_STATE_HOME="$home" norra-publish <"$folder/session.jsonl" || fail "norra-publish"
+  rm -r "$home"
   echo secret | norra-fleet bridge broker.example.org name | grep -q "^address broker.example.org:8883$" || fail "norra-fleet"
   kill $broker
   wait $broker || true
