@@ -87,6 +87,9 @@ class Cases:
     def window(self, kit):
         kit.window("Leave")
 
+    def maximised(self, kit):
+        kit.window("Log off", maximised=True)
+
     def slow(self, kit):
         def reckon():
             time.sleep(LONGER_THAN_ANYBODY_WAITS)

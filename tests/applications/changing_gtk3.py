@@ -129,8 +129,11 @@ class Kit:
         dialog.connect("response", lambda *_: dialog.destroy())
         self.opened(dialog)
 
-    def window(self, text):
+    def window(self, text, maximised=False):
         window = Gtk.Window(title="Second log")
+        if maximised:
+            self.main.maximize()
+            window.maximize()
         window.set_default_size(300, 200)
         box = Gtk.Box()
         self.button(text, window.destroy, box)

@@ -125,11 +125,14 @@ class Kit:
         for button in dialog.findChildren(QtWidgets.QPushButton):
             self.widgets[button.text().replace("&", "")] = button
 
-    def window(self, text):
+    def window(self, text, maximised=False):
         window = QtWidgets.QWidget()
         window.setWindowTitle("Second log")
         window.resize(300, 200)
         self.button(text, window.close, QtWidgets.QVBoxLayout(window))
+        if maximised:
+            self.main.showMaximized()
+            window.showMaximized()
         self.opened(window)
 
 

@@ -30,6 +30,7 @@ WIDGETS = [
     ("files", "Cancel", "button"),
     ("window", "Leave", "button"),
     ("slow", "Reckon", "button"),
+    ("maximised", "Log off", "button"),
 ]
 
 # And in pages.

@@ -51,9 +51,17 @@ void PressPictures::noteRelease() {
 std::optional<AXUIElement> PressPictures::elementAt(CGPoint point) {
   std::unique_lock lock(mutex_);
   const auto press = released_;
-  if (!press || !press->place || !isSamePlace(*press->place, point)) return std::nullopt;
+  if (!press || !press->place) return std::nullopt;
   changed_.wait_for(lock, patience, [&press] { return press->picture->isFinished(); });
-  return press->picture->isFinished() ? press->element : std::nullopt;
+  return press->picture->isFinished() && isSamePress(*press, point) ? press->element : std::nullopt;
+}
+
+// With the lock held. A hand moves a little, and a click on a large button may end far from where it began. Where the
+// window has gone since, another comes up below the pointer; a menu opens above it.
+bool PressPictures::isSamePress(const Press& press, CGPoint released) const {
+  if (isSamePlace(*press.place, released)) return true;
+  const bool isWithin = press.area && contains(*press.area, *press.place) && contains(*press.area, released);
+  return isWithin && !pointed_.isCovered(*press.place, released);
 }
 
 void PressPictures::run() {
@@ -98,6 +106,7 @@ bool PressPictures::look(Press& press) {
   AXUIElement element(std::make_shared<PicturedElement>(session_, press.picture, handles_.element(pressed)));
   const bool isTold = rehearse_(element);
   if (isTold) press.element = std::move(element);
+  if (isTold) press.area = pointed_.areaOf(pressed);
   press.picture->keepFacts(session_.reader().allKnown());
   const auto application = session_.applications.find(pressed.busName);
   return !isTold && application && application->isMet() && application->toolkit().showsWebPages;

@@ -34,8 +34,9 @@ class PressPictures {
   void notePress(std::optional<CGPoint> place);
   void noteRelease();
 
-  /// What lay at the place when the button was pressed that was released last, if it was pressed there and is something
-  /// that a click on it is told of; nothing: ask what lies there now. Waits for a picture that is still being taken.
+  /// What lay at the place when the button was pressed that was released last, if it was released on what was pressed,
+  /// and that is something that a click on it is told of; nothing: ask what lies there now. Waits for a picture that is
+  /// still being taken.
   std::optional<AXUIElement> elementAt(CGPoint point);
 
  private:
@@ -44,7 +45,9 @@ class PressPictures {
 
     const std::optional<CGPoint> place;
     const std::shared_ptr<Picture> picture = std::make_shared<Picture>();
-    std::optional<AXUIElement> element;  // written before the picture is finished
+    // written before the picture is finished
+    std::optional<AXUIElement> element;
+    std::optional<AtspiRectangle> area;  // of what was pressed, on the screen; nothing: not known
   };
   using PressPtr = std::shared_ptr<Press>;
 
@@ -53,6 +56,7 @@ class PressPictures {
   void take(Press& press);
   bool mayLookAfter(std::chrono::milliseconds pause, const Press& press);
   bool look(Press& press);
+  bool isSamePress(const Press& press, CGPoint released) const;
 
   AtspiSession& session_;
   PointedElement& pointed_;

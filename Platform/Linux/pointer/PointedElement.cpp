@@ -16,6 +16,7 @@ namespace {
 using std::chrono::steady_clock;
 
 constexpr std::size_t mostMissing = 256;
+constexpr int mostLevelsOfControl = 3;
 
 bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
   return window.overrideRedirect && toolkit.popoversAreWindows;
@@ -136,12 +137,44 @@ AtspiReference PointedElement::noted(AtspiReference found) {
 AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
   windows_.notePress(place);
   if (!place) return {};
-  auto highlighted = focus_.highlightedItems().at(*place, steady_clock::now());
+  auto pressed = pressedAt(*place);
+  if (!pressed.isNull() && view(pressed).toolkit().saysPlacesOnScreen) session_.reader().expect(pressed, Ask::extents);
+  return pressed;
+}
+
+AtspiReference PointedElement::pressedAt(CGPoint place) {
+  auto highlighted = focus_.highlightedItems().at(place, steady_clock::now());
   if (!highlighted.isNull()) return noted(std::move(highlighted));
-  const auto window = windows_.topLevelWindowAt(*place);
+  const auto window = windows_.topLevelWindowAt(place);
   if (!window || window->process == 0) return {};
-  auto option = optionOfPage(*window, *place);
-  return noted(option.isNull() ? elementIn(*window, *place) : std::move(option));
+  auto option = optionOfPage(*window, place);
+  return noted(option.isNull() ? elementIn(*window, place) : std::move(option));
+}
+
+// A control that shows an image and a text is pressed on one of them.
+AtspiReference PointedElement::controlAround(const AtspiReference& pressed) {
+  auto current = pressed;
+  for (int level = 0; level < mostLevelsOfControl && !current.isNull(); ++level) {
+    const auto& facts = session_.reader().known(current);
+    const auto role = static_cast<AtspiRole>(facts.role);
+    if (is(role, RoleKind::control)) return current;
+    current = is(role, RoleKind::partOfControl) || is(role, RoleKind::mereContainer) ? facts.parent : AtspiReference{};
+  }
+  return pressed;
+}
+
+std::optional<AtspiRectangle> PointedElement::areaOf(const AtspiReference& pressed) {
+  const auto element = view(controlAround(pressed));
+  if (!element.toolkit().saysPlacesOnScreen) return std::nullopt;
+  const auto& facts = element.needOnly(Ask::extents);
+  if (!facts.answered(Ask::extents)) return std::nullopt;
+  return element.application().pixels().onScreen(facts.extents);
+}
+
+bool PointedElement::isCovered(CGPoint pressed, CGPoint released) {
+  const auto then = windows_.topLevelWindowAt(pressed);
+  const auto now = windows_.topLevelWindowAt(released);
+  return now && now->overrideRedirect && (!then || now->window != then->window);
 }
 
 AtspiReference PointedElement::at(CGPoint point) {

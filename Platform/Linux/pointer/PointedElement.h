@@ -28,6 +28,12 @@ class PointedElement {
   /// there then. Nothing: it is not known where the pointer is.
   AtspiReference atPress(std::optional<CGPoint> place);
 
+  /// Where on the screen the control is that the pressed element is part of, or the element itself. Nothing: it does
+  /// not say.
+  std::optional<AtspiRectangle> areaOf(const AtspiReference& pressed);
+  /// Whether another pop-up than what was pressed lies at the released place now.
+  bool isCovered(CGPoint pressed, CGPoint released);
+
   /// The top-level accessible that the window was found to belong to; null: none was, or the window is a pop-up.
   AtspiReference knownTopLevelOf(const WindowOnScreen& window) const { return topLevels_.find(window); }
 
@@ -44,6 +50,8 @@ class PointedElement {
   AtspiReference optionAt(const std::string& busName, CGPoint point);
   AtspiReference elementIn(const WindowOnScreen& window, CGPoint point);
   AtspiReference optionOfPage(const WindowOnScreen& window, CGPoint point);
+  AtspiReference pressedAt(CGPoint place);
+  AtspiReference controlAround(const AtspiReference& pressed);
   AtspiReference noted(AtspiReference found);
   void noteMissing(const WindowOnScreen& window);
   std::string whyNothing(const std::optional<WindowOnScreen>& window);

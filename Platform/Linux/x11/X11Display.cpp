@@ -11,11 +11,11 @@ namespace {
 
 class X11Display final : public DisplayServer {
  public:
-  X11Display(sd_event* event, std::unique_ptr<X11Connection> forWindows, std::unique_ptr<X11Connection> forInput,
-             InputListeners listeners, std::function<void()> didLoseServer)
+  X11Display(sd_event* event, std::unique_ptr<X11Connection> forWindows, std::unique_ptr<X11Connection> forPlaces,
+             std::unique_ptr<X11Connection> forInput, InputListeners listeners, std::function<void()> didLoseServer)
       : event_(event),
         didLoseServer_(std::move(didLoseServer)),
-        windows_(std::move(forWindows)),
+        windows_(std::move(forWindows), std::move(forPlaces)),
         eventTaps_(X11EventTaps::open(event, std::move(forInput), std::move(listeners),
                                       [this] { windows_.noteActiveWindow(); })) {}
 
@@ -50,10 +50,11 @@ class X11Display final : public DisplayServer {
 std::unique_ptr<DisplayServer> openX11Display(sd_event* event, InputListeners listeners,
                                               std::function<void()> didLoseServer) {
   auto forWindows = X11Connection::open();
+  auto forPlaces = X11Connection::open();
   auto forInput = X11Connection::open();
-  if (!forWindows || !forInput) return nullptr;
-  return std::make_unique<X11Display>(event, std::move(forWindows), std::move(forInput), std::move(listeners),
-                                      std::move(didLoseServer));
+  if (!forWindows || !forPlaces || !forInput) return nullptr;
+  return std::make_unique<X11Display>(event, std::move(forWindows), std::move(forPlaces), std::move(forInput),
+                                      std::move(listeners), std::move(didLoseServer));
 }
 
 }  // namespace norra::linux_desktop

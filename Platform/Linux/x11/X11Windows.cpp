@@ -7,23 +7,28 @@
 
 namespace norra::linux_desktop {
 
-X11Windows::X11Windows(std::unique_ptr<X11Connection> connection)
-    : connection_(std::move(connection)), tree_(*connection_), facts_(*connection_) {}
+X11Windows::X11Windows(std::unique_ptr<X11Connection> connection, std::unique_ptr<X11Connection> forPlaces)
+    : connectionForPlaces_(std::move(forPlaces)),
+      treeForPlaces_(*connectionForPlaces_),
+      factsForPlaces_(*connectionForPlaces_),
+      connection_(std::move(connection)),
+      tree_(*connection_),
+      facts_(*connection_) {}
 
 std::optional<WindowOnScreen> X11Windows::topLevelWindowAt(CGPoint point) {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(placesMutex_);
   if (press_ && isSamePlace(press_->place, point)) return press_->window;
   return describeAt(point);
 }
 
 // With the lock held.
 std::optional<WindowOnScreen> X11Windows::describeAt(CGPoint point) {
-  const auto topLevel = tree_.topLevelAt(point);
-  return topLevel.client != XCB_NONE ? facts_.describe(topLevel) : std::nullopt;
+  const auto topLevel = treeForPlaces_.topLevelAt(point);
+  return topLevel.client != XCB_NONE ? factsForPlaces_.describe(topLevel) : std::nullopt;
 }
 
 void X11Windows::notePress(std::optional<CGPoint> place) {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(placesMutex_);
   press_.reset();
   if (!place) return;
   if (auto window = describeAt(*place)) press_ = {*place, std::move(*window)};

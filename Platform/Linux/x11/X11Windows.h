@@ -8,10 +8,11 @@
 namespace norra::linux_desktop {
 
 /// Asks the server anew for every answer; a window that goes while it is looked at gives nothing. Any thread: one
-/// waits for the other, and each for the server no longer than a bound.
+/// waits for the other, and each for the server no longer than a bound. Who asks for what lies at a place does not wait
+/// for who asks for something else.
 class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
  public:
-  explicit X11Windows(std::unique_ptr<X11Connection> connection);
+  X11Windows(std::unique_ptr<X11Connection> connection, std::unique_ptr<X11Connection> forPlaces);
 
   /// The client's window where a window manager has put it into a frame of its own. Menus and other pop-ups are
   /// found like any other; windows that let the pointer through are not.
@@ -43,13 +44,20 @@ class X11Windows final : public WindowsOnScreen, public ApplicationWindows {
     WindowOnScreen window;
   };
 
+  std::mutex placesMutex_;
+
+  // Guarded by placesMutex_.
+  const std::unique_ptr<X11Connection> connectionForPlaces_;
+  X11WindowTree treeForPlaces_;
+  X11WindowFacts factsForPlaces_;
+  std::optional<Press> press_;
+
   std::mutex mutex_;
 
   // Guarded by mutex_.
   const std::unique_ptr<X11Connection> connection_;
   X11WindowTree tree_;
   X11WindowFacts facts_;
-  std::optional<Press> press_;
   X11TopLevel topLevelOfInput_;
   std::optional<WindowOnScreen> windowOfInput_;  // as it was when it was looked at last
 };

@@ -112,6 +112,18 @@ TEST_F(PressPicturesTest, AreOfThePlaceOfThePressAndOfWhatIsTold) {
   EXPECT_FALSE(release());
 }
 
+TEST_F(PressPicturesTest, AreOfAllOfTheControlThatWasPressed) {
+  application_.set("window", {.role = 23,
+                              .states = std::uint64_t{1} << static_cast<unsigned>(AtspiState::visible),
+                              .children = {"button"},
+                              .extents = {0, 0, 100, 100}});
+  application_.set("button", {.role = 43, .parent = "window", .children = {"target"}, .extents = {0, 0, 50, 20}});
+  application_.set("target", {.role = 29, .name = "Play", .parent = "button", .extents = {5, 5, 10, 10}});
+  press();
+  EXPECT_TRUE(release(elsewhere));
+  EXPECT_FALSE(release({60, 10}));
+}
+
 TEST_F(PressPicturesTest, AreOfTheLastPressThatWasReleased) {
   const auto first = pressed();
   set(43, "Pause");

@@ -30,7 +30,7 @@ class RunningApplicationsTest : public testing::Test {
   const fs::path folder = newFolder();
   PrivateDisplay display;
   const std::unique_ptr<X11Connection> client = display.connect();
-  X11Windows windows{display.connect()};
+  X11Windows windows{display.connect(), display.connect()};
   DesktopFiles desktopFiles{{folder}, "C"};
   RunningApplications applications{windows, desktopFiles};
 };

@@ -73,6 +73,13 @@ TEST_F(Gtk4Focus, IsWhereTheCaretOfASearchFieldMovesThatGotItUntold) {
   EXPECT_TRUE(isFollowed("page", [this] { focus("page", 1); }));
 }
 
+// The window in front keeps it, without a word, when the window behind it has set and lost it.
+TEST_F(Gtk4Focus, GoesBackToWhatHasNotLostIt) {
+  ASSERT_TRUE(isFollowed("field", [this] { focus("field", 1); }));
+  ASSERT_TRUE(isFollowed("notes", [this] { focus("notes", 1); }));
+  EXPECT_TRUE(isFollowed("field", [this] { focus("notes", 0); }));
+}
+
 TEST_F(Gtk4Focus, IsTakenFromNothingElseThatTheApplicationWrites) {
   ASSERT_TRUE(isFollowed("page", [this] { focus("page", 1); }));
   // Told last: by then the others were heard.

@@ -14,7 +14,7 @@ class X11WindowsTest : public testing::Test {
  protected:
   PrivateDisplay display;
   const std::unique_ptr<X11Connection> client = display.connect();
-  X11Windows windows{display.connect()};
+  X11Windows windows{display.connect(), display.connect()};
 
   std::uint32_t windowAt(double x, double y) {
     const auto found = windows.topLevelWindowAt({x, y});

@@ -33,7 +33,7 @@ class X11WorkspaceTest : public testing::Test {
   EventLoop loop;
   PrivateDisplay display;
   const std::unique_ptr<X11Connection> client = display.connect();
-  X11Windows windows{display.connect()};
+  X11Windows windows{display.connect(), display.connect()};
   std::unique_ptr<X11Workspace> workspace;
   std::vector<std::optional<NSRunningApplication>> seen;
   std::unique_ptr<Registration> registration;
