@@ -116,12 +116,22 @@ class Element:
 
     def place(self):
         """[x, y, width, height] on the screen, None of what cannot be seen."""
-        place = self._place_in_gtk4() if self.tree.is_gtk4(self.bus_name) else self.extents(OF_SCREEN)
+        place = self._place_in_gtk4() if self.tree.is_gtk4(self.bus_name) else self._place_in_popup() or self.extents(OF_SCREEN)
         if not place:
             return None
         x, y, width, height = place
         is_seen = width > 0 and height > 0 and -width < x < SCREEN[0] and -height < y < SCREEN[1]
         return place if is_seen else None
+
+    def _place_in_popup(self):
+        """Java's menu items tell where they would be if their menu lay over what opened it; None of all else."""
+        if not self.parent or self.parent.role != "popup menu" or self.parent.parent.role != "panel":
+            return None
+        x, y, width, height = self.parent.parent.extents(OF_SCREEN)
+        items = [item.extents(OF_SCREEN) for item in self.parent.children()]
+        top, bottom = min(item[1] for item in items), max(item[1] + item[3] for item in items)
+        own = self.extents(OF_SCREEN)
+        return [x, own[1] - top + y + (height - (bottom - top)) // 2, width, own[3]]
 
     def _place_in_gtk4(self):
         """GTK 4 tells places in its own windows only, which popovers are too."""

@@ -22,7 +22,7 @@ PROGRAM = Program(
         case(click("Cargo", "combo box"), Click(("Cargo", "Cargo: Tea"))),
         case(click("Salt"), Item(("Salt", "Cargo: Salt"))),
         case(click("Crew", "spin", across=0.95, down=0.25), Spinner("Crew", "4"), also=[Click("Crew")]),
-        case(click("Speed", "slider", across=0.8), Click("Speed")),
+        case(click("Speed", "slider", across=0.8), Click("Speed"), also=[Slider("Speed", None)]),
         case(click("Bergen"), Row("Bergen", "Harbour", "Bergen")),
         case(click("15 m"), Row("Genoa", "Depth", "15 m")),
         case(click("Duties", "page tab"), Radio("Duties"), effect=shows("Lookout")),

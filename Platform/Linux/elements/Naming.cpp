@@ -12,6 +12,7 @@
 namespace norra::linux_desktop {
 namespace {
 
+constexpr std::uint32_t labelFor = 1;
 constexpr std::uint32_t labelledBy = 2;
 // How far above a label the labelled element is looked for.
 constexpr int mostLevelsOfALabel = 3;
@@ -44,11 +45,26 @@ std::string_view firstHalf(std::string_view name) {
   return isDouble ? name.substr(0, middle) : name;
 }
 
+AtspiReference labelBeside(const ElementView& view) {
+  const auto siblings = firstChildren(view.other(view.need(Ask::parent).parent), mostParts);
+  std::vector<AtspiQuestion> questions;
+  for (const auto& sibling : siblings) questions.push_back({sibling, {Ask::role, Ask::relations}});
+  view.reader().read(questions);
+  const auto label = std::ranges::find_if(siblings, [&](const auto& sibling) {
+    return std::ranges::any_of(view.reader().known(sibling).relations, [&](const auto& relation) {
+      return relation.type == labelFor &&
+             std::ranges::find(relation.targets, view.reference()) != relation.targets.end();
+    });
+  });
+  return label != siblings.end() ? *label : AtspiReference{};
+}
+
 AtspiReference firstLabel(const ElementView& view) {
   for (const auto& relation : view.need(Ask::relations).relations) {
     if (relation.type == labelledBy && !relation.targets.empty()) return relation.targets.front();
   }
-  return {};
+  const bool mayLieBeside = view.role() == AtspiRole::comboBox && !view.toolkit().labelsComboBoxes;
+  return mayLieBeside ? labelBeside(view) : AtspiReference{};
 }
 
 // Whether `label` lies below the element.

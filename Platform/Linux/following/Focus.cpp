@@ -84,10 +84,23 @@ AtspiReference containerOf(const ElementView& item) {
   return {};
 }
 
+AtspiReference spinButtonAround(const ElementView& field) {
+  constexpr int maxLevels = 2;
+  auto above = field.need(Ask::parent).parent;
+  for (int level = 0; level < maxLevels && !above.isNull(); ++level) {
+    const auto view = field.other(above);
+    if (view.role() == AtspiRole::spinButton) return above;
+    above = view.need(Ask::parent).parent;
+  }
+  return field.reference();
+}
+
 // What is followed while the element has the focus.
 AtspiReference followedElement(const ElementView& focused) {
   const bool isButton = focused.role() == AtspiRole::toggleButton || focused.role() == AtspiRole::pushButton;
   if (isButton) return withoutOwnButton(focused);
+  const bool mayBeInSpinButton = focused.toolkit().putsFieldsIntoSpinButtons && focused.role() == AtspiRole::text;
+  if (mayBeInSpinButton) return spinButtonAround(focused);
   auto container = containerOf(focused);
   return container.isNull() ? focused.reference() : container;
 }

@@ -55,6 +55,8 @@ void keepMenuOf(const ElementView& item) {
   for (const auto& level : menuAround(item)) item.reader().keep(level, AtspiReader::KeptFor::silenceAndEnd);
 }
 
-bool saysPlaceOnScreen(const ElementView& view) { return view.toolkit().saysPlacesOnScreen; }
+bool saysPlaceOnScreen(const ElementView& view) {
+  return view.toolkit().saysPlacesOnScreen && view.toolkit().saysPlacesOfMenuItems;
+}
 
 }  // namespace norra::linux_desktop

@@ -73,6 +73,12 @@ bool holdsPage(const PlacedElement& child, const Toolkit& toolkit) {
   return toolkit.putsPagesBelowTabs && child.role == AtspiRole::pageTab && hasState(child.states, AtspiState::selected);
 }
 
+// Such a page may say that it lies beside its tab.
+bool isPlaceSure(const ElementView& view, const PlacedElement& child, Coordinates coordinates) {
+  const bool isPage = view.toolkit().putsPagesBelowTabs && view.role() == AtspiRole::pageTab;
+  return !isPage && !saysNoPlace(view, child, coordinates) && !holdsPage(child, view.toolkit());
+}
+
 bool hasMany(const ElementView& view) {
   return view.needOnly(Asks{Ask::childCount, Ask::children}).childCount > static_cast<std::int64_t>(maxChildren);
 }
@@ -90,7 +96,7 @@ AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coor
   }
   if (levelsOfUnplaced == 0) return {};
   for (auto child = children.rbegin(); child != children.rend(); ++child) {
-    if (!saysNoPlace(view, *child, coordinates) && !holdsPage(*child, view.toolkit())) continue;
+    if (isPlaceSure(view, *child, coordinates)) continue;
     auto below = nextDown(view.other(child->reference), point, coordinates, levelsOfUnplaced - 1);
     if (!below.isNull()) return below;
   }

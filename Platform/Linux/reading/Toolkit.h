@@ -60,6 +60,12 @@ struct Toolkit {
   bool saysWhatIsShown = true;
   /// Where children lie one above the other, the first is on top; else the last.
   bool firstChildIsTopmost = false;
+  /// Says where the items of its menus are; else where they would be if the menu lay elsewhere.
+  bool saysPlacesOfMenuItems = true;
+  /// The field of a spin button is an element of its own, and gets the focus.
+  bool putsFieldsIntoSpinButtons = false;
+  /// Says of a combo box which label it has; else only the label does, which lies beside it.
+  bool labelsComboBoxes = true;
   /// Its popovers are windows of their own, while their accessibles lie below what opens them.
   bool popoversAreWindows = false;
   /// How far around an item of a list a point still belongs to it, in pixels, where it says the place of its content

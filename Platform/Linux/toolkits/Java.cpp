@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/pointer/PointedAt.h"
 #include "Platform/Linux/toolkits/Toolkits.h"
@@ -59,6 +60,13 @@ std::int32_t offsetOf(const Children& items, const AtspiRectangle& popup) {
   return top > bottom ? 0 : popup.y + (popup.height - (bottom - top)) / 2 - top;
 }
 
+// Whoever asks an item is told the menu that it belongs to, on which the way down did not lead.
+const AtspiReference& withOwnParent(const ElementView& view, const AtspiReference& item) {
+  const auto reply = view.reader().call(propertyCall(item, atspi::accessible, "Parent"));
+  if (const auto parent = readReference(reply.message.get())) view.reader().noteParent(item, *parent);
+  return item;
+}
+
 AtspiReference itemAt(const ElementView& found, const Popup& popup, CGPoint point) {
   const auto items = placedChildren(found.other(popup.menu), Coordinates::ofScreen);
   const auto y = point.y - offsetOf(items, popup.place);
@@ -66,7 +74,7 @@ AtspiReference itemAt(const ElementView& found, const Popup& popup, CGPoint poin
     return child.place && y >= child.place->y && y < child.place->y + child.place->height;
   });
   if (item == items.end()) return popup.menu;
-  if (is(item->role, RoleKind::menuPart)) return item->reference;
+  if (is(item->role, RoleKind::menuPart)) return withOwnParent(found, item->reference);
   return deepestByPlace(found.other(item->reference), point, Coordinates::ofScreen);
 }
 
@@ -81,9 +89,24 @@ AtspiReference labelOfHeaderAt(const ElementView& header, CGPoint point) {
   return header.reference();
 }
 
+// What a menu or a combo box opens is not where it lies in the tree.
+AtspiReference closed(AtspiReader& reader, const AtspiReference& found) {
+  auto outermost = found;
+  auto current = found;
+  bool isInPopup = false;
+  for (int level = 0; level < mostLevelsInPopup && !current.isNull(); ++level) {
+    const auto role = static_cast<AtspiRole>(reader.known(current).role);
+    if (role == AtspiRole::menu || (role == AtspiRole::comboBox && isInPopup)) outermost = current;
+    isInPopup |= role == AtspiRole::popupMenu;
+    current = reader.likelyParent(current);
+  }
+  return outermost;
+}
+
 // Its own hit test never leaves the uppermost pane.
 AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
-  const auto found = topLevel.other(deepestByPlace(topLevel, at.point, Coordinates::ofScreen));
+  auto& reader = topLevel.reader();
+  const auto found = topLevel.other(closed(reader, deepestByPlace(topLevel, at.point, Coordinates::ofScreen)));
   const auto popup = popupAround(found);
   return popup.menu.isNull() ? labelOfHeaderAt(found, at.point) : itemAt(found, popup, at.point);
 }
@@ -94,6 +117,9 @@ const Toolkit java{
     .isLabelledByOwnParts = false,
     .putsPagesBelowTabs = true,
     .firstChildIsTopmost = true,
+    .saysPlacesOfMenuItems = false,
+    .putsFieldsIntoSpinButtons = true,
+    .labelsComboBoxes = false,
     .trueRole = trueRole,
     .knownBy = {Ask::states, Ask::interfaces},
     .elementAt = elementAt,
