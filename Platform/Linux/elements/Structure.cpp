@@ -18,6 +18,7 @@ constexpr std::size_t mostChildrenAtOnce = 200;
 constexpr std::size_t mostChildrenOfMany = 50;
 // Names are looked for in the first children, so these are read together.
 constexpr std::size_t childrenReadAhead = 3;
+constexpr std::size_t mostUnlistedChildren = 4;
 constexpr int mostLevels = 64;
 
 bool isRoot(const AtspiReference& reference) { return reference.path == AtspiReference::rootPath; }
@@ -82,7 +83,11 @@ std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t l
   if (count <= 0) return {};
   const auto number = static_cast<std::size_t>(count);
   if (number > std::min(limit, mostChildrenAtOnce)) return childrenByIndex(view, std::min(limit, number));
-  auto children = view.needOnly(Ask::children).children;
+  const auto& facts = view.needOnly(Ask::children);
+  // What another process puts into a window is no child that is listed.
+  if (facts.answered(Ask::children) && facts.children.empty())
+    return childrenByIndex(view, std::min(number, mostUnlistedChildren));
+  auto children = facts.children;
   std::erase_if(children, [](const auto& child) { return child.isNull(); });
   return children;
 }

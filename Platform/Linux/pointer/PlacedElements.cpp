@@ -60,8 +60,9 @@ bool isAroundItem(const PlacedElement& child, CGPoint point, std::int32_t margin
 // Where one lies above the other, and has the pointer.
 const PlacedElement* topmostAt(const std::vector<PlacedElement>& children, CGPoint point, const Toolkit& toolkit) {
   const PlacedElement* topmost = nullptr;
+  const bool mayBeHidden = toolkit.saysWhatIsShown && children.size() > 1;
   for (const auto& child : children) {
-    const bool isShown = !toolkit.saysWhatIsShown || hasState(child.states, AtspiState::showing);
+    const bool isShown = !mayBeHidden || hasState(child.states, AtspiState::showing);
     if (!isShown || !child.isAt(point)) continue;
     if (toolkit.firstChildIsTopmost) return &child;
     topmost = &child;

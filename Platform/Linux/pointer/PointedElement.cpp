@@ -60,6 +60,7 @@ AtspiReference PointedElement::hitTestBelow(const FoundTopLevel& topLevel, CGPoi
   const auto focused = [application] { return application->focus.followed(); };
   const auto hit = hitTest(view(reference), {topLevel.pixels.of(point), inOwnPixels(window, topLevel.pixels), focused});
   session_.reader().notePath(hit);
+  if (hit.busName != reference.busName) session_.processes.adopt(hit.busName, reference.busName);
   return comboBoxThatOpens(hit);
 }
 

@@ -34,6 +34,12 @@ void AtspiProcesses::adoptProxyOf(ProcessIdentifier process) {
   }
 }
 
+void AtspiProcesses::adopt(const std::string& part, const std::string& whole) {
+  const std::lock_guard lock(mutex_);
+  const auto owner = processes_.find(whole);
+  if (owner != processes_.end()) processes_.insert_or_assign(part, owner->second);
+}
+
 std::vector<std::string> AtspiProcesses::busNamesOf(ProcessIdentifier process, AtspiReader& reader) {
   if (process == 0) return {};
   auto names = knownNamesOf(process);

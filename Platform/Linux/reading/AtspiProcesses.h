@@ -27,6 +27,9 @@ class AtspiProcesses {
   /// The process that the peer with this bus name stands for; 0 where it is not known.
   ProcessIdentifier processOf(const std::string& busName, AtspiReader& reader);
 
+  /// A part of an application lives in a process of its own: its elements lie below those of the whole.
+  void adopt(const std::string& part, const std::string& whole);
+
   void clear();
 
  private:
