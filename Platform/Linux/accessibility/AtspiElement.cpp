@@ -23,7 +23,12 @@ AttributeResult subroleOf(const ElementView& view) {
 }
 
 AttributeResult isFocused(const ElementView& view) { return truth(view.hasState(AtspiState::focused)); }
-AttributeResult isSelected(const ElementView& view) { return truth(view.hasState(AtspiState::selected)); }
+
+// A cell that is merely the current one is selected for who looks at it.
+AttributeResult isSelected(const ElementView& view) {
+  const bool isCurrent = view.role() == AtspiRole::tableCell && view.hasState(AtspiState::focused);
+  return truth(isCurrent || view.hasState(AtspiState::selected));
+}
 
 struct Attribute {
   std::string_view name;

@@ -10,7 +10,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// Browsers find what lies at a place only a moment after they were asked for it.
+// Browsers find what lies at a place only a moment after they were asked for it, and some menus highlight only what is
+// pressed.
 constexpr std::array pauses{milliseconds(0), milliseconds(10), milliseconds(20)};
 
 }  // namespace
@@ -98,6 +99,11 @@ bool PressPictures::mayLookAfter(std::chrono::milliseconds pause, const Press& p
          !changed_.wait_for(lock, pause, [&] { return isEnding_ || untaken_ || released_.get() == &press; });
 }
 
+bool PressPictures::isInWebPage(const AtspiReference& element) const {
+  const auto application = session_.applications.find(element.busName);
+  return application && application->isMet() && application->toolkit().showsWebPages;
+}
+
 // Whether another look may find more.
 bool PressPictures::look(Press& press) {
   const AtspiReader::Reading reading(session_.reader());
@@ -108,8 +114,7 @@ bool PressPictures::look(Press& press) {
   if (isTold) press.element = std::move(element);
   if (isTold) press.area = pointed_.areaOf(pressed);
   press.picture->keepFacts(session_.reader().allKnown());
-  const auto application = session_.applications.find(pressed.busName);
-  return !isTold && application && application->isMet() && application->toolkit().showsWebPages;
+  return !isTold && (pressed.path == AtspiReference::rootPath || isInWebPage(pressed));
 }
 
 }  // namespace norra::linux_desktop

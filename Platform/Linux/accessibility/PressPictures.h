@@ -55,6 +55,7 @@ class PressPictures {
   PressPtr awaitPress(std::unique_lock<std::mutex>& lock);
   void take(Press& press);
   bool mayLookAfter(std::chrono::milliseconds pause, const Press& press);
+  bool isInWebPage(const AtspiReference& element) const;
   bool look(Press& press);
   bool isSamePress(const Press& press, CGPoint released) const;
 

@@ -15,6 +15,7 @@ namespace {
 constexpr std::int64_t mostColumns = 256;
 constexpr std::int64_t mostCellsOfARow = 64;
 constexpr std::int64_t mostSelected = 64;
+constexpr std::int64_t fewestColumnsOfSpreadsheet = 256;
 
 struct CellPlace {
   std::int32_t row = 0;
@@ -145,7 +146,21 @@ AttributeResult cellsOfRow(const ElementView& view, std::int32_t row) {
   return elementsNamed(cells);
 }
 
+// Its rows and columns have no headers of their own, and their names are its cells' addresses.
+bool isSpreadsheet(const ElementView& table) {
+  if (table.need(Ask::columnCount).columnCount < fewestColumnsOfSpreadsheet) return false;
+  return table.other(table.need(Ask::parent).parent).role() == AtspiRole::documentSpreadsheet;
+}
+
+// A to Z, AA and so on.
+std::string lettersOf(std::int32_t column) {
+  constexpr std::int32_t letters = 26;
+  std::string text(1, static_cast<char>('A' + column % letters));
+  return column < letters ? text : lettersOf(column / letters - 1) + text;
+}
+
 AttributeResult headerOfColumn(const ElementView& view, std::int32_t column) {
+  if (isSpreadsheet(view)) return elementNamed(view.reference(), {AtspiPart::Kind::column, column});
   const auto reply = view.reader().call({view.reference(), atspi::table, "GetColumnHeader", {column}});
   const auto header = readReference(reply.message.get());
   if (!header || header->isNull()) return noValue();
@@ -157,11 +172,19 @@ AttributeResult isRowSelected(const ElementView& view, std::int32_t row) {
   return truth(readInteger(reply.message.get()).value_or(0) != 0);
 }
 
+AttributeResult attributeOfSpreadsheetRow(std::int32_t row, std::string_view attribute) {
+  if (attribute == "AXTitle") return valueOf(std::to_string(row + 1));
+  if (attribute == "AXChildren") return noValue();
+  return truth(false);
+}
+
 AttributeResult rowAttribute(const ElementView& view, std::int32_t row, std::string_view attribute) {
   if (attribute == "AXRole") return valueOf(std::string("AXRow"));
   if (attribute == "AXSubrole") {
     return valueOf(std::string(view.role() == AtspiRole::table ? "AXTableRow" : "AXOutlineRow"));
   }
+  const bool mayTellOfCells = attribute == "AXTitle" || attribute == "AXChildren" || attribute == "AXSelected";
+  if (mayTellOfCells && isSpreadsheet(view)) return attributeOfSpreadsheetRow(row, attribute);
   if (attribute == "AXChildren") return cellsOfRow(view, row);
   if (attribute == "AXSelected") return isRowSelected(view, row);
   if (attribute == "AXRowIndexRange") return valueOf(CFRange{row, 1});
@@ -171,6 +194,7 @@ AttributeResult rowAttribute(const ElementView& view, std::int32_t row, std::str
 AttributeResult columnAttribute(const ElementView& view, std::int32_t column, std::string_view attribute) {
   if (attribute == "AXRole") return valueOf(std::string("AXColumn"));
   if (attribute == "AXHeader") return headerOfColumn(view, column);
+  if (attribute == "AXTitle" && isSpreadsheet(view)) return valueOf(lettersOf(column));
   if (attribute == "AXColumnIndexRange") return valueOf(CFRange{column, 1});
   return unsupported();
 }

@@ -105,6 +105,15 @@ AtspiReference followedElement(const ElementView& focused) {
   return container.isNull() ? focused.reference() : container;
 }
 
+// Whether the item that arrived is merely the current one of `container`, while what was followed has the focus.
+bool isOnlyCurrent(const ElementView& arrived, const AtspiReference& container) {
+  if (arrived.toolkit().tellsFocusOnlyWhereItIs || container == arrived.reference()) return false;
+  const auto before = arrived.application().focus.followed();
+  if (before.isNull() || before == container) return false;
+  const auto& facts = arrived.other(before).needOnly({Ask::role, Ask::states});
+  return isFocused(facts) && !mayOnlySaySo(facts);
+}
+
 void noteSelected(const ElementView& focused, const AtspiReference& followed) {
   const bool isItem = is(focused.role(), RoleKind::item) && followed != focused.reference();
   if (isItem) focused.application().selectedItems.note(followed, focused.reference());
@@ -143,6 +152,7 @@ void Focus::look(const ElementView& arrived) {
     if (saysPlaceOnScreen(arrived)) rememberHighlight(arrived);
   } else {
     const auto followed = followedElement(arrived);
+    if (isOnlyCurrent(arrived, followed)) return;
     noteSelected(arrived, followed);
     arrived.application().focus.follow(followed);
     // A page that has just been loaded or turned to.

@@ -54,6 +54,9 @@ struct Toolkit {
   bool namesComboBoxesByTheirValue = false;
   /// Tells of every element that gets the focus; else some fields show it only by where they are written into.
   bool tellsFocusOfAllFields = true;
+  /// What it tells to have the focus has it; else items also say so that become the current ones of lists, tables and
+  /// trees without it.
+  bool tellsFocusOnlyWhereItIs = true;
   /// Says where its elements are on the screen; else only where they are in their window.
   bool saysPlacesOnScreen = true;
   /// Says of what is on the screen that it is showing.

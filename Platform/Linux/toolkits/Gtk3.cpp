@@ -107,16 +107,23 @@ Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
   return {popover.isNull() ? answer : popover};
 }
 
+// LibreOffice draws what lies in its root panes itself, and complains when it is asked for a child that is not there.
+bool mayAskForChild(const ElementView& view, bool isDrawn) {
+  return !isDrawn || view.needOnly(Ask::childCount).childCount > 0;
+}
+
 // Level by level; pages of notebooks, whose own hit test stops at their tabs, by extents.
 AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
   auto& reader = topLevel.reader();
   auto current = topLevel.reference();
-  for (int level = 0; level < maxLevels; ++level) {
+  bool isDrawn = false;
+  for (int level = 0; level < maxLevels && mayAskForChild(topLevel.other(current), isDrawn); ++level) {
     const auto step = stepGtk3(topLevel.other(current), at.point, level == 0);
     if (step.next.isNull() || step.next == current) break;
     // The menu in a window of its own belongs to the combo box or the menu that opened it.
     const bool isParentSure = level > 0 || static_cast<AtspiRole>(reader.known(current).role) != AtspiRole::window;
     if (isParentSure && !reader.known(step.next).asked.has(Ask::parent)) reader.noteParent(step.next, current);
+    isDrawn = isDrawn || static_cast<AtspiRole>(reader.known(current).role) == AtspiRole::rootPane;
     current = step.next;
     if (step.isLast) break;
   }

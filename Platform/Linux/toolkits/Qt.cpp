@@ -27,6 +27,7 @@ const Toolkit qt{
     .viewsTellSelections = false,
     .isLabelledByOwnParts = false,
     .namesComboBoxesByTheirValue = true,
+    .tellsFocusOnlyWhereItIs = false,
     .asksForRole = asksForQtRole,
     .ownRole = ownRole,
     .properName = properName,

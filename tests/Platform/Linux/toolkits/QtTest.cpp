@@ -80,15 +80,29 @@ TEST_F(Qt, OffersToConfirmWhatIsWrittenInOneLine) {
 
 TEST_F(Qt, DoesNotTakeWhatACheckableGroupHoldsForItsBox) {
   application_.set("page", {.role = number(AtspiRole::filler), .children = {"group"}});
-  application_.set("group", {.role = number(AtspiRole::checkBox),
-                             .name = "Insured",
-                             .parent = "page",
-                             .children = {"label", "field"}});
+  application_.set(
+      "group",
+      {.role = number(AtspiRole::checkBox), .name = "Insured", .parent = "page", .children = {"label", "field"}});
   application_.set("label", {.role = number(AtspiRole::label), .name = "By whom", .parent = "group"});
   application_.set("field", {.role = number(AtspiRole::text), .name = "Insured", .parent = "group"});
   EXPECT_EQ(read<AXUIElement>("label", "AXParent"), element("page"));
   EXPECT_EQ(read<AXUIElement>("field", "AXParent"), element("page"));
   EXPECT_EQ(read<AXUIElement>("group", "AXParent"), element("page"));
+}
+
+TEST_F(Qt, FollowsAnItemOnlyWhenWhatHadTheFocusHasLostIt) {
+  const auto follows = [this](const std::string& key) {
+    elements_.epoch.begin();
+    elements_.focus.arrived(application_.reference(key));
+    return elements_.focus.settle(application_.reference(key).busName);
+  };
+  application_.set("field", {.role = number(AtspiRole::text), .states = bit(AtspiState::focused)});
+  application_.set("list", {.role = number(AtspiRole::list), .interfaces = {"Table"}, .children = {"item"}});
+  application_.set("item", {.role = number(AtspiRole::listItem), .states = bit(AtspiState::focused), .parent = "list"});
+  EXPECT_EQ(follows("field"), application_.reference("field"));
+  EXPECT_EQ(follows("item"), application_.reference("field"));
+  application_.set("field", {.role = number(AtspiRole::text)});
+  EXPECT_EQ(follows("item"), application_.reference("list"));
 }
 
 // The number of a date is 0, and of what is being written the one from before.
