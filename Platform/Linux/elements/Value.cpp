@@ -52,10 +52,15 @@ AttributeResult number(double value) {
   return isInteger ? valueOf(NSNumber{static_cast<std::int64_t>(value)}) : valueOf(NSNumber{value});
 }
 
+// Of others it says that a button of the mouse is held on them.
+bool isPressedIn(const ElementView& view) {
+  return view.role() == AtspiRole::toggleButton && view.hasState(AtspiState::pressed);
+}
+
 AttributeResult checkedState(const ElementView& view) {
   if (view.hasState(AtspiState::indeterminate)) return valueOf(NSNumber{std::int64_t{2}});
   const auto state = view.role() == AtspiRole::pageTab ? AtspiState::selected : AtspiState::checked;
-  const bool isOn = view.hasState(state) || view.hasState(AtspiState::pressed);
+  const bool isOn = view.hasState(state) || isPressedIn(view);
   return valueOf(NSNumber{std::int64_t{isOn ? 1 : 0}});
 }
 
