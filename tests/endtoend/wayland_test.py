@@ -183,6 +183,17 @@ class Switches(WaylandTest):
         self.expect(special_key("carriage return", "Weigh anchor", "push button"))
 
 
+class SwitchesWithoutTheCompositor(Switches):
+    """As applications tell of them."""
+
+    @classmethod
+    def setUpClass(cls):
+        hands.front_window()  # what the test itself knows of windows
+        with mock.patch.dict(os.environ):
+            os.environ.pop("SWAYSOCK", None)
+            super().setUpClass()
+
+
 class Checks(EndToEndTest):
     def test_what_is_not_seen_is_said(self):
         check = subprocess.run([PROGRAMS / "norra-collect", "--check"], capture_output=True, text=True)
