@@ -78,6 +78,7 @@ start_compositor() {
   printf '#!/bin/sh\n[ -z "$DISPLAY" ] || echo "$DISPLAY" >"%s"\n' "$desktop/display" >"$desktop/tell-display"
   chmod +x "$desktop/tell-display"
   export XDG_SESSION_TYPE=wayland GDK_BACKEND=wayland QT_QPA_PLATFORM=wayland MOZ_ENABLE_WAYLAND=1
+  export QT_WAYLAND_DISABLE_WINDOWDECORATION=1
   "start_$compositor" >"$logs/compositor.log" 2>&1 &
   has_socket() { socket=$(find "$XDG_RUNTIME_DIR" -maxdepth 1 -type s -name 'wayland-*') && [ -n "$socket" ]; }
   wait_until has_socket || fail "The compositor does not start."
@@ -104,8 +105,10 @@ END
 }
 
 # A copy of it, since a container refuses to run a program with its file capability. What its task bar may know,
-# our tests may know.
+# our tests may know. That does not say how large the frames around windows are, so there are none.
 start_kwin() {
+  mkdir -p "$HOME/.config"
+  printf '[org.kde.kdecoration2]\nNoPlugin=true\n' >"$HOME/.config/kwinrc"
   cp "$(command -v kwin_wayland)" "$desktop/kwin_wayland"
   KWIN_WAYLAND_NO_PERMISSION_CHECKS=1 KWIN_COMPOSE=Q XDG_CURRENT_DESKTOP=KDE exec "$desktop/kwin_wayland" --virtual \
     --width 1280 --height 900 --socket wayland-0 --no-lockscreen ${NORRA_XWAYLAND:+--xwayland "$desktop/tell-display"}

@@ -1,5 +1,7 @@
 #!/usr/bin/python3
 """A GTK 3 window with one of each widget; control.py says how a test asks where they are."""
+import os
+
 import gi
 
 gi.require_version("Gdk", "3.0")
@@ -16,6 +18,7 @@ class Window(Gtk.Window):
     def __init__(self):
         super().__init__(title="Harbour ledger")
         self.set_default_size(760, 700)
+        self.set_decorated("WAYLAND_DISPLAY" not in os.environ)  # what it draws itself is not in the places of its widgets
         self.widgets = {}
         self.connect("destroy", Gtk.main_quit)
         rows = Gtk.Box(orientation=Gtk.Orientation.VERTICAL, spacing=4)

@@ -46,7 +46,6 @@ class KWinWindows:
     """Through the protocol of its own task bar."""
 
     make_input = FakeInput
-    PROPERTIES = {0: "title", 2: "state", 8: "geometry", 10: "pid", 17: "client"}
 
     def __init__(self, wayland):
         self.wayland, self.windows = wayland, {}
@@ -72,7 +71,7 @@ class KWinWindows:
             del self.windows[handle]
         elif event == 10:
             window["pid"] = arguments.unsigned()
-        elif event == 17:
+        elif event in (8, 17):  # with what the compositor draws around it; without
             window["origin"] = arguments.integer(), arguments.integer()
 
     def all(self):

@@ -194,6 +194,26 @@ class SwitchesWithoutTheCompositor(Switches):
             super().setUpClass()
 
 
+class WindowsOfTheCompositor(WaylandTest):
+    def test_an_application_without_accessibility_is_told(self):
+        with mock.patch.dict(os.environ, NO_AT_BRIDGE="1"):
+            application = ControlledApplication("gtk3_app.py")
+        self.addCleanup(application.close)
+        self.expect(change_application(application.pid, "gtk3_app.py", "gtk3_app.py", "Harbour ledger"))
+
+
+class ScriptInKWin(EndToEndTest):
+    @staticmethod
+    def is_loaded():
+        scripting = dbus.SessionBus().get_object("org.kde.KWin", "/Scripting")
+        return scripting.isScriptLoaded("norra-collector", dbus_interface="org.kde.kwin.Scripting")
+
+    def test_it_is_there_while_somebody_collects(self):
+        wait_until(self.is_loaded, "the script")
+        self.assertEqual(self.collection.end(), 0)
+        wait_until(lambda: not self.is_loaded(), "the script's end")
+
+
 class Checks(EndToEndTest):
     def test_what_is_not_seen_is_said(self):
         check = subprocess.run([PROGRAMS / "norra-collect", "--check"], capture_output=True, text=True)

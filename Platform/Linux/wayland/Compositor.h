@@ -21,14 +21,24 @@ struct CompositorWindow {
   bool isOfX11 = false;
 };
 
+struct PointedWindow {
+  CGPoint pointer;
+  /// Nothing: the background.
+  std::optional<CompositorWindow> window;
+};
+
 /// Every answer comes within a bound; any thread.
 class Compositor {
  public:
   virtual ~Compositor() = default;
+  /// Whether it answers now: then nothing means that there is none.
+  virtual bool isTelling() = 0;
   /// Nothing: none is active, or the compositor does not answer.
   virtual std::optional<CompositorWindow> activeWindow() = 0;
   /// Any window of the process, the active one rather than another.
   virtual std::optional<CompositorWindow> windowOf(ProcessIdentifier process) = 0;
+  /// Where the pointer is, and the window there, as far as it is followed; a compositor need not tell.
+  virtual std::optional<PointedWindow> pointed() { return std::nullopt; }
   /// Calls `changed`, until the result is let go, when another window may be active. One at a time; main thread.
   [[nodiscard]] virtual std::unique_ptr<Registration> follow(std::function<void()> changed) = 0;
 };

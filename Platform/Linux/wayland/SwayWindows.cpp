@@ -116,6 +116,11 @@ SwayTree SwayWindows::tree() {
   return reply ? readSwayTree(reply->payload) : SwayTree{};
 }
 
+bool SwayWindows::isTelling() {
+  const std::lock_guard lock(mutex_);
+  return connection_ != nullptr;
+}
+
 std::optional<CompositorWindow> SwayWindows::activeWindow() { return tree().active; }
 
 std::optional<CompositorWindow> SwayWindows::windowOf(ProcessIdentifier process) {

@@ -26,6 +26,7 @@ class SwayWindows final : public Compositor {
   /// Null: no such compositor is there. `event` must outlive the result.
   static std::unique_ptr<SwayWindows> open(sd_event* event);
 
+  bool isTelling() override;
   std::optional<CompositorWindow> activeWindow() override;
   std::optional<CompositorWindow> windowOf(ProcessIdentifier process) override;
   std::unique_ptr<Registration> follow(std::function<void()> changed) override;

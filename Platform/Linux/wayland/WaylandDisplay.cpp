@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "Platform/Linux/wayland/KWinWindows.h"
 #include "Platform/Linux/wayland/SwayWindows.h"
 #include "Platform/Linux/wayland/WaylandConnection.h"
 #include "Platform/Linux/wayland/WaylandWindows.h"
@@ -11,6 +12,11 @@
 namespace norra::linux_desktop {
 namespace {
 
+std::unique_ptr<Compositor> openCompositor(sd_event* event) {
+  if (auto sway = SwayWindows::open(event)) return sway;
+  return KWinWindows::open(event, false);
+}
+
 class WaylandDisplay final : public DisplayServer {
  public:
   WaylandDisplay(sd_event* event, const OpenXServer& openXServer, InputListeners listeners,
@@ -18,7 +24,7 @@ class WaylandDisplay final : public DisplayServer {
       : event_(event),
         connection_(WaylandConnection::open(event, std::move(didLoseServer))),
         xServer_(openXServer(std::move(listeners))),
-        compositor_(SwayWindows::open(event)),
+        compositor_(openCompositor(event)),
         windows_(compositor_.get(), xServer_.get()) {}
 
   void use(ActiveTopLevels& topLevels) override {

@@ -39,9 +39,11 @@ std::optional<WindowOnScreen> WaylandWindows::activeX11Window() {
   return window && window->process != 0 ? std::move(window) : std::nullopt;
 }
 
+bool WaylandWindows::isCompositorTelling() { return compositor_ && compositor_->isTelling(); }
+
 // Not asked where the compositor knows.
 std::optional<ActiveTopLevel> WaylandWindows::activeTopLevel() {
-  return topLevels_ && !compositor_ ? topLevels_->active() : std::nullopt;
+  return topLevels_ && !isCompositorTelling() ? topLevels_->active() : std::nullopt;
 }
 
 std::optional<WindowOnScreen> WaylandWindows::activeWindow() {

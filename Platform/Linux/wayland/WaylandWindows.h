@@ -26,6 +26,7 @@ class WaylandWindows final : public WindowsOnScreen, public ApplicationWindows {
 
  private:
   std::optional<WindowOnScreen> activeX11Window();
+  bool isCompositorTelling();
   std::optional<ActiveTopLevel> activeTopLevel();
 
   Compositor* const compositor_;

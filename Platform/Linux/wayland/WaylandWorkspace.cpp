@@ -12,8 +12,8 @@ class WaylandWorkspace::Listening {
     activations_.begin();
     const auto changed = [this] { lookAgain(); };
     if (compositor) registrations_.push_back(compositor->follow(changed));
-    if (topLevels && !compositor) registrations_.push_back(topLevels->follow(changed));
-    auto* ofX11 = xServer && !compositor ? xServer->workspace() : nullptr;
+    if (topLevels) registrations_.push_back(topLevels->follow(changed));
+    auto* ofX11 = xServer ? xServer->workspace() : nullptr;
     if (ofX11) registrations_.push_back(ofX11->onActivation([changed](const auto&) { changed(); }));
   }
 

@@ -1,0 +1,128 @@
+#include "Platform/Linux/wayland/KWinScript.h"
+
+#include <algorithm>
+#include <functional>
+#include <nlohmann/json.hpp>
+
+namespace norra::linux_desktop {
+namespace {
+
+using Json = nlohmann::json;
+
+// For KWin 5 and 6, which call some things differently. A popup is on no desktop. Pointers tell of each pixel.
+constexpr std::string_view script = R"(
+const millisecondsOfMoves = 10;
+let told = "";
+function box(area) { return [area.x, area.y, area.width, area.height]; }
+function described(window) {
+  return window ? {id: "" + window.internalId, process: window.pid, title: "" + window.caption,
+    application: "" + window.desktopFileName, isOfX11: ("" + window).indexOf("X11") >= 0,
+    isPopUp: window.popupWindow === true, frame: box(window.frameGeometry), buffer: box(window.bufferGeometry)} : null;
+}
+function isOnDesktop(window) {
+  if (window.onAllDesktops || window.popupWindow || window.desktops === undefined) return true;
+  return typeof window.desktop === "number" ? window.desktop === workspace.currentDesktop
+                                            : window.desktops.indexOf(workspace.currentDesktop) >= 0;
+}
+function isAt(window, place) {
+  const area = window.frameGeometry;
+  return !window.minimized && !window.hidden && !window.deleted && isOnDesktop(window) && place.x >= area.x &&
+    place.y >= area.y && place.x < area.x + area.width && place.y < area.y + area.height;
+}
+function windowAt(place) {
+  const windows = workspace.windowList ? workspace.windowList() : workspace.clientList();
+  let found = null;
+  for (let i = 0; i < windows.length; ++i) {
+    if (isAt(windows[i], place) && (!found || windows[i].stackingOrder > found.stackingOrder)) found = windows[i];
+  }
+  return found;
+}
+function tell() {
+  const state = {active: described(workspace.activeWindow || workspace.activeClient)};
+  if (tellsPointer) {
+    const place = workspace.cursorPos;
+    state.pointer = [place.x, place.y];
+    state.pointed = described(windowAt(place));
+  }
+  const text = JSON.stringify(state);
+  if (text === told) return;
+  told = text;
+  callDBus(listener, path, listenerInterface, "Tell", text);
+}
+const timer = new QTimer();
+timer.singleShot = true;
+timer.timeout.connect(tell);
+function tellSoon() { if (!timer.active) timer.start(millisecondsOfMoves); }
+const followed = {};
+function activated(window) {
+  tell();
+  if (!window || followed[window.internalId]) return;
+  followed[window.internalId] = true;
+  window.captionChanged.connect(tellSoon);
+}
+(workspace.windowActivated || workspace.clientActivated).connect(activated);
+(workspace.windowAdded || workspace.clientAdded).connect(tellSoon);
+(workspace.windowRemoved || workspace.clientRemoved).connect(tellSoon);
+if (tellsPointer) workspace.cursorPosChanged.connect(tellSoon);
+activated(workspace.activeWindow || workspace.activeClient);
+)";
+
+std::string constant(std::string_view name, const Json& value) {
+  return "const " + std::string(name) + " = " + value.dump() + ";\n";
+}
+
+ScreenRectangle rectangleIn(const Json& box) {
+  return {box.at(0).get<double>(), box.at(1).get<double>(), box.at(2).get<double>(), box.at(3).get<double>()};
+}
+
+// The buffer holds what the client draws: less than the frame that the compositor draws, or more than its window.
+ShadowExtents shadowOf(const ScreenRectangle& frame, const ScreenRectangle& buffer) {
+  return {.left = std::max(0.0, frame.x - buffer.x),
+          .right = std::max(0.0, buffer.x + buffer.width - frame.x - frame.width),
+          .top = std::max(0.0, frame.y - buffer.y),
+          .bottom = std::max(0.0, buffer.y + buffer.height - frame.y - frame.height)};
+}
+
+CompositorWindow windowIn(const Json& json) {
+  CompositorWindow window;
+  auto& onScreen = window.onScreen;
+  onScreen.window = static_cast<std::uint32_t>(std::hash<std::string>()(json.at("id").get<std::string>()));
+  onScreen.process = json.at("process").get<ProcessIdentifier>();
+  onScreen.title = json.at("title").get<std::string>();
+  onScreen.frame = rectangleIn(json.at("frame"));
+  onScreen.client = rectangleIn(json.at("buffer"));
+  onScreen.shadow = shadowOf(onScreen.frame, onScreen.client);
+  onScreen.overrideRedirect = json.at("isPopUp").get<bool>();
+  window.applicationIdentifier = json.at("application").get<std::string>();
+  window.isOfX11 = json.at("isOfX11").get<bool>();
+  return window;
+}
+
+std::optional<CompositorWindow> windowIn(const Json& state, const char* member) {
+  const auto found = state.find(member);
+  if (found == state.end() || found->is_null()) return std::nullopt;
+  return windowIn(*found);
+}
+
+}  // namespace
+
+std::string kwinScriptFor(std::string_view listener, bool tellsPointer) {
+  return constant("listener", listener) + constant("path", kwinListenerPath) +
+         constant("listenerInterface", kwinListenerInterface) + constant("tellsPointer", tellsPointer) +
+         std::string(script);
+}
+
+std::optional<KWinState> readKWinState(std::string_view json) {
+  try {
+    const auto state = Json::parse(json);
+    KWinState read{windowIn(state, "active"), std::nullopt};
+    if (const auto place = state.find("pointer"); place != state.end()) {
+      read.pointed = {{place->at(0).get<double>(), place->at(1).get<double>()}, windowIn(state, "pointed")};
+    }
+    return read;
+  } catch (const Json::exception&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace norra::linux_desktop
