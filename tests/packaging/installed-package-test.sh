@@ -123,9 +123,9 @@ check_collecting() {
 check_publishing() {
   install -d -o mosquitto -m 755 /run/norra-fleet
   install -d -o mosquitto -m 700 /var/lib/norra-fleet
-  (umask 0; exec setpriv --reuid=mosquitto --regid=mosquitto --clear-groups norra-fleet serve 2>"$folder/broker.log") &
+  setpriv --reuid=mosquitto --regid=mosquitto --clear-groups norra-fleet serve 2>"$folder/broker.log" &
   broker=$!
-  until [ -S /run/norra-fleet/socket ]; do
+  until [ -w /run/norra-fleet/socket ] && [ "$(stat -c %A /run/norra-fleet/socket)" = srw-rw-rw- ]; do
     kill -0 $broker || { cat "$folder/broker.log"; fail "no broker with the installed configuration"; }
     sleep 0.05
   done
