@@ -61,7 +61,9 @@ ln -s pts/ptmx "$ROOT/dev/ptmx"
 ln -s /proc/self/fd "$ROOT/dev/fd"
 mount --bind "$PROJECT" "$ROOT$PROJECT"
 mount --bind "$BUILD" "$ROOT$PROJECT/build"
-exec chroot "$ROOT" env --chdir="$PROJECT" --unset=ROOT --unset=BUILD --unset=PROJECT "$@"' in-release "$@"
+# This shell is the first process there, and takes the status of those that lost their parents: no exec.
+chroot "$ROOT" env --chdir="$PROJECT" --unset=ROOT --unset=BUILD --unset=PROJECT "$@"
+exit $?' in-release "$@"
 }
 
 [ -d "$root/usr" ] || make_root
