@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <vector>
 
 #include "Platform/Linux/elements/PageNames.h"
@@ -32,10 +33,15 @@ bool isListMark(const AtspiFacts& facts) {
   return tag != facts.attributes.end() && tag->second == "::marker";
 }
 
-bool isNumber(std::string_view text, double number) {
+// As it is shown: rounded, and with the decimal comma of many languages.
+bool isNumber(std::string text, double number) {
+  std::ranges::replace(text, ',', '.');
   double parsed = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), parsed);
-  return error == std::errc() && end == text.data() + text.size() && parsed == number;
+  if (error != std::errc() || end != text.data() + text.size()) return false;
+  const auto point = text.find('.');
+  const auto decimals = point == std::string::npos ? 0 : text.size() - point - 1;
+  return std::abs(parsed - number) <= 0.5 * std::pow(10, -static_cast<double>(decimals));
 }
 
 std::string_view firstHalf(std::string_view name) {

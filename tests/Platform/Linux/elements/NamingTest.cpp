@@ -35,8 +35,9 @@ TEST(Descriptions, AreDroppedWhereTheyOnlyRepeat) {
   auto slider = AtspiFacts{};
   slider.asked |= Ask::currentValue;
   slider.currentValue = 30;
-  const std::pair<const char*, const char*> rows[] = {
-      {"30", ""}, {"30.0", ""}, {"31", "31"}, {" ", ""}, {"30 dB", "30 dB"}, {"Volume", ""}, {"Loudness", "Loudness"}};
+  const std::pair<const char*, const char*> rows[] = {{"30", ""},         {"30.0", ""},     {"30,0", ""},
+                                                      {"31", "31"},       {"30,1", "30,1"}, {" ", ""},
+                                                      {"30 dB", "30 dB"}, {"Volume", ""},   {"Loudness", "Loudness"}};
   slider.name = "Volume";
   for (const auto& [description, expected] : rows) {
     slider.description = description;
