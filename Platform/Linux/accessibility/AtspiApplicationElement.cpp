@@ -38,10 +38,11 @@ AXResult<AXAttributeValue> AtspiApplicationElement::copyAttributeValue(std::stri
   return handles().valueOf(attributeOfRoot(ElementView(session_.reader(), root), attribute));
 }
 
-// Of a window, a button or the like nothing is told but what is done to it.
+// Of a window, a button or the like nothing is told but what is done to it, of a drop-down nothing while it is open.
 AXResult<AXAttributeValue> AtspiApplicationElement::followedElement() const {
   const auto focused = focus_.of(process_);
-  const bool isOfUse = !focused.isNull() && isFollowed(ElementView(session_.reader(), focused));
+  const bool isOfUse = !focused.isNull() && session_.applications.of(focused.busName)->focus.open() != focused &&
+                       isFollowed(ElementView(session_.reader(), focused));
   return handleOrNothing(isOfUse ? focused : AtspiReference{});
 }
 

@@ -76,6 +76,8 @@ AXResult<AXAttributeValue> AtspiElement::copyAttributeValue(std::string_view att
   if (row == attributes.end() && isWhole()) return {axError::attributeUnsupported, {}};
   if (isOfAFormerBus()) return {axError::invalidUIElement, {}};
   const auto element = view();
+  const auto* before = attribute == "AXValue" && isWhole() ? element.reader().valueBefore(reference()) : nullptr;
+  if (before) return {axError::success, *before};
   auto result = isWhole() ? row->read(element) : partAttribute(element, key_.part, attribute);
   return handles().valueOf(unlessGone(element, std::move(result)));
 }

@@ -130,16 +130,34 @@ bool AtspiObserver::tellFocusThatWasMissed() {
 void AtspiObserver::tellFocus() {
   if (!focusEvents_) return;
   const auto focused = services_.focus.of(process_);
-  if (focused_ == focused) return;
+  const bool isOpen = !focused.isNull() && services_.session.applications.of(focused.busName)->focus.open() == focused;
+  if (focused_ == focused && isOpen_ == isOpen) return;
+  if (auto* left = watchOf(focused_)) left->settle();
   focused_ = focused;
+  isOpen_ = isOpen;
   isMute_ = !answers(focused_);
   if (isMute_) checkFocusLater(firstCheckOfMuteMicroseconds);
-  tellOfFocus();
+  if (isOpen || !tellFocusOfChanged()) tellOfFocus();
 }
 
 void AtspiObserver::tellOfFocus() {
   tell(services_.handles.application(process_), focusChanged);
   services_.focusPicture.take(focused_);
+}
+
+// Whether it had begun to change before it got the focus; then the change is told too.
+bool AtspiObserver::tellFocusOfChanged() {
+  if (focused_.isNull()) return false;
+  auto& session = services_.session;
+  const auto application = session.applications.of(focused_.busName);
+  auto former = application->takeFormerValue(focused_);
+  if (!former || application->wasJustChosen(focused_)) return false;
+  {
+    const AtspiReader::Before before(session.reader(), focused_, *std::move(former));
+    tellOfFocus();
+  }
+  tellOf(focused_, valueChanged);
+  return true;
 }
 
 void AtspiObserver::tell(const AXUIElement& element, std::string_view notification) {

@@ -59,6 +59,7 @@ class AtspiObserver final : public AXObserver {
   bool tellFocusThatWasMissed();
   void tellFocus();
   void tellOfFocus();
+  bool tellFocusOfChanged();
   void tell(const AXUIElement& element, std::string_view notification);
   void tellOf(const AtspiReference& element, std::string_view notification);
   ElementWatch* watchOf(const AtspiReference& element);
@@ -71,6 +72,7 @@ class AtspiObserver final : public AXObserver {
   const AXObserverCallback callback_;
   bool isOnLoop_ = false;
   AtspiReference focused_;  // the last that was told, at first that of the registration; null: none
+  bool isOpen_ = false;     // the list of the combo box that has the focus
   bool isMute_ = false;     // it could not be asked when it was told
   std::vector<std::unique_ptr<ElementWatch>> watches_;
   std::vector<std::unique_ptr<ElementWatch>> ended_;  // they may be running

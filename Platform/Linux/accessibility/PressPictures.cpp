@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "Platform/Linux/accessibility/PicturedElement.h"
+#include "Platform/Linux/elements/Value.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -13,6 +14,22 @@ using std::chrono::milliseconds;
 // Browsers find what lies at a place only a moment after they were asked for it, and some menus highlight only what is
 // pressed.
 constexpr std::array pauses{milliseconds(0), milliseconds(10), milliseconds(20)};
+constexpr int mostLevelsOfNumber = 3;
+
+// A number that changes at the press gets the focus with it, and is followed only afterwards.
+void noteNumber(const ElementView& pressed) {
+  auto at = pressed.reference();
+  for (int level = 0; level < mostLevelsOfNumber && !at.isNull(); ++level) {
+    const auto view = pressed.other(at);
+    if (view.role() == AtspiRole::spinButton) {
+      const auto content = contentOf(view).value;
+      const auto* number = std::get_if<NSNumber>(&content);
+      if (number && view.application().focus.followed() != at) view.application().noteFormerValue(at, *number);
+      return;
+    }
+    at = view.need(Ask::parent).parent;
+  }
+}
 
 }  // namespace
 
@@ -113,6 +130,7 @@ bool PressPictures::look(Press& press) {
   const bool isTold = rehearse_(element);
   if (isTold) press.element = std::move(element);
   if (isTold) press.area = pointed_.areaOf(pressed);
+  noteNumber(ElementView(session_.reader(), pressed));
   press.picture->keepFacts(session_.reader().allKnown());
   return !isTold && (pressed.path == AtspiReference::rootPath || isInWebPage(pressed));
 }

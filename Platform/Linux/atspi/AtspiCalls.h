@@ -16,6 +16,7 @@ inline constexpr const char* component = "org.a11y.atspi.Component";
 inline constexpr const char* document = "org.a11y.atspi.Document";
 inline constexpr const char* editableText = "org.a11y.atspi.EditableText";
 inline constexpr const char* hyperlink = "org.a11y.atspi.Hyperlink";
+inline constexpr const char* hypertext = "org.a11y.atspi.Hypertext";
 inline constexpr const char* selection = "org.a11y.atspi.Selection";
 inline constexpr const char* table = "org.a11y.atspi.Table";
 inline constexpr const char* tableCell = "org.a11y.atspi.TableCell";

@@ -95,6 +95,7 @@ enum class AtspiState : std::uint8_t {
   focused = 12,
   multiLine = 17,
   pressed = 20,
+  selectable = 22,
   selected = 23,
   showing = 25,
   transient = 28,

@@ -17,6 +17,8 @@ constexpr std::uint32_t labelFor = 1;
 constexpr std::uint32_t labelledBy = 2;
 // How far above a label the labelled element is looked for.
 constexpr int mostLevelsOfALabel = 3;
+// How far above what is written into it a combo box lies.
+constexpr int mostLevelsInComboBox = 2;
 // Where a text is looked for in an element without a name.
 constexpr std::size_t mostParts = 6;
 constexpr int mostLevelsOfParts = 3;
@@ -71,6 +73,20 @@ AtspiReference firstLabel(const ElementView& view) {
   }
   const bool mayLieBeside = view.role() == AtspiRole::comboBox && !view.toolkit().labelsComboBoxes;
   return mayLieBeside ? labelBeside(view) : AtspiReference{};
+}
+
+// What is written into a combo box is called as that is.
+AtspiReference labelOf(const ElementView& view) {
+  auto label = firstLabel(view);
+  if (!label.isNull() || !is(view.role(), RoleKind::field)) return label;
+  auto above = view.need(Ask::parent).parent;
+  for (int level = 0; level < mostLevelsInComboBox && !above.isNull(); ++level) {
+    const auto around = view.other(above);
+    if (around.role() == AtspiRole::comboBox) return firstLabel(around);
+    if (!is(around.role(), RoleKind::mereContainer)) return {};
+    above = around.need(Ask::parent).parent;
+  }
+  return {};
 }
 
 // Whether `label` lies below the element.
@@ -156,6 +172,7 @@ std::string properDescription(const AtspiFacts& facts) {
 AttributeResult titleOf(const ElementView& view) {
   const auto& facts = view.need(Ask::name);
   if (isListMark(facts) || isIconBesideText(view)) return noValue();
+  if (facts.name.empty() && view.toolkit().nameOfNameless) return textOrNoValue(view.toolkit().nameOfNameless(view));
   const auto name = view.toolkit().showsWebPages ? nameInPage(view) : facts.name;
   return textOrNoValue(withoutOwnLabel(view, properName(name, view.role(), view.toolkit())));
 }
@@ -201,7 +218,7 @@ AttributeResult roleDescriptionOf(const ElementView& view) {
 }
 
 AttributeResult titleElementOf(const ElementView& view) {
-  const auto label = firstLabel(view);
+  const auto label = labelOf(view);
   if (label.isNull()) return noValue();
   view.reader().expect(label, view.generalAsks());
   if (isOwnPart(view, label) || (!view.toolkit().showsWebPages && isAround(view, label))) return noValue();
@@ -215,7 +232,7 @@ void keepNames(const ElementView& view) {
   if (!view.need(asks).answered(Ask::role)) return;
   titleOf(view);
   view.reader().keep(view.reference(), AtspiReader::KeptFor::silence);
-  const auto label = firstLabel(view);
+  const auto label = labelOf(view);
   if (label.isNull() || !view.other(label).need(asks).answered(Ask::role)) return;
   titleOf(view.other(label));
   view.reader().keep(label, AtspiReader::KeptFor::silence);

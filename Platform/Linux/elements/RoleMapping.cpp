@@ -1,7 +1,9 @@
 #include "Platform/Linux/elements/RoleMapping.h"
 
+#include <algorithm>
 #include <string>
 
+#include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Text.h"
 #include "Platform/Linux/reading/ElementView.h"
 
@@ -9,8 +11,18 @@ namespace norra::linux_desktop {
 namespace {
 
 constexpr int mostLevelsInRadioGroup = 8;
+constexpr std::size_t mostPartsOfComboBox = 4;
 
 bool isMenuOpener(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::hasPopup); }
+
+bool opensAndCloses(const AtspiFacts& facts) {
+  return hasState(facts.states, AtspiState::expandable) && !isMenuOpener(facts);
+}
+
+RoleAndSubrole pushButton(const AtspiFacts& facts) {
+  if (isMenuOpener(facts)) return {"AXMenuButton", ""};
+  return opensAndCloses(facts) ? RoleAndSubrole{"AXCheckBox", "AXToggle"} : RoleAndSubrole{"AXButton", ""};
+}
 
 RoleAndSubrole toggleButton(const AtspiFacts& facts) {
   if (isMenuOpener(facts)) return {"AXMenuButton", ""};
@@ -24,8 +36,9 @@ bool isSearchField(const AtspiFacts& facts) {
 }
 
 RoleAndSubrole textField(const AtspiFacts& facts) {
-  if (hasState(facts.states, AtspiState::multiLine)) return {"AXTextArea", ""};
-  return {"AXTextField", isSearchField(facts) ? "AXSearchField" : ""};
+  // A search field that a page makes itself has a line only, whatever its browser says of that.
+  if (isSearchField(facts)) return {"AXTextField", "AXSearchField"};
+  return {hasState(facts.states, AtspiState::multiLine) ? "AXTextArea" : "AXTextField", ""};
 }
 
 RoleAndSubrole menuPart(AtspiRole role, const RoleSurroundings& surroundings) {
@@ -41,6 +54,19 @@ RoleAndSubrole panel(const AtspiFacts& facts, const RoleSurroundings& surroundin
   const bool holdsRadioButtons =
       surroundings.holdsRadioButtons && static_cast<AtspiRole>(facts.role) != AtspiRole::filler;
   return {holdsRadioButtons || hasXmlRole(facts, "radiogroup") ? "AXRadioGroup" : "AXGroup", ""};
+}
+
+bool isTypedInto(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
+  return surroundings.holdsField || hasState(facts.states, AtspiState::editable);
+}
+
+// Right in the combo box, or in what only keeps its parts in line.
+bool holdsField(const ElementView& view, int levels) {
+  return std::ranges::any_of(firstChildren(view, mostPartsOfComboBox), [&](const auto& child) {
+    const auto part = view.other(child);
+    const bool isInside = levels > 0 && is(part.role(), RoleKind::mereContainer) && holdsField(part, levels - 1);
+    return isInside || is(part.role(), RoleKind::field);
+  });
 }
 
 bool mayHoldRadioButtons(AtspiRole role) { return role == AtspiRole::panel || role == AtspiRole::grouping; }
@@ -63,10 +89,9 @@ bool holdsPointedRadioButton(const ElementView& view) {
 RoleAndSubrole standardRole(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
   const auto role = static_cast<AtspiRole>(facts.role);
   switch (role) {
-    case AtspiRole::pushButton: return {isMenuOpener(facts) ? "AXMenuButton" : "AXButton", ""};
+    case AtspiRole::pushButton: return pushButton(facts);
     case AtspiRole::toggleButton: return toggleButton(facts);
-    case AtspiRole::comboBox:
-      return {hasState(facts.states, AtspiState::editable) ? "AXComboBox" : "AXPopUpButton", ""};
+    case AtspiRole::comboBox: return {isTypedInto(facts, surroundings) ? "AXComboBox" : "AXPopUpButton", ""};
     case AtspiRole::text:
     case AtspiRole::entry: return textField(facts);
     case AtspiRole::panel:
@@ -83,6 +108,11 @@ bool isSecret(AtspiRole role, const RoleSurroundings& surroundings) {
 
 }  // namespace
 
+bool isExpander(const ElementView& view) {
+  const bool isButton = view.role() == AtspiRole::toggleButton || view.role() == AtspiRole::pushButton;
+  return isButton && opensAndCloses(view.need(Ask::states));
+}
+
 bool hasXmlRole(const AtspiFacts& facts, std::string_view role) {
   const auto roles = facts.attributes.find("xml-roles");
   if (roles == facts.attributes.end()) return false;
@@ -98,8 +128,9 @@ RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surround
 RoleAndSubrole mappedRole(const ElementView& view) {
   const auto role = view.role();
   const auto& facts = view.need(asksForRole(role, view.toolkit()));
+  const bool mayHoldField = role == AtspiRole::comboBox && view.toolkit().hidesFieldsInComboBoxes;
   RoleSurroundings surroundings{std::nullopt, mayHoldRadioButtons(role) && holdsPointedRadioButton(view),
-                                hidesText(view)};
+                                mayHoldField && holdsField(view, 1), hidesText(view)};
   if (is(role, RoleKind::menuPart)) surroundings.parentRole = view.other(view.need(Ask::parent).parent).role();
   return mapRole(facts, surroundings, view.toolkit());
 }

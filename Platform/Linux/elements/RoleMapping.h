@@ -16,6 +16,9 @@ RoleAndSubrole mapRole(const AtspiFacts& facts, const RoleSurroundings& surround
 /// The role of an element, for which what is needed of it and around it is read.
 RoleAndSubrole mappedRole(const ElementView& view);
 
+/// Whether the element is a button that shows and hides what belongs to it, and so is on or off.
+bool isExpander(const ElementView& view);
+
 /// Whether one of the roles that a web page gives an element is this one.
 bool hasXmlRole(const AtspiFacts& facts, std::string_view role);
 

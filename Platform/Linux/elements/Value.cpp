@@ -59,19 +59,41 @@ bool isPressedIn(const ElementView& view) {
 
 AttributeResult checkedState(const ElementView& view) {
   if (view.hasState(AtspiState::indeterminate)) return valueOf(NSNumber{std::int64_t{2}});
+  if (isExpander(view)) return valueOf(NSNumber{std::int64_t{view.hasState(AtspiState::expanded) ? 1 : 0}});
   const auto state = view.role() == AtspiRole::pageTab ? AtspiState::selected : AtspiState::checked;
   const bool isOn = view.hasState(state) || isPressedIn(view);
   return valueOf(NSNumber{std::int64_t{isOn ? 1 : 0}});
 }
 
-AttributeResult textOfComboBox(const ElementView& view) {
+bool isEmpty(const AttributeResult& text) {
+  const auto* value = std::get_if<std::string>(&text.value);
+  return !value || value->empty();
+}
+
+// What is chosen in a closed list is called as it stands on the screen.
+AttributeResult chosenIn(const ElementView& list) {
+  if (!list.has(AtspiInterface::selection)) return noValue();
+  const auto reply = list.reader().call({list.reference(), atspi::selection, "GetSelectedChild", {std::int32_t{0}}});
+  const auto item = readReference(reply.message.get());
+  return item && !item->isNull() ? textOrNoValue(list.other(*item).need(Ask::name).name) : noValue();
+}
+
+AttributeResult contentOfPart(const ElementView& part) {
+  if (is(part.role(), RoleKind::field)) return textValue(part);
+  const bool isList = part.role() == AtspiRole::menu || is(part.role(), RoleKind::itemContainer);
+  return isList ? chosenIn(part) : noValue();
+}
+
+AttributeResult contentOfComboBox(const ElementView& view) {
   if (view.toolkit().namesComboBoxesByTheirValue) return textOrNoValue(view.need(Ask::name).name);
-  if (view.has(AtspiInterface::text)) return textValue(view);
+  auto content = view.has(AtspiInterface::text) ? textValue(view) : noValue();
+  if (!isEmpty(content) || view.hasState(AtspiState::editable)) return content;
   for (const auto& child : firstChildren(view, mostChildrenOfAComboBox)) {
-    const auto field = view.other(child);
-    if (is(field.role(), RoleKind::field)) return textValue(field);
+    auto part = contentOfPart(view.other(child));
+    if (part.error == axError::success) return part;
   }
-  return noValue();
+  if (isEmpty(content) && view.toolkit().chosenIn) return textOrNoValue(view.toolkit().chosenIn(view));
+  return isEmpty(content) ? chosenIn(view) : content;
 }
 
 // The only number in a text, with a point before its fraction; nothing where there is none, or more.
@@ -144,6 +166,16 @@ std::vector<std::string> ownActionNames(const ElementView& view) {
   return names;
 }
 
+// A page that lets the user go from cell to cell is told of the clicks on them by whatever is around.
+bool isCellOfGrid(const ElementView& view) {
+  const auto role = view.role();
+  const bool mayBe = role == AtspiRole::tableCell || role == AtspiRole::rowHeader || role == AtspiRole::tableRow;
+  if (!mayBe || !view.toolkit().showsWebPages) return false;
+  const auto& facts = view.need({Ask::states, Ask::attributes});
+  return hasXmlRole(facts, "gridcell") || hasState(facts.states, AtspiState::focusable) ||
+         hasState(facts.states, AtspiState::selectable);
+}
+
 }  // namespace
 
 std::string_view mappedAction(std::string_view action) {
@@ -155,8 +187,8 @@ std::string_view mappedAction(std::string_view action) {
 AttributeResult contentOf(const ElementView& view) {
   const auto role = view.role();
   if (is(role, RoleKind::field)) return textValue(view);
-  if (is(role, RoleKind::checkable)) return checkedState(view);
-  if (role == AtspiRole::comboBox) return textOfComboBox(view);
+  if (is(role, RoleKind::checkable) || isExpander(view)) return checkedState(view);
+  if (role == AtspiRole::comboBox) return contentOfComboBox(view);
   if (role == AtspiRole::spinButton && view.has(AtspiInterface::value)) return numberOrText(view);
   if (view.has(AtspiInterface::value)) return number(view.need(Ask::currentValue).currentValue);
   return textBesideName(view);
@@ -165,6 +197,7 @@ AttributeResult contentOf(const ElementView& view) {
 AXResult<std::vector<std::string>> actionNamesOf(const ElementView& view) {
   if (const auto error = view.roleError(); error != axError::success) return {error, {}};
   const bool isContainer = is(view.role(), RoleKind::mereContainer) && !view.toolkit().showsWebPages;
+  if (isCellOfGrid(view)) return {axError::success, {"AXPress"}};
   if (isContainer) return {};
   std::vector<std::string> names;
   for (const auto& action : ownActionNames(view)) {

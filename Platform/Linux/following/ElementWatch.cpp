@@ -48,6 +48,8 @@ void ElementWatch::listenToValue() {
   const ElementView view(session_.reader(), element_);
   keepNames(view);
   isSilent_ = changesSilently(view);
+  // As the parts of a date are, which a page leaves for the next one with the last digit.
+  isLeftByTyping_ = view.role() == AtspiRole::spinButton && view.toolkit().showsWebPages;
   wasHidden_ = hidesText(view);
   if (isSilent_) fingerprint_ = valueFingerprint(view);
   for (auto& kind : valueEvents(view)) {
@@ -70,18 +72,24 @@ void ElementWatch::listenToSelection() {
   }
 }
 
+void ElementWatch::settle() {
+  if (isLeftByTyping_) isValueDue_ = true;
+  if (isValueDue_) tellChanges();
+}
+
 void ElementWatch::noteInput() {
   if (!isSilent_) return;
   isValueDue_ = true;
   changes_.requestAfter(pauseAfterInputMicroseconds);
 }
 
-// Of a silent element every sign counts only if the value is another.
+// Of a silent element every sign counts only if the value is another. What a drop-down holds after the click on one of
+// its items was told with the click.
 bool ElementWatch::isValueNew() {
   if (!isSilent_) return true;
-  const auto before = fingerprint_;
-  fingerprint_ = valueFingerprint(ElementView(session_.reader(), element_));
-  return fingerprint_ != before;
+  const ElementView view(session_.reader(), element_);
+  const auto before = std::exchange(fingerprint_, valueFingerprint(view));
+  return fingerprint_ != before && !view.application().wasJustChosen(element_);
 }
 
 // Items tell of themselves to whoever listens to their application.

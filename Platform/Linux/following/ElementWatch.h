@@ -37,6 +37,8 @@ class ElementWatch {
   bool isWanted(std::string_view notification) const;
   bool isIdle() const { return wanted_.empty(); }
 
+  /// The element is about to be left: what it holds now is told, if it may have changed.
+  void settle();
   /// The user did something that may change a value without an event.
   void noteInput();
   /// Whether noteInput is of use.
@@ -60,6 +62,7 @@ class ElementWatch {
   Registrations valueEvents_;
   Registrations selectionEvents_;
   bool isSilent_ = false;
+  bool isLeftByTyping_ = false;
   bool wasHidden_ = false;
   std::size_t fingerprint_ = 0;  // of a silent value
   bool isValueDue_ = false;

@@ -7,6 +7,7 @@
 
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/elements/Value.h"
 #include "Platform/Linux/following/MenuItems.h"
 #include "Platform/Linux/following/Waking.h"
 
@@ -18,6 +19,7 @@ using std::chrono::steady_clock;
 constexpr std::size_t maxElementsSearched = 1200;
 constexpr std::size_t maxChildrenSearched = 40;
 constexpr int maxLevelsOfItems = 4;
+constexpr int maxLevelsOfDropDown = 6;
 
 bool isFocused(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::focused); }
 
@@ -95,14 +97,43 @@ AtspiReference spinButtonAround(const ElementView& field) {
   return field.reference();
 }
 
+// The list of an open drop-down belongs to it, wherever it is on the screen. Null: it is no such list.
+AtspiReference dropDownAround(const ElementView& list) {
+  auto above = list.need(Ask::parent).parent;
+  for (int level = 0; level < maxLevelsOfDropDown && !above.isNull(); ++level) {
+    const auto view = list.other(above);
+    if (view.role() == AtspiRole::comboBox) return above;
+    if (endsSearch(view.role())) return {};
+    above = view.need(Ask::parent).parent;
+  }
+  return {};
+}
+
 // What is followed while the element has the focus.
 AtspiReference followedElement(const ElementView& focused) {
   const bool isButton = focused.role() == AtspiRole::toggleButton || focused.role() == AtspiRole::pushButton;
   if (isButton) return withoutOwnButton(focused);
   const bool mayBeInSpinButton = focused.toolkit().putsFieldsIntoSpinButtons && focused.role() == AtspiRole::text;
   if (mayBeInSpinButton) return spinButtonAround(focused);
-  auto container = containerOf(focused);
-  return container.isNull() ? focused.reference() : container;
+  auto container = is(focused.role(), RoleKind::itemContainer) ? focused.reference() : containerOf(focused);
+  if (container.isNull()) return focused.reference();
+  auto dropDown = dropDownAround(focused.other(container));
+  return dropDown.isNull() ? container : dropDown;
+}
+
+bool isOfOpenList(const ElementView& focused, const AtspiReference& followed) {
+  return followed != focused.reference() && focused.other(followed).role() == AtspiRole::comboBox &&
+         (is(focused.role(), RoleKind::item) || is(focused.role(), RoleKind::itemContainer));
+}
+
+// What it holds is decided when its list closes.
+void followOpen(const ElementView& comboBox) {
+  auto& application = comboBox.application();
+  if (application.focus.open() == comboBox.reference()) return;
+  const auto content = contentOf(comboBox).value;
+  const auto* text = std::get_if<std::string>(&content);
+  if (text) application.noteFormerValue(comboBox.reference(), *text);
+  application.focus.followOpen(comboBox.reference());
 }
 
 // Whether the item that arrived is merely the current one of `container`, while what was followed has the focus.
@@ -150,9 +181,12 @@ void Focus::look(const ElementView& arrived) {
     highlightedItems_.wentToList(arrived.reference(), comboBox, steady_clock::now());
   } else if (isItemOfMenu(arrived)) {
     if (saysPlaceOnScreen(arrived)) rememberHighlight(arrived);
+    // While its list is open, the keys are for the combo box.
+    if (const auto owner = comboBoxOf(arrived); !owner.isNull()) followOpen(arrived.other(owner));
   } else {
     const auto followed = followedElement(arrived);
     if (isOnlyCurrent(arrived, followed)) return;
+    if (isOfOpenList(arrived, followed)) return followOpen(arrived.other(followed));
     noteSelected(arrived, followed);
     arrived.application().focus.follow(followed);
     // A page that has just been loaded or turned to.

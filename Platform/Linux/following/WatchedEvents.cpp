@@ -5,6 +5,7 @@
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Text.h"
+#include "Platform/Linux/elements/Value.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -27,16 +28,6 @@ AtspiEventKind nameChanged(const AtspiReference& source) {
   return {"object:property-change:accessible-name", "PropertyChange", "accessible-name", source};
 }
 
-// What is written in a combo box is told of by the field in it.
-std::vector<AtspiEventKind> comboBoxEvents(const ElementView& view) {
-  if (!view.toolkit().namesComboBoxesByTheirValue) return {};
-  std::vector<AtspiEventKind> events{nameChanged(view.reference())};
-  for (const auto& child : fewChildren(view)) {
-    if (is(view.other(child).role(), RoleKind::field)) events.push_back(textChanged(child));
-  }
-  return events;
-}
-
 // The events of a hidden text that is given away hold its characters.
 bool mayHideText(const ElementView& view) { return view.toolkit().givesHiddenTextAway || hidesText(view); }
 
@@ -49,13 +40,33 @@ std::vector<AtspiEventKind> textEvents(const ElementView& view) {
   return {mayHideText(view) ? caretMoved(view.reference()) : textChanged(view.reference())};
 }
 
+// What is written in a combo box is told of by the field in it.
+std::vector<AtspiEventKind> eventsOfNameAndField(const ElementView& comboBox) {
+  std::vector<AtspiEventKind> events{nameChanged(comboBox.reference())};
+  for (const auto& child : fewChildren(comboBox)) {
+    if (is(comboBox.other(child).role(), RoleKind::field)) events.push_back(textChanged(child));
+  }
+  return events;
+}
+
+// The list inside a drop-down tells that another of its items was chosen.
+std::vector<AtspiEventKind> comboBoxEvents(const ElementView& view) {
+  if (view.toolkit().namesComboBoxesByTheirValue) return eventsOfNameAndField(view);
+  if (!isDropDown(view)) return {textChanged(view.reference())};
+  return {{"object:selection-changed", "SelectionChanged", "", {view.reference().busName, ""}}};
+}
+
 }  // namespace
+
+bool isDropDown(const ElementView& view) {
+  return view.role() == AtspiRole::comboBox && mappedRole(view).role == "AXPopUpButton";
+}
 
 std::vector<AtspiEventKind> valueEvents(const ElementView& view) {
   const auto role = view.role();
   const auto& source = view.reference();
-  if (is(role, RoleKind::field)) return textEvents(view);
   if (role == AtspiRole::comboBox) return comboBoxEvents(view);
+  if (is(role, RoleKind::field)) return textEvents(view);
   if (role == AtspiRole::spinButton) return {numberChanged(source), textChanged(source)};
   if (is(role, RoleKind::number)) return {numberChanged(source)};
   if (role == AtspiRole::toggleButton) return {stateChanged("checked", source), stateChanged("pressed", source)};
@@ -65,6 +76,7 @@ std::vector<AtspiEventKind> valueEvents(const ElementView& view) {
 
 bool changesSilently(const ElementView& view) {
   if (is(view.role(), RoleKind::field)) return mayHideText(view) && !isNativeTextArea(view);
+  if (isDropDown(view)) return true;
   return !view.toolkit().tellsNumbers && is(view.role(), RoleKind::number);
 }
 
@@ -87,6 +99,11 @@ std::string_view selectionNotification(const ElementView& view) {
 }
 
 std::size_t valueFingerprint(const ElementView& view) {
+  if (view.role() == AtspiRole::comboBox) {
+    const auto content = contentOf(view).value;
+    const auto* text = std::get_if<std::string>(&content);
+    return text ? std::hash<std::string>()(*text) : 0;
+  }
   if (!is(view.role(), RoleKind::field)) return std::hash<double>()(view.need(Ask::currentValue).currentValue);
   if (hidesText(view)) return static_cast<std::size_t>(view.need(Ask::characterCount).characterCount);
   return std::hash<std::string>()(view.need(Ask::displayedText).displayedText);

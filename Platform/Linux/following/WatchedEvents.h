@@ -13,6 +13,9 @@ namespace norra::linux_desktop {
 /// not among those of a field whose text is hidden or could be: its caret tells enough.
 std::vector<AtspiEventKind> valueEvents(const ElementView& view);
 
+/// Whether the element is a combo box that cannot be typed into.
+bool isDropDown(const ElementView& view);
+
 /// Whether changes of the value come without an event, so that it is to be looked at after what the user does.
 bool changesSilently(const ElementView& view);
 

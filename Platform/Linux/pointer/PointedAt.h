@@ -15,6 +15,8 @@ struct PointedAt {
   WindowOnScreen window;
   /// Gives the element of the application that has the keyboard focus; null: none is known. It may read.
   std::function<AtspiReference()> focused = [] { return AtspiReference{}; };
+  /// The same, if it got the focus since the button was pressed.
+  std::function<AtspiReference()> focusedByPress = [] { return AtspiReference{}; };
 };
 
 }  // namespace norra::linux_desktop

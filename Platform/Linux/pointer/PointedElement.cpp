@@ -58,7 +58,9 @@ AtspiReference PointedElement::hitTestBelow(const FoundTopLevel& topLevel, CGPoi
   const auto application = session_.applications.of(reference.busName);
   application->notePixels(topLevel.pixels);
   const auto focused = [application] { return application->focus.followed(); };
-  const auto hit = hitTest(view(reference), {topLevel.pixels.of(point), inOwnPixels(window, topLevel.pixels), focused});
+  const auto focusedByPress = [this, application] { return application->focus.followedSince(pressTime_); };
+  const auto hit = hitTest(view(reference),
+                           {topLevel.pixels.of(point), inOwnPixels(window, topLevel.pixels), focused, focusedByPress});
   session_.reader().notePath(hit);
   if (hit.busName != reference.busName) session_.processes.adopt(hit.busName, reference.busName);
   return comboBoxThatOpens(hit);
@@ -132,11 +134,14 @@ AtspiReference PointedElement::optionOfPage(const WindowOnScreen& window, CGPoin
 
 AtspiReference PointedElement::noted(AtspiReference found) {
   session_.reader().notePointed(found);
+  const auto comboBox = found.isNull() || !isItemOfMenu(view(found)) ? AtspiReference{} : comboBoxOf(view(found));
+  if (!comboBox.isNull()) view(comboBox).application().noteChosen(comboBox);
   return found;
 }
 
 AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
   windows_.notePress(place);
+  pressTime_ = steady_clock::now();
   if (!place) return {};
   auto pressed = pressedAt(*place);
   if (!pressed.isNull() && view(pressed).toolkit().saysPlacesOnScreen) session_.reader().expect(pressed, Ask::extents);

@@ -1,6 +1,8 @@
 // Which element lies under a point of the screen.
 #pragma once
 
+#include <atomic>
+#include <chrono>
 #include <mutex>
 #include <optional>
 #include <set>
@@ -60,6 +62,7 @@ class PointedElement {
   Focus& focus_;
   WindowsOnScreen& windows_;
   KnownTopLevels topLevels_;
+  std::atomic<std::chrono::steady_clock::time_point> pressTime_{};
   std::mutex mutex_;
   std::set<ProcessIdentifier> missing_;  // guarded by mutex_
 };

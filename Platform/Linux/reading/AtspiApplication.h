@@ -6,13 +6,16 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <map>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
 
+#include "Platform/Accessibility.h"
 #include "Platform/Linux/reading/AtspiFacts.h"
 #include "Platform/Linux/reading/FocusMemory.h"
 #include "Platform/Linux/reading/OwnPixels.h"
@@ -46,6 +49,16 @@ class AtspiApplication {
   OwnPixels pixels() const;
   void notePixels(const OwnPixels& pixels);
 
+  /// An item of the list of this combo box was clicked, just now; what the box holds then is no news for a moment.
+  void noteChosen(const AtspiReference& comboBox);
+  bool wasJustChosen(const AtspiReference& comboBox) const;
+
+  /// What the element held before the user began to change it, for who follows it only afterwards: a number that
+  /// changes with the press that gives it the focus, a drop-down whose list has the focus until another item is chosen.
+  void noteFormerValue(const AtspiReference& element, AXAttributeValue value);
+  /// Once; nothing: none was noted of it lately.
+  std::optional<AXAttributeValue> takeFormerValue(const AtspiReference& element);
+
   FocusMemory focus;
   SelectedItems selectedItems;
 
@@ -58,6 +71,11 @@ class AtspiApplication {
   OwnPixels pixels_;
   std::map<std::uint32_t, std::string> roleNames_;
   std::unordered_set<std::string> passwords_;
+  AtspiReference changing_;
+  AXAttributeValue formerValue_;
+  std::chrono::steady_clock::time_point changingSince_;
+  AtspiReference chosen_;
+  std::chrono::steady_clock::time_point chosenAt_;
 };
 
 /// Any thread.

@@ -103,6 +103,23 @@ class AtspiReader {
   void notePointed(const AtspiReference& element);
   const AtspiReference& pointed() const { return pointed_; }
 
+  /// While this exists, the element holds what it held before; for who begins to follow it only now.
+  class Before {
+   public:
+    Before(AtspiReader& reader, const AtspiReference& element, AXAttributeValue value) : reader_(reader) {
+      reader_.before_ = {element, std::move(value)};
+    }
+    ~Before() { reader_.before_ = {}; }
+    Before(const Before&) = delete;
+    Before& operator=(const Before&) = delete;
+
+   private:
+    AtspiReader& reader_;
+  };
+  const AXAttributeValue* valueBefore(const AtspiReference& element) const {
+    return !element.isNull() && before_.first == element ? &before_.second : nullptr;
+  }
+
   /// Other calls; see AtspiConnection::exchange.
   std::vector<AtspiReply> exchange(std::span<const AtspiCall> calls) { return connection_.exchange(calls, deadline()); }
   AtspiReply call(AtspiCall call);
@@ -138,6 +155,7 @@ class AtspiReader {
   TimePoint deadline_ = TimePoint::min();  // of this epoch; min: nothing was read in it
   bool isHeld_ = false;
   AtspiFactsByElement facts_;
+  std::pair<AtspiReference, AXAttributeValue> before_;
   std::vector<AtspiQuestion> expected_;
   std::unordered_set<AtspiReference, AtspiReferenceHash> path_;
   AtspiReference pointed_;

@@ -13,6 +13,7 @@ void FocusMemory::noteArrival(const AtspiReference& element) {
   const std::lock_guard lock(mutex_);
   arrived_ = element;
   lastArrived_ = element;
+  arrivedAt_ = std::chrono::steady_clock::now();
   std::erase(unlost_, element);
   unlost_.push_front(element);
   if (unlost_.size() > mostUnlost) unlost_.pop_back();
@@ -33,12 +34,24 @@ AtspiReference FocusMemory::takeArrival() {
 
 AtspiReference FocusMemory::followed() const { return copy(followed_); }
 
+AtspiReference FocusMemory::followedSince(std::chrono::steady_clock::time_point time) const {
+  const std::lock_guard lock(mutex_);
+  return arrivedAt_ > time ? followed_ : AtspiReference{};
+}
+
 void FocusMemory::follow(const AtspiReference& element) { followFound(element, {}); }
 
 void FocusMemory::followFound(const AtspiReference& element, const AtspiReference& focused) {
   const std::lock_guard lock(mutex_);
   followed_ = element;
   found_ = focused;
+  open_ = {};
+}
+
+void FocusMemory::followOpen(const AtspiReference& comboBox) {
+  const std::lock_guard lock(mutex_);
+  followed_ = open_ = comboBox;
+  found_ = {};
 }
 
 AtspiReference FocusMemory::found() const { return copy(found_); }

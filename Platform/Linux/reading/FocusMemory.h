@@ -6,6 +6,7 @@
 // is decided when the burst is over.
 #pragma once
 
+#include <chrono>
 #include <deque>
 #include <mutex>
 #include <optional>
@@ -29,6 +30,8 @@ class FocusMemory {
 
   /// The one that is followed. Null: the application told of none yet.
   AtspiReference followed() const;
+  /// The same, if the application told of it after this time.
+  AtspiReference followedSince(std::chrono::steady_clock::time_point time) const;
   void follow(const AtspiReference& element);
 
   /// The one that is followed was not told of but found to be focused, itself or an item of it. An application that
@@ -36,6 +39,10 @@ class FocusMemory {
   void followFound(const AtspiReference& element, const AtspiReference& focused);
   /// What was found to be focused. Null: the one that is followed was told of.
   AtspiReference found() const;
+
+  /// The combo box whose list is open and has the focus; null: none. What is followed next ends it.
+  void followOpen(const AtspiReference& comboBox);
+  AtspiReference open() const { return copy(open_); }
 
  private:
   AtspiReference copy(const AtspiReference& reference) const;
@@ -45,8 +52,10 @@ class FocusMemory {
   AtspiReference arrived_;
   AtspiReference lastArrived_;
   std::deque<AtspiReference> unlost_;  // the last one first
+  std::chrono::steady_clock::time_point arrivedAt_;
   AtspiReference followed_;
   AtspiReference found_;
+  AtspiReference open_;
 };
 
 }  // namespace norra::linux_desktop

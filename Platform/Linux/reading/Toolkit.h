@@ -10,6 +10,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "Platform/Linux/reading/AtspiFacts.h"
@@ -26,6 +27,8 @@ struct RoleSurroundings {
   std::optional<AtspiRole> parentRole = std::nullopt;
   /// Whether radio buttons lie in this element.
   bool holdsRadioButtons = false;
+  /// Whether something in it can be written in.
+  bool holdsField = false;
   /// Whether it is, or ever was, a field whose text is hidden.
   bool hidesText = false;
 };
@@ -76,6 +79,8 @@ struct Toolkit {
   std::int32_t marginOfItems = 0;
   /// How many of the names of an element's actions are asked for together with their number.
   int actionsReadAhead = 1;
+  /// Says of what is written into a combo box, not of the box, that it can be edited.
+  bool hidesFieldsInComboBoxes = false;
   /// What is asked for the address of a page, and whether it is worth asking before it is needed.
   Ask pageAddress = Ask::documentURI;
   bool answersPageAddressAtOnce = false;
@@ -95,6 +100,11 @@ struct Toolkit {
   /// Whether a control is also the box around what it shows or switches, which is not what a click on it is on. Asked
   /// of what may be one by its role. Null: none is.
   bool (*isAroundContent)(const AtspiFacts& facts) = nullptr;
+  /// What is chosen in a drop-down, where neither its text nor its list tells; empty: nothing is known. Null: never
+  /// known.
+  std::string (*chosenIn)(const ElementView& dropDown) = nullptr;
+  /// What an element is called that has no name of its own; empty: nothing. Null: never.
+  std::string (*nameOfNameless)(const ElementView& view) = nullptr;
   /// Whether an element below another lies in a window of its own, wherever it says that it is. Null: none does.
   bool (*liesInOwnWindow)(const AtspiFacts& facts) = nullptr;
   /// The element at a point of the screen, below the top-level accessible of the window there; the top-level where

@@ -1,6 +1,8 @@
 // GTK 3.
 #include <algorithm>
+#include <array>
 
+#include "Platform/Linux/atspi/AtspiCalls.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/pointer/PointedAt.h"
@@ -12,9 +14,11 @@ namespace {
 constexpr int maxLevels = 40;
 // A tab says only where its label is.
 constexpr std::int32_t marginOfTab = 16;
+constexpr std::int64_t longestLinkName = 512;  // characters
 
 Asks asksForGtk3Role(AtspiRole role) {
   switch (role) {
+    case AtspiRole::toggleButton: return Ask::firstActionName;
     case AtspiRole::pushButton:
     case AtspiRole::table:
     case AtspiRole::layeredPane: return Ask::interfaces;
@@ -30,10 +34,12 @@ bool isListOfItems(const AtspiFacts& facts) {
   return mayBe && facts.has(AtspiInterface::selection) && !facts.has(AtspiInterface::table);
 }
 
-// It has no role for its link buttons, and says of the field beside the list, not of the box, that it can be edited.
+// It has no roles for its switches and its link buttons, and says of the field beside the list, not of the box, that it
+// can be edited.
 RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
   const auto role = static_cast<AtspiRole>(facts.role);
   if (role == AtspiRole::pushButton && facts.has(AtspiInterface::hyperlink)) return {"AXLink", ""};
+  if (role == AtspiRole::toggleButton && facts.firstActionName == "toggle") return {"AXCheckBox", "AXSwitch"};
   if (role == AtspiRole::comboBox && facts.childCount > 1) return {"AXComboBox", ""};
   if (role == AtspiRole::icon) return {"AXGroup", ""};
   if (isListOfItems(facts)) return {"AXList", ""};
@@ -95,6 +101,38 @@ AtspiReference popoverAt(const ElementView& window, CGPoint point) {
   return found != children.rend() ? found->reference : AtspiReference{};
 }
 
+// What a link is called stands in the text that it is a part of.
+std::string nameOfLink(const ElementView& view) {
+  if (view.role() != AtspiRole::link) return {};
+  auto& reader = view.reader();
+  const std::array<AtspiCall, 2> range{propertyCall(view.reference(), atspi::hyperlink, "StartIndex"),
+                                       propertyCall(view.reference(), atspi::hyperlink, "EndIndex")};
+  const auto ends = reader.exchange(range);
+  const auto first = readInteger(ends[0].message.get());
+  const auto end = readInteger(ends[1].message.get());
+  if (!first || !end || *first < 0 || *end <= *first || *end - *first > longestLinkName) return {};
+  const auto text = reader.call({view.need(Ask::parent).parent,
+                                 atspi::text,
+                                 "GetText",
+                                 {static_cast<std::int32_t>(*first), static_cast<std::int32_t>(*end)}});
+  return readText(text.message.get()).value_or("");
+}
+
+// Links in a text have no places; the text knows which of its characters lies there.
+AtspiReference linkAt(const ElementView& label, CGPoint point) {
+  if (label.needOnly(Ask::childCount).childCount <= 0) return {};
+  auto& reader = label.reader();
+  const auto x = static_cast<std::int32_t>(point.x);
+  const auto y = static_cast<std::int32_t>(point.y);
+  const auto character = reader.call({label.reference(), atspi::text, "GetOffsetAtPoint", {x, y, std::uint32_t{0}}});
+  const auto offset = readInteger(character.message.get());
+  if (!offset || *offset < 0) return {};
+  const auto found =
+      reader.call({label.reference(), atspi::hypertext, "GetLinkIndex", {static_cast<std::int32_t>(*offset)}});
+  const auto index = readInteger(found.message.get());
+  return index && *index >= 0 ? childAt(label, static_cast<std::size_t>(*index)) : AtspiReference{};
+}
+
 Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
   auto asks = Asks{Ask::role};
   if (isTopLevel) asks |= Asks{Ask::childCount, Ask::children};
@@ -102,6 +140,7 @@ Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
   const auto role = static_cast<AtspiRole>(view.needOnly(Ask::role).role);
   if (role == AtspiRole::pageTabList) return stepIntoNotebook(view, point);
   if (answer.isNull() && is(role, RoleKind::tableLike)) return {headerAt(view, point), true};
+  if (role == AtspiRole::label) return {linkAt(view, point), true};
   if (!isTopLevel) return {answer};
   const auto popover = popoverAt(view, point);
   return {popover.isNull() ? answer : popover};
@@ -139,6 +178,7 @@ const Toolkit gtk3{
     .asksForRole = asksForGtk3Role,
     .ownRole = ownRole,
     .isAroundContent = isExpander,
+    .nameOfNameless = nameOfLink,
     .elementAt = elementAt,
 };
 

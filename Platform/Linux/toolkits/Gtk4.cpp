@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/pointer/PointedAt.h"
 #include "Platform/Linux/toolkits/Toolkits.h"
@@ -14,12 +15,30 @@ namespace {
 constexpr std::string_view nameOfButtonInDropDown = "GtkToggleButton";
 constexpr int maxLevelsInDropDown = 8;
 
+// What a drop-down shows of what is chosen.
+constexpr std::string_view nameOfChosen = "GtkListItemWidget";
+constexpr std::size_t mostPartsOfDropDown = 4;
+
 // It has no other elements with this role than search fields.
 RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
   const bool isSearchField =
       static_cast<AtspiRole>(facts.role) == AtspiRole::entry && !hasState(facts.states, AtspiState::multiLine);
   return isSearchField ? RoleAndSubrole{"AXTextField", "AXSearchField"} : RoleAndSubrole{};
 }
+
+std::string shownText(const ElementView& view, bool isInChosen, int levels) {
+  for (const auto& child : firstChildren(view, mostPartsOfDropDown)) {
+    const auto part = view.other(child);
+    const auto& name = part.need(Ask::name).name;
+    if (isInChosen && part.role() == AtspiRole::label) return name;
+    if (levels == 0) continue;
+    auto text = shownText(part, isInChosen || name == nameOfChosen, levels - 1);
+    if (!text.empty()) return text;
+  }
+  return {};
+}
+
+std::string chosenIn(const ElementView& dropDown) { return shownText(dropDown, false, maxLevelsInDropDown); }
 
 bool isAscii(char c, char first, char last) { return c >= first && c <= last; }
 
@@ -103,8 +122,10 @@ const Toolkit gtk4{
     .saysWhatIsShown = false,
     .popoversAreWindows = true,
     .marginOfItems = 8,
+    .hidesFieldsInComboBoxes = true,
     .ownRole = ownRole,
     .properName = properName,
+    .chosenIn = chosenIn,
     .liesInOwnWindow = isPopover,
     .elementAt = elementAt,
 };

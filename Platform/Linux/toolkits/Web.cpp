@@ -1,5 +1,5 @@
 // Chromium and Gecko, which show web pages.
-#include <array>
+#include <string_view>
 
 #include "Platform/Linux/elements/RoleMapping.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
@@ -9,15 +9,76 @@
 namespace norra::linux_desktop {
 namespace {
 
-// A header does not sort, and a dialog is a part of the page.
-RoleAndSubrole roleInPage(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
+constexpr std::uint32_t labelFor = 1;
+constexpr int mostLevelsInLabel = 3;
+// Unlike what is told to an element above, or nowhere.
+constexpr std::string_view ownClick = "click";
+
+Asks asksForRoleInPage(AtspiRole role) {
+  switch (role) {
+    case AtspiRole::menu:
+    case AtspiRole::menuItem:
+    case AtspiRole::documentFrame: return Ask::attributes;
+    case AtspiRole::columnHeader:
+    case AtspiRole::tableColumnHeader: return Ask::states;
+    case AtspiRole::image: return {Ask::states, Ask::firstActionName};
+    case AtspiRole::section:
+      return {Ask::states, Ask::attributes, Ask::firstActionName, Ask::childCount, Ask::characterCount};
+    case AtspiRole::paragraph:
+    case AtspiRole::grouping: return {Ask::states, Ask::attributes};
+    default: return {};
+  }
+}
+
+bool isPartOfPage(const AtspiFacts& facts) { return facts.attributes.contains("tag"); }
+
+// What can be written in as a whole, without being called a field.
+bool isUncalledEditor(const AtspiFacts& facts) {
+  return isPartOfPage(facts) && hasState(facts.states, AtspiState::editable) &&
+         hasState(facts.states, AtspiState::focusable);
+}
+
+// Nothing but a text that does something of its own when it is clicked.
+bool isClickableText(const AtspiFacts& facts) {
+  const bool isLeaf = facts.childCount == 0 || (facts.childCount == 1 && facts.characterCount > 1);
+  return isLeaf && facts.firstActionName == ownClick;
+}
+
+bool isClickableImage(const AtspiFacts& facts) {
+  return facts.firstActionName == ownClick && hasState(facts.states, AtspiState::focusable);
+}
+
+RoleAndSubrole section(const AtspiFacts& facts) {
+  if (isUncalledEditor(facts)) return {"AXTextArea", ""};
+  return isClickableText(facts) ? RoleAndSubrole{"AXButton", ""} : RoleAndSubrole{};
+}
+
+// A header sorts only if the keyboard can get there, a dialog is a part of the page, and so is what it calls a
+// document.
+RoleAndSubrole roleOfPart(const AtspiFacts& facts) {
   switch (static_cast<AtspiRole>(facts.role)) {
     case AtspiRole::columnHeader:
-    case AtspiRole::tableColumnHeader: return {"AXCell", ""};
+    case AtspiRole::tableColumnHeader:
+      if (hasState(facts.states, AtspiState::focusable)) return {"AXButton", "AXSortButton"};
+      return {"AXCell", ""};
+    case AtspiRole::image: return isClickableImage(facts) ? RoleAndSubrole{"AXButton", ""} : RoleAndSubrole{};
+    case AtspiRole::section: return section(facts);
+    case AtspiRole::paragraph:
+    case AtspiRole::grouping: return isUncalledEditor(facts) ? RoleAndSubrole{"AXTextArea", ""} : RoleAndSubrole{};
+    case AtspiRole::documentFrame:
+      return hasXmlRole(facts, "document") ? RoleAndSubrole{"AXGroup", ""} : RoleAndSubrole{};
     case AtspiRole::alert:
     case AtspiRole::dialog: return {"AXGroup", ""};
     default: return {};
   }
+}
+
+// The menu bar of a page does not belong to the window.
+RoleAndSubrole roleInPage(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
+  const bool isInMenuBar =
+      is(static_cast<AtspiRole>(facts.role), RoleKind::menuPart) && surroundings.parentRole == AtspiRole::menuBar;
+  if (isInMenuBar && facts.attributes.contains("xml-roles")) return {"AXMenuItem", ""};
+  return roleOfPart(facts);
 }
 
 // It takes an editor for a single line where the page does not say that it has more.
@@ -33,11 +94,26 @@ RoleAndSubrole roleInGecko(const AtspiFacts& facts, const RoleSurroundings& surr
   return mayBeEditor && isEditorOfPage(facts) ? RoleAndSubrole{"AXTextArea", ""} : roleInPage(facts, surroundings);
 }
 
-// The menu bar of a page does not belong to the window.
-RoleAndSubrole roleInChromium(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
-  const bool isInMenuBar =
-      is(static_cast<AtspiRole>(facts.role), RoleKind::menuPart) && surroundings.parentRole == AtspiRole::menuBar;
-  return isInMenuBar ? RoleAndSubrole{"AXMenuItem", ""} : roleInPage(facts, surroundings);
+AtspiReference whatIsLabelledBy(const ElementView& label) {
+  for (const auto& relation : label.need(Ask::relations).relations) {
+    if (relation.type == labelFor && !relation.targets.empty()) return relation.targets.front();
+  }
+  return {};
+}
+
+// What is ticked by a click on its label. Null: the element lies in none, or in that of something else.
+AtspiReference tickedByLabel(const ElementView& hit) {
+  auto at = hit.reference();
+  for (int level = 0; level < mostLevelsInLabel && !at.isNull(); ++level) {
+    const auto view = hit.other(at);
+    if (is(view.role(), RoleKind::checkable) || is(view.role(), RoleKind::control)) return {};
+    if (view.role() == AtspiRole::label) {
+      const auto labelled = whatIsLabelledBy(view);
+      return is(view.other(labelled).role(), RoleKind::checkable) ? labelled : AtspiReference{};
+    }
+    at = view.need(Ask::parent).parent;
+  }
+  return {};
 }
 
 // A closed select answers with an option that is not on the screen.
@@ -54,11 +130,29 @@ AtspiReference withoutHiddenOption(const ElementView& topLevel, AtspiReference a
   return answer;
 }
 
+// A browser may leave out the label of what is ticked. Then what is around both lies there, and what was ticked has got
+// the focus.
+AtspiReference tickedByUnlistedLabel(const ElementView& hit, const PointedAt& at) {
+  if (is(hit.role(), RoleKind::control) || is(hit.role(), RoleKind::checkable)) return {};
+  auto focused = at.focusedByPress();
+  if (focused.isNull() || !is(hit.other(focused).role(), RoleKind::checkable)) return {};
+  auto above = focused;
+  for (int level = 0; level < mostLevelsInLabel; ++level) {
+    above = hit.other(above).need(Ask::parent).parent;
+    if (above == hit.reference()) return focused;
+  }
+  return {};
+}
+
 // The deepest element comes at once, but the first answer may be of the place that was asked for before.
 AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
   askedElementAt(topLevel, at.point, Coordinates::ofScreen);
   const auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
-  return answer.isNull() ? topLevel.reference() : withoutHiddenOption(topLevel, answer);
+  if (answer.isNull()) return topLevel.reference();
+  const auto shown = withoutHiddenOption(topLevel, answer);
+  auto ticked = tickedByLabel(topLevel.other(shown));
+  if (ticked.isNull()) ticked = tickedByUnlistedLabel(topLevel.other(shown), at);
+  return ticked.isNull() ? shown : ticked;
 }
 
 bool isAt(const ElementView& view, CGPoint point) {
@@ -82,7 +176,8 @@ const Toolkit chromium{
     .actionsReadAhead = 2,
     .answersPageAddressAtOnce = true,
     .placeholderAttribute = "placeholder",
-    .ownRole = roleInChromium,
+    .asksForRole = asksForRoleInPage,
+    .ownRole = roleInPage,
     .elementAt = elementAt,
 };
 
@@ -90,6 +185,7 @@ const Toolkit gecko{
     .showsWebPages = true,
     .hasOneNameForEachRole = true,
     .pageAddress = Ask::documentURL,
+    .asksForRole = asksForRoleInPage,
     .ownRole = roleInGecko,
     .elementAt = elementAtInGecko,
 };

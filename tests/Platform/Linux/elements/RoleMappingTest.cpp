@@ -80,7 +80,6 @@ TEST(RoleMapping, DependsOnStatesAndSurroundings) {
       {AtspiRole::menu, 0, {.parentRole = AtspiRole::window}, {"AXMenu", ""}},
       {AtspiRole::menu, 0, {.parentRole = AtspiRole::comboBox}, {"AXMenu", ""}},
       {AtspiRole::menuItem, 0, {.parentRole = AtspiRole::menuBar}, {"AXMenuBarItem", ""}, qt},
-      {AtspiRole::menuItem, 0, {.parentRole = AtspiRole::menuBar}, {"AXMenuItem", ""}, chromium},
       {AtspiRole::menuItem, 0, {.parentRole = AtspiRole::popupMenu}, {"AXMenuItem", ""}},
       {AtspiRole::panel, 0, {.holdsRadioButtons = true}, {"AXRadioGroup", ""}},
       {AtspiRole::filler, 0, {.holdsRadioButtons = true}, {"AXGroup", ""}},
