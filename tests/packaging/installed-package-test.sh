@@ -25,6 +25,7 @@ leave() {
   local status=$?
   if dpkg --status $package >/dev/null 2>&1; then apt purge -y $packages || true; fi
   [ -z "${broker:-}" ] || kill "$broker" || true
+  rm -rf /run/norra-fleet
   [ $status -eq 0 ] || cat "$folder/apt.log" >&2
   rm -rf "$folder"
 }
