@@ -117,7 +117,7 @@ start_kwin() {
 start_session_bus() {
   export DBUS_SESSION_BUS_ADDRESS="unix:path=$XDG_RUNTIME_DIR/bus"
   dbus-daemon --session --nofork --nopidfile --address="$DBUS_SESSION_BUS_ADDRESS" >"$logs/bus.log" 2>&1 &
-  has_bus() { busctl --user status >/dev/null 2>&1; }
+  has_bus() { busctl --user call org.freedesktop.DBus / org.freedesktop.DBus GetId >/dev/null 2>&1; }
   wait_until has_bus || fail "The session bus does not start."
 }
 
