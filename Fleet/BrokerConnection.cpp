@@ -1,6 +1,7 @@
 #include "Fleet/BrokerConnection.h"
 
 #include <mosquitto.h>
+#include <mqtt_protocol.h>
 #include <sys/epoll.h>
 
 #include <cerrno>
@@ -23,6 +24,8 @@ void BrokerConnection::Free::operator()(mosquitto* handle) const noexcept { mosq
 BrokerConnection::BrokerConnection(EventLoop& loop, const std::string& socket, const Message& lastWill, Events events)
     : loop_(loop), events_(std::move(events)), handle_(mosquitto_new(nullptr, true, this)) {
   setCallbacks();
+  // Earlier versions of the protocol acknowledge what nobody gets, too.
+  mosquitto_int_option(handle_.get(), MOSQ_OPT_PROTOCOL_VERSION, MQTT_PROTOCOL_V5);
   mosquitto_max_inflight_messages_set(handle_.get(), 0);  // the caller limits them
   mosquitto_will_set(handle_.get(), lastWill.topic.c_str(), static_cast<int>(lastWill.text.size()),
                      lastWill.text.data(), qualityOfService, lastWill.isRetained);
@@ -36,12 +39,14 @@ BrokerConnection::BrokerConnection(EventLoop& loop, const std::string& socket, c
 }
 
 void BrokerConnection::setCallbacks() {
-  mosquitto_connect_callback_set(handle_.get(), [](mosquitto*, void* self, int refusal) {
+  using Properties = const mosquitto_property*;
+  mosquitto_connect_v5_callback_set(handle_.get(), [](mosquitto*, void* self, int refusal, int, Properties) {
     auto& connection = *static_cast<BrokerConnection*>(self);
-    refusal == 0 ? connection.events_.connected() : connection.endLater(mosquitto_connack_string(refusal));
+    refusal == 0 ? connection.events_.connected() : connection.endLater(mosquitto_reason_string(refusal));
   });
-  mosquitto_publish_callback_set(handle_.get(), [](mosquitto*, void* self, int number) {
-    static_cast<BrokerConnection*>(self)->events_.acknowledged(number);
+  mosquitto_publish_v5_callback_set(handle_.get(), [](mosquitto*, void* self, int number, int reason, Properties) {
+    const auto& events = static_cast<BrokerConnection*>(self)->events_;
+    reason == 0 ? events.acknowledged(number) : events.refused(number, mosquitto_reason_string(reason));
   });
 }
 

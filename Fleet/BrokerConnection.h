@@ -26,6 +26,8 @@ class BrokerConnection {
   struct Events {
     Job connected;
     std::function<void(int number)> acknowledged;
+    /// The broker has it and does nothing with it: nobody has subscribed, or it may not be published.
+    std::function<void(int number, const std::string& reason)> refused;
     /// The last event; why, for a person.
     std::function<void(const std::string& reason)> ended;
   };
@@ -40,6 +42,8 @@ class BrokerConnection {
   std::optional<int> publish(const Message& message);
   /// To be called each second.
   void keepAlive();
+  /// Ends the connection for this reason.
+  void giveUp(const std::string& reason) { endLater(reason); }
   /// No last will is published.
   void sayFarewell();
 

@@ -49,6 +49,7 @@ void Publisher::connect() {
       loop_, options_.socket, stateMessage(stateText("lost", session_)),
       BrokerConnection::Events{.connected = [this] { connected(); },
                                .acknowledged = [this](int number) { acknowledged(number); },
+                               .refused = [this](int number, const std::string& why) { refused(number, why); },
                                .ended = [this](const std::string& reason) { connectionEnded(reason); }});
 }
 
@@ -78,6 +79,12 @@ void Publisher::acknowledged(int number) {
   inFlight_.erase(number);
   sendMore();
   sayFarewellWhenDone();
+}
+
+/// A broker that has just begun may not have its bridge yet: a report waits for it. A state is retained for whoever
+/// comes.
+void Publisher::refused(int number, const std::string& reason) {
+  inFlight_.contains(number) ? connection_->giveUp(reason) : acknowledged(number);
 }
 
 void Publisher::sendMore() {

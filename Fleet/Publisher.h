@@ -53,6 +53,7 @@ class Publisher {
   void connect();
   void connected();
   void acknowledged(int number);
+  void refused(int number, const std::string& reason);
   void connectionEnded(const std::string& reason);
   void sendMore();
   void sayFarewellWhenDone();

@@ -53,8 +53,12 @@ class Fleet(unittest.TestCase):
         wait_for(lambda: (self.central.folder / "mosquitto.db").exists(), "the reader's session on the disk")
         return stream
 
-    def arrives(self, stream, count, seconds=90):
-        wait_for(lambda: stream.update().count() >= count, f"{count} reports", seconds)
+    def arrives(self, stream, count, desktop):
+        try:
+            wait_for(lambda: stream.update().count() >= count, f"{count} reports", 20)
+        except AssertionError:
+            print("the broker hangs:", desktop.broker.hangs(desktop.socket), "gaps:", stream.gaps())
+            wait_for(lambda: stream.update().count() >= count, f"{count} reports, seed {SEED}")
 
     def restart_central(self, number, chance):
         """A broker that is killed takes with it what it acknowledged and neither wrote to its disk nor handed on. So the reader
@@ -75,11 +79,7 @@ class Fleet(unittest.TestCase):
             if number % 20 == 0:
                 time.sleep(20 / 500)
         breaks.join()
-        try:
-            self.arrives(stream, REPORTS, 30)
-        except AssertionError:
-            self.assertTrue(desktop.broker.hangs(desktop.socket), f"seed {SEED}: {stream.gaps()}")
-            self.arrives(stream, REPORTS)
+        self.arrives(stream, REPORTS, desktop)
         feed.close()
         self.assertEqual(desktop.feeding.process.wait(30), 0, desktop.told())
         state = "desktops/desk-1/ada/state"
@@ -132,11 +132,12 @@ class Fleet(unittest.TestCase):
         filler.truncate(0)
         wait_for(lambda: "The disk can be written again" in desktop.told(), "room")
         self.link.mend()
-        self.arrives(stream, 3000)
+        self.arrives(stream, 3000, desktop)
         self.assertEqual(stream.numbers(), [list(range(1, 3001))])
 
     def test_what_passes_the_bound_is_told_as_a_gap(self):
-        stream, desktop = self.read(), self.desktop(**{"max_queued_messages 100000": "max_queued_messages 500"})
+        stream, desktop = self.read(), self.desktop(
+            **{"max_queued_messages 100000": "max_queued_messages 500", "autosave_interval 60": "autosave_interval 1"})
         desktop.broker.start()
         feed = desktop.publish("--keep", "1")
         connection = "desktops/desk-1/connection"
@@ -148,7 +149,7 @@ class Fleet(unittest.TestCase):
         feed.flush()
         wait_for(lambda: (desktop.folder / "spool-ada/waiting.jsonl").stat().st_size == 0, "the broker to have them")
         self.link.mend()
-        self.arrives(stream, 500)
+        self.arrives(stream, 500, desktop)
         feed.write(report(3001).encode() + b"\n")
         feed.close()
         self.assertEqual(desktop.feeding.process.wait(30), 0)
@@ -171,7 +172,7 @@ class Fleet(unittest.TestCase):
         feed = desktop.publish()
         feed.write(b"no report\n" + report(101).encode() + b"\n")
         feed.flush()
-        self.arrives(stream, 101)
+        self.arrives(stream, 101, desktop)
         self.assertEqual(stream.numbers(), [list(range(1, 101)), [101]])
         self.assertIn("A line that is no JSON object was left out", desktop.told())
         stranger = subprocess.run(["mosquitto_sub", "--unix", desktop.socket, "-t", "desktops/#", "-W", "2"], capture_output=True)
