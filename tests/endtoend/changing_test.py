@@ -46,7 +46,6 @@ WIDGETS_WITH_BARE_TABS = [("tabs", "Close Charts", "tab", "Charts") if case[0] =
 
 class Gtk3(ChangingTest, EndToEndTest):
     words, cases = GTK3, WIDGETS_WITH_BARE_TABS
-    not_told_yet = ("tabs",)
     application = staticmethod(lambda: ControlledApplication("changing_gtk3.py"))
 
 

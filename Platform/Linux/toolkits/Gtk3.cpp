@@ -15,6 +15,7 @@ constexpr int maxLevels = 40;
 // A tab says only where its label is.
 constexpr std::int32_t marginOfTab = 16;
 constexpr std::int64_t longestLinkName = 512;  // characters
+constexpr std::int32_t widthOfButtonInTab = 48;
 
 Asks asksForGtk3Role(AtspiRole role) {
   switch (role) {
@@ -56,13 +57,27 @@ AtspiRectangle inflated(AtspiRectangle place, std::int32_t margin) {
   return {place.x - margin, place.y - margin / 2, place.width + 2 * margin, place.height + margin};
 }
 
+// A tab says where its label is; what else lies in it, as a button that closes it, is right of that.
+const PlacedElement* tabBefore(const std::vector<PlacedElement>& tabs, CGPoint point) {
+  const PlacedElement* before = nullptr;
+  bool isLast = true;
+  for (const auto& tab : tabs) {
+    const auto place = inflated(tab.place.value_or(AtspiRectangle{}), marginOfTab);
+    if (!tab.place || point.y < place.y || point.y >= place.y + place.height) continue;
+    if (place.x > point.x) isLast = false;
+    if (place.x <= point.x && (!before || tab.place->x > before->place->x)) before = &tab;
+  }
+  const bool isNear = before && point.x < before->place->x + before->place->width + widthOfButtonInTab;
+  return isNear || (before && !isLast) ? before : nullptr;
+}
+
 const PlacedElement* tabAt(const std::vector<PlacedElement>& tabs, CGPoint point) {
   for (const auto margin : {0, marginOfTab}) {
     const auto found = std::ranges::find_if(
         tabs, [&](const auto& tab) { return tab.place && contains(inflated(*tab.place, margin), point); });
     if (found != tabs.end()) return &*found;
   }
-  return nullptr;
+  return tabBefore(tabs, point);
 }
 
 // The page that is on the screen at the point; null: none.
