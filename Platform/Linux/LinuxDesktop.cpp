@@ -21,6 +21,10 @@ InputListeners LinuxDesktop::listeners(EventLoop& loop) {
               [this] {
                 if (accessibility_) accessibility_->noteRelease();
               },
+          .windowActivated =
+              [this] {
+                if (accessibility_) accessibility_->noteActivation();
+              },
           .clickTimes = &loop.clickTimes()};
 }
 

@@ -35,6 +35,8 @@ class AtspiAccessibility final : public Accessibility {
   /// A button that clicks was pressed, or released (see PressPictures). Main thread.
   void notePress(std::optional<CGPoint> place) { pressPictures_.notePress(place); }
   void noteRelease();
+  /// Another window is active. Main thread.
+  void noteActivation() { pressPictures_.noteActivation(); }
 
   /// What reading has cost so far, and whether it is possible. Any thread.
   void describe(ServiceStatistics& statistics);

@@ -1,6 +1,8 @@
 #include "Platform/Linux/accessibility/PicturedElement.h"
 
 #include <algorithm>
+#include <chrono>
+#include <thread>
 
 #include "Platform/Linux/accessibility/AtspiElement.h"
 
@@ -8,6 +10,8 @@ namespace norra::linux_desktop {
 namespace {
 
 AXResult<AXAttributeValue> yes() { return {axError::success, NSNumber{true}}; }
+
+constexpr std::chrono::milliseconds pauseBetweenStates{10};
 
 bool isUnanswered(AXError error) { return error == axError::cannotComplete || error == axError::invalidUIElement; }
 
@@ -47,7 +51,7 @@ AXResult<AXAttributeValue> PicturedElement::recall(std::string_view attribute) c
   const bool isKnown = answer != answers().attributes.end() && answer->second.error != axError::cannotComplete;
   if (!isKnown) return own().copyAttributeValue(attribute);
   if (!isAskedAnew(attribute)) return answer->second;
-  auto now = askAnew(attribute);
+  auto now = awaitOther(attribute, answer->second);
   if (!isUnanswered(now.error)) return now;
   if (attribute == "AXValue") return {axError::noValue, {}};
   if (attribute == "AXSelected" && now.error == axError::invalidUIElement) return yes();
@@ -74,6 +78,29 @@ AXResult<AXAttributeValue> PicturedElement::askAnew(std::string_view attribute) 
   if (!element || answer.error != axError::success) return answer;
   const auto error = errorAmong(reader.known(element->reference()));
   return error == axError::success ? answer : AXResult<AXAttributeValue>{error, {}};
+}
+
+std::chrono::milliseconds PicturedElement::patienceForStates() const {
+  const auto* element = dynamic_cast<const AtspiElement*>(&own());
+  const auto application = element ? session_.applications.find(element->reference().busName) : nullptr;
+  return std::chrono::milliseconds(application ? application->toolkit().statesAreLateBy : 0);
+}
+
+// What was ticked with the click.
+AXResult<AXAttributeValue> PicturedElement::awaitOther(std::string_view attribute,
+                                                       const AXResult<AXAttributeValue>& before) const {
+  auto now = askAnew(attribute);
+  const auto patience = patienceForStates();
+  if (patience.count() == 0 || attribute != "AXValue" || !hasRole({"AXCheckBox"})) return now;
+  const auto end = std::chrono::steady_clock::now() + patience;
+  bool isOver = false;
+  while (!isOver && now.error == axError::success && now.value == before.value) {
+    isOver = std::chrono::steady_clock::now() >= end;
+    std::this_thread::sleep_for(pauseBetweenStates);
+    session_.reader().askAnew(dynamic_cast<const AtspiElement&>(own()).reference());
+    now = askAnew(attribute);
+  }
+  return now;
 }
 
 AXResult<std::vector<std::string>> PicturedElement::copyActionNames() const {

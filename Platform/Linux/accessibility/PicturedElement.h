@@ -1,6 +1,8 @@
 // An element as a picture shows it, and with it all elements that it leads to.
 #pragma once
 
+#include <chrono>
+
 #include "Platform/Linux/accessibility/Picture.h"
 #include "Platform/Linux/reading/AtspiSession.h"
 
@@ -37,6 +39,8 @@ class PicturedElement final : public AXUIElementPrimitives {
   AXResult<AXAttributeValue> take(std::string_view attribute) const;
   AXResult<AXAttributeValue> recall(std::string_view attribute) const;
   AXResult<AXAttributeValue> askAnew(std::string_view attribute) const;
+  AXResult<AXAttributeValue> awaitOther(std::string_view attribute, const AXResult<AXAttributeValue>& before) const;
+  std::chrono::milliseconds patienceForStates() const;
   bool isAskedAnew(std::string_view attribute) const;
   bool hasRole(std::initializer_list<std::string_view> roles) const;
   AXResult<AXAttributeValue> inPicture(AXResult<AXAttributeValue> answer) const;

@@ -31,6 +31,8 @@ void noteNumber(const ElementView& pressed) {
   }
 }
 
+constexpr milliseconds pauseAfterActivation{50};
+
 }  // namespace
 
 PressPictures::PressPictures(AtspiSession& session, PointedElement& pointed, const ElementHandles& handles,
@@ -66,6 +68,14 @@ void PressPictures::noteRelease() {
   released_ = pressed_;
 }
 
+void PressPictures::noteActivation() {
+  {
+    const std::lock_guard lock(mutex_);
+    isActivated_ = true;
+  }
+  changed_.notify_all();
+}
+
 std::optional<AXUIElement> PressPictures::elementAt(CGPoint point) {
   std::unique_lock lock(mutex_);
   const auto press = released_;
@@ -84,23 +94,35 @@ bool PressPictures::isSamePress(const Press& press, CGPoint released) const {
 
 void PressPictures::run() {
   std::unique_lock lock(mutex_);
-  while (const auto press = awaitPress(lock)) {
+  while (awaitWork(lock)) {
+    const auto press = std::exchange(untaken_, nullptr);
+    if (!press) isActivated_ = false;
     lock.unlock();
-    take(*press);
+    press ? take(*press) : prepare();
     lock.lock();
     changed_.notify_all();
   }
 }
 
-// Nothing: it is over. What was seen is not kept for longer than it is of use.
-PressPictures::PressPtr PressPictures::awaitPress(std::unique_lock<std::mutex>& lock) {
-  const auto isDue = [this] { return isEnding_ || untaken_; };
+// False: it is over. What was seen is not kept for longer than it is of use.
+bool PressPictures::awaitWork(std::unique_lock<std::mutex>& lock) {
+  const auto isDue = [this] { return isEnding_ || untaken_ || isActivated_; };
   if (!changed_.wait_for(lock, keptFor, isDue)) {
     pressed_.reset();
     released_.reset();
     changed_.wait(lock, isDue);
   }
-  return isEnding_ ? nullptr : std::exchange(untaken_, nullptr);
+  return !isEnding_;
+}
+
+// An application tells of a window that it opens a moment after the window manager does.
+void PressPictures::prepare() {
+  {
+    std::unique_lock lock(mutex_);
+    if (changed_.wait_for(lock, pauseAfterActivation, [this] { return isEnding_ || untaken_; })) return;
+  }
+  const AtspiReader::Reading reading(session_.reader());
+  pointed_.prepare();
 }
 
 void PressPictures::take(Press& press) {

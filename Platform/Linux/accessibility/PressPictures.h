@@ -34,6 +34,10 @@ class PressPictures {
   void notePress(std::optional<CGPoint> place);
   void noteRelease();
 
+  /// Another window is active. The element that it is will be looked up before a button is pressed in it. Main thread,
+  /// which is not held up.
+  void noteActivation();
+
   /// What lay at the place when the button was pressed that was released last, if it was released on what was pressed,
   /// and that is something that a click on it is told of; nothing: ask what lies there now. Waits for a picture that is
   /// still being taken.
@@ -52,7 +56,8 @@ class PressPictures {
   using PressPtr = std::shared_ptr<Press>;
 
   void run();
-  PressPtr awaitPress(std::unique_lock<std::mutex>& lock);
+  bool awaitWork(std::unique_lock<std::mutex>& lock);
+  void prepare();
   void take(Press& press);
   bool mayLookAfter(std::chrono::milliseconds pause, const Press& press);
   bool isInWebPage(const AtspiReference& element) const;
@@ -67,9 +72,10 @@ class PressPictures {
   std::mutex mutex_;
   std::condition_variable changed_;
   // guarded by mutex_
-  PressPtr untaken_;   // to be taken
-  PressPtr pressed_;   // the last one
-  PressPtr released_;  // of the click that is told
+  PressPtr untaken_;          // to be taken
+  PressPtr pressed_;          // the last one
+  PressPtr released_;         // of the click that is told
+  bool isActivated_ = false;  // a window, which was not looked up yet
   bool isEnding_ = false;
 
   std::thread thread_;

@@ -36,8 +36,9 @@ using PressHandler = std::function<void(std::optional<CGPoint> place)>;
 struct InputListeners {
   SecureInput isSecureInput = {};  // as for KeyTranslator
   PressHandler pressed = {};
-  std::function<void()> released = {};  // a button that clicks, before the taps are told
-  ClickTimes* clickTimes = nullptr;     // not owned; told which click is handled
+  std::function<void()> released = {};         // a button that clicks, before the taps are told
+  std::function<void()> windowActivated = {};  // another window is active
+  ClickTimes* clickTimes = nullptr;            // not owned; told which click is handled
 };
 
 /// Main thread, apart from windows() and applications().

@@ -26,7 +26,12 @@ void wake(AtspiSession& session, ProcessIdentifier process) {
   reader.read(questions);
   std::vector<AtspiCall> hitTests;
   for (const auto& window : windows) hitTests.push_back(hitTestInTheMiddle(window, reader.known(window).extents));
-  reader.exchange(hitTests);
+  std::vector<AtspiQuestion> shown;
+  for (const auto& reply : reader.exchange(hitTests)) {
+    auto found = readReference(reply.message.get());
+    if (found && !found->isNull()) shown.push_back({std::move(*found), view.generalAsks()});
+  }
+  reader.read(shown);
 }
 
 }  // namespace norra::linux_desktop

@@ -139,6 +139,12 @@ AtspiReference PointedElement::noted(AtspiReference found) {
   return found;
 }
 
+void PointedElement::prepare() {
+  const auto window = windows_.activeWindow();
+  const bool isNew = window && window->process != 0 && topLevels_.find(*window).isNull();
+  if (isNew) findTopLevel(*window);
+}
+
 AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
   windows_.notePress(place);
   pressTime_ = steady_clock::now();

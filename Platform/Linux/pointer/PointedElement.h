@@ -30,6 +30,9 @@ class PointedElement {
   /// there then. Nothing: it is not known where the pointer is.
   AtspiReference atPress(std::optional<CGPoint> place);
 
+  /// Finds out which top-level accessible the active window is, if it is not known, so that a press in it need not.
+  void prepare();
+
   /// Where on the screen the control is that the pressed element is part of, or the element itself. Nothing: it does
   /// not say.
   std::optional<AtspiRectangle> areaOf(const AtspiReference& pressed);

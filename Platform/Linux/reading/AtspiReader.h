@@ -83,6 +83,8 @@ class AtspiReader {
   const AtspiFactsByElement& allKnown() const { return facts_; }
   /// Goes on, in this event, from what another reader has read; what this one knows of an element already stands.
   void takeOver(AtspiFactsByElement facts) { facts_.merge(facts); }
+  /// What it says may be another by now, although it was asked in this event.
+  void askAnew(const AtspiReference& element) { facts_.erase(element); }
   /// Will be asked together with the next question that has to be asked; nothing is asked for it alone.
   void expect(const AtspiReference& element, Asks asks) { expected_.push_back({element, asks}); }
   /// States the parent of an element, as learnt on the way down to it.

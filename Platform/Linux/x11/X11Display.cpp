@@ -16,8 +16,9 @@ class X11Display final : public DisplayServer {
       : event_(event),
         didLoseServer_(std::move(didLoseServer)),
         windows_(std::move(forWindows), std::move(forPlaces)),
-        eventTaps_(X11EventTaps::open(event, std::move(forInput), std::move(listeners),
-                                      [this] { windows_.noteActiveWindow(); })) {}
+        windowActivated_(listeners.windowActivated),
+        eventTaps_(
+            X11EventTaps::open(event, std::move(forInput), std::move(listeners), [this] { noteActiveWindow(); })) {}
 
   WindowsOnScreen& windows() override { return windows_; }
   ApplicationWindows& applications() override { return windows_; }
@@ -38,9 +39,15 @@ class X11Display final : public DisplayServer {
   }
 
  private:
+  void noteActiveWindow() {
+    windows_.noteActiveWindow();
+    if (windowActivated_) windowActivated_();
+  }
+
   sd_event* const event_;
   const std::function<void()> didLoseServer_;
   X11Windows windows_;
+  const std::function<void()> windowActivated_;
   std::unique_ptr<X11Workspace> workspace_;
   const std::unique_ptr<X11EventTaps> eventTaps_;  // null: the server has no XInput 2.2
 };
