@@ -11,6 +11,7 @@ namespace {
 constexpr int maxLevels = 40;
 constexpr std::size_t maxChildren = 64;
 constexpr std::int64_t maxColumns = 64;
+constexpr std::size_t mostCellsInARow = 16;
 constexpr std::int32_t nowhere = -2147483647;
 
 Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
@@ -104,6 +105,12 @@ AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coor
   return {};
 }
 
+AtspiReference cellAt(const ElementView& table, CGPoint point) {
+  const auto cells = placedChildren(table, Coordinates::ofScreen);
+  const auto* cell = topmostAt(cells, point, table.toolkit());
+  return cell ? cell->reference : AtspiReference{};
+}
+
 // What a control is made of is the toolkit's business.
 bool mayHoldMore(AtspiRole role) {
   using enum RoleKind;
@@ -123,20 +130,25 @@ std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinate
   return placed(view, fewChildren(view), coordinates);
 }
 
-AtspiReference childAtHeight(const ElementView& list, CGPoint point) {
+AtspiReference childAtHeight(const ElementView& list, CGPoint point, std::size_t mostInARow) {
   std::size_t first = 0;
-  auto end = static_cast<std::size_t>(std::max<std::int64_t>(0, list.needOnly(Ask::childCount).childCount));
+  const auto count = static_cast<std::size_t>(std::max<std::int64_t>(0, list.needOnly(Ask::childCount).childCount));
+  auto end = count;
   while (first < end) {
     const auto middle = first + (end - first) / 2;
-    auto child = childAt(list, middle);
-    const auto place = placeOf(list, child);
+    const auto place = placeOf(list, childAt(list, middle));
     if (!place) return {};
-    if (contains(*place, point)) return child;
-    if (point.y < place->y) {
+    if (point.y < double{1} * place->y + place->height) {
       end = middle;
     } else {
       first = middle + 1;
     }
+  }
+  for (auto index = first; index < std::min(count, first + mostInARow); ++index) {
+    auto child = childAt(list, index);
+    const auto place = placeOf(list, child);
+    if (!place || point.y < place->y) return {};
+    if (contains(*place, point)) return child;
   }
   return {};
 }
@@ -173,8 +185,9 @@ AtspiReference deeperByPlace(const ElementView& answer, CGPoint point) {
   const auto& facts = answer.need({Ask::role, Ask::childCount});
   if (facts.childCount == 0 || !mayHoldMore(answer.role())) return answer.reference();
   if (!is(answer.role(), RoleKind::tableLike)) return deepestByPlace(answer, point, Coordinates::ofScreen);
-  auto header = headerAt(answer, point);
-  return header.isNull() ? answer.reference() : header;
+  auto part = headerAt(answer, point);
+  if (part.isNull()) part = hasMany(answer) ? childAtHeight(answer, point, mostCellsInARow) : cellAt(answer, point);
+  return part.isNull() ? answer.reference() : part;
 }
 
 AtspiReference askedElementAt(const ElementView& view, CGPoint point, Coordinates coordinates, Asks asks) {

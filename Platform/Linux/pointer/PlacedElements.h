@@ -25,9 +25,9 @@ std::vector<PlacedElement> placedChildren(const ElementView& view, Coordinates c
 /// The same of an element that has few for sure.
 std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinates coordinates);
 
-/// The child at a point where the children lie one below the other, found in a number of waves that grows with the
-/// logarithm of their number; null: none.
-AtspiReference childAtHeight(const ElementView& list, CGPoint point);
+/// The child at a point where the children lie one below the other, or in rows of so many at the most, found in a
+/// number of waves that grows with the logarithm of their number; null: none.
+AtspiReference childAtHeight(const ElementView& list, CGPoint point, std::size_t mostInARow = 1);
 
 /// The deepest element at a point, `view` itself if none of its children is there. Later children lie above earlier
 /// ones. A child that does not say where it is, is looked into.

@@ -115,6 +115,7 @@ TEST_F(HitTest, AsksOnlyTablesForTheirHeaders) {
   elements_["table"].interfaces = {"Table"};
   application_->set("table", elements_["table"]);
   EXPECT_EQ(at({10, 10}), reference("header"));
+  EXPECT_EQ(at({10, 30}), reference("cell"));
 }
 
 TEST_F(HitTest, FindsItemsOfSwingWhereTheirMenuLies) {
