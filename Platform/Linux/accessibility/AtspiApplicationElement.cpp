@@ -50,14 +50,16 @@ AXResult<AXAttributeValue> AtspiApplicationElement::handleOrNothing(const AtspiR
   return handles().valueOf(reference.isNull() ? noValue() : elementNamed(reference));
 }
 
-// The window of the application's own that has a title; dialogs and windows without a toolkit have one only for the X
-// server.
+// Dialogs and windows without a toolkit have a title only for the X server, and others more of one: some toolkits add
+// the application's name there.
 AXResult<AXAttributeValue> AtspiApplicationElement::focusedWindow(const AtspiReference& root) const {
   auto& reader = session_.reader();
   const auto window = root.isNull() ? AtspiReference{} : activeWindowOf(ElementView(reader, root));
-  const bool hasTitle = !window.isNull() && !ElementView(reader, window).needOnly(Ask::name).name.empty();
-  auto onScreen = hasTitle ? std::nullopt : windows_.activeWindow();
-  if (!onScreen || onScreen->process != process_) return handleOrNothing(window);
+  const auto title = window.isNull() ? std::string() : ElementView(reader, window).needOnly(Ask::name).name;
+  auto onScreen = windows_.activeWindow();
+  const bool saysMore = onScreen && onScreen->process == process_ && onScreen->title.starts_with(title) &&
+                        (title.empty() || onScreen->title.size() > title.size());
+  if (!saysMore) return handleOrNothing(window);
   return {axError::success, AXUIElement(std::make_shared<WindowElement>(handles(), *std::move(onScreen)))};
 }
 

@@ -165,12 +165,17 @@ void AtspiObserver::tell(const AXUIElement& element, std::string_view notificati
 }
 
 void AtspiObserver::tellOf(const AtspiReference& element, std::string_view notification) {
-  // What was chosen with a click was told as that.
-  const bool isClicked = notification == valueChanged &&
-                         services_.focus.highlightedItems().wasClicked(element, std::chrono::steady_clock::now());
-  if (isClicked || notification == focusChanged) return tellOfFocus();
+  if (notification == focusChanged || (notification == valueChanged && !isToldAsChange(element))) return tellOfFocus();
   tell(services_.handles.element(element), notification);
   if (notification == valueChanged) services_.focusPicture.noteValue(element);
+}
+
+// What was chosen with a click was told as that; what an application writes on its own the user has not done.
+bool AtspiObserver::isToldAsChange(const AtspiReference& element) {
+  auto& focus = services_.focus;
+  if (focus.highlightedItems().wasClicked(element, std::chrono::steady_clock::now())) return false;
+  const auto* watch = watchOf(element);
+  return !watch || !focus.lastInput().wasElsewhere({services_.session.reader(), element}, watch->since());
 }
 
 ElementWatch* AtspiObserver::watchOf(const AtspiReference& element) {

@@ -8,6 +8,7 @@ namespace norra::linux_desktop {
 
 AXResult<AXAttributeValue> AtspiSystemWideElement::copyAttributeValue(std::string_view attribute) const {
   if (attribute != "AXFocusedUIElement") return {axError::attributeUnsupported, {}};
+  focus_.lastInput().noteKey();  // nothing else asks for it
   auto window = windows_.windowOfInput();
   if (!window || window->process == 0) return {axError::noValue, {}};
   const auto focused = focus_.of(window->process);

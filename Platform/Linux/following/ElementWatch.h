@@ -9,6 +9,7 @@
 // that the core looks at the element again and masks what it reads. Main thread.
 #pragma once
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -30,6 +31,7 @@ class ElementWatch {
   ElementWatch& operator=(const ElementWatch&) = delete;
 
   const AtspiReference& element() const { return element_; }
+  std::chrono::steady_clock::time_point since() const { return since_; }
 
   /// Begins, or ends, to listen to what this notification needs; one that is not known needs nothing.
   void want(std::string_view notification);
@@ -57,6 +59,7 @@ class ElementWatch {
   AtspiSession& session_;
   AtspiEvents& events_;
   const AtspiReference element_;
+  const std::chrono::steady_clock::time_point since_ = std::chrono::steady_clock::now();
   const std::function<void(std::string_view)> changed_;
   std::vector<std::string> wanted_;
   Registrations valueEvents_;

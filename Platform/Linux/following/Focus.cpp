@@ -136,13 +136,20 @@ void followOpen(const ElementView& comboBox) {
   application.focus.followOpen(comboBox.reference());
 }
 
-// Whether the item that arrived is merely the current one of `container`, while what was followed has the focus.
-bool isOnlyCurrent(const ElementView& arrived, const AtspiReference& container) {
-  if (arrived.toolkit().tellsFocusOnlyWhereItIs || container == arrived.reference()) return false;
-  const auto before = arrived.application().focus.followed();
-  if (before.isNull() || before == container) return false;
-  const auto& facts = arrived.other(before).needOnly({Ask::role, Ask::states});
-  return isFocused(facts) && !mayOnlySaySo(facts);
+bool hasFocus(const ElementView& view) {
+  const auto& facts = view.needOnly({Ask::role, Ask::states});
+  return isFocused(facts) && !mayOnlySaySo(facts) && !is(static_cast<AtspiRole>(facts.role), RoleKind::item);
+}
+
+// What has the focus while an item says so that is merely the current one of `container`; null: the item has it.
+AtspiReference holderBeside(const ElementView& item, const AtspiReference& container,
+                            std::vector<AtspiReference> others) {
+  if (item.toolkit().tellsFocusOnlyWhereItIs || container == item.reference()) return {};
+  others.insert(others.begin(), item.application().focus.followed());
+  std::erase_if(others, [&](const auto& other) { return other.isNull() || other == container; });
+  const auto found =
+      std::find_if(others.rbegin(), others.rend(), [&](const auto& other) { return hasFocus(item.other(other)); });
+  return found != others.rend() ? *found : AtspiReference{};
 }
 
 void noteSelected(const ElementView& focused, const AtspiReference& followed) {
@@ -171,12 +178,12 @@ void Focus::arrived(const AtspiReference& element) {
 AtspiReference Focus::settle(const std::string& busName) {
   const auto application = session_.applications.find(busName);
   if (!application) return {};
-  const auto arrived = application->focus.takeArrival();
-  if (!arrived.isNull()) look(ElementView(session_.reader(), arrived));
+  const auto burst = application->focus.takeArrivals();
+  if (!burst.empty()) look(ElementView(session_.reader(), burst.back()), burst);
   return application->focus.followed();
 }
 
-void Focus::look(const ElementView& arrived) {
+void Focus::look(const ElementView& arrived, const std::vector<AtspiReference>& burst) {
   if (const auto comboBox = comboBoxOfList(arrived); !comboBox.isNull()) {
     highlightedItems_.wentToList(arrived.reference(), comboBox, steady_clock::now());
   } else if (isItemOfMenu(arrived)) {
@@ -185,7 +192,8 @@ void Focus::look(const ElementView& arrived) {
     if (const auto owner = comboBoxOf(arrived); !owner.isNull()) followOpen(arrived.other(owner));
   } else {
     const auto followed = followedElement(arrived);
-    if (isOnlyCurrent(arrived, followed)) return;
+    const auto holder = holderBeside(arrived, followed, burst);
+    if (!holder.isNull()) return arrived.application().focus.follow(holder);
     if (isOfOpenList(arrived, followed)) return followOpen(arrived.other(followed));
     noteSelected(arrived, followed);
     arrived.application().focus.follow(followed);

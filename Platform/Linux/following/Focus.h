@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Platform/Linux/following/HighlightedItems.h"
+#include "Platform/Linux/following/LastInput.h"
 #include "Platform/Linux/reading/AtspiSession.h"
 #include "Platform/Linux/reading/ElementView.h"
 
@@ -42,16 +43,18 @@ class Focus {
   bool isSecret(ProcessIdentifier process);
 
   HighlightedItems& highlightedItems() { return highlightedItems_; }
+  LastInput& lastInput() { return lastInput_; }
 
  private:
   AtspiReference remembered(ProcessIdentifier process);
   bool isStillFocused(const AtspiReference& found);
-  void look(const ElementView& arrived);
+  void look(const ElementView& arrived, const std::vector<AtspiReference>& burst);
   void rememberHighlight(const ElementView& item);
   AtspiReference search(ProcessIdentifier process);
 
   AtspiSession& session_;
   HighlightedItems highlightedItems_;
+  LastInput lastInput_;
 };
 
 /// The top-level of an application that is active; null: none.

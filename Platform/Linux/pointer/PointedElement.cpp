@@ -156,8 +156,9 @@ AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
 
 AtspiReference PointedElement::pressedAt(CGPoint place) {
   auto highlighted = focus_.highlightedItems().at(place, steady_clock::now());
+  const auto window = highlighted.isNull() ? windows_.topLevelWindowAt(place) : std::nullopt;
+  focus_.lastInput().notePress(place, !highlighted.isNull() || (window && window->overrideRedirect));
   if (!highlighted.isNull()) return noted(std::move(highlighted));
-  const auto window = windows_.topLevelWindowAt(place);
   if (!window || window->process == 0) return {};
   auto option = optionOfPage(*window, place);
   return noted(option.isNull() ? elementIn(*window, place) : std::move(option));

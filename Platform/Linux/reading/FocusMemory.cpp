@@ -6,12 +6,14 @@ namespace norra::linux_desktop {
 namespace {
 
 constexpr std::size_t mostUnlost = 8;
+constexpr std::size_t mostArrivals = 8;
 
 }  // namespace
 
 void FocusMemory::noteArrival(const AtspiReference& element) {
   const std::lock_guard lock(mutex_);
-  arrived_ = element;
+  if (arrived_.size() == mostArrivals) arrived_.erase(arrived_.begin());
+  arrived_.push_back(element);
   lastArrived_ = element;
   arrivedAt_ = std::chrono::steady_clock::now();
   std::erase(unlost_, element);
@@ -27,7 +29,7 @@ AtspiReference FocusMemory::noteLoss(const AtspiReference& element) {
 
 AtspiReference FocusMemory::lastArrival() const { return copy(lastArrived_); }
 
-AtspiReference FocusMemory::takeArrival() {
+std::vector<AtspiReference> FocusMemory::takeArrivals() {
   const std::lock_guard lock(mutex_);
   return std::exchange(arrived_, {});
 }

@@ -10,6 +10,7 @@
 #include <deque>
 #include <mutex>
 #include <optional>
+#include <vector>
 
 #include "Platform/Linux/atspi/AtspiReference.h"
 
@@ -25,8 +26,9 @@ class FocusMemory {
   /// An event told that this one has lost the focus. Gives the one that was told of before and has not lost it since;
   /// null: there is none, or it was not the last one that was told of.
   AtspiReference noteLoss(const AtspiReference& element);
-  /// Gives the last one that was told of and forgets it, so that each is looked at once; null: it was given already.
-  AtspiReference takeArrival();
+  /// Gives those that were told of and forgets them, so that each is looked at once; the last one last, and of many
+  /// only the last few.
+  std::vector<AtspiReference> takeArrivals();
 
   /// The one that is followed. Null: the application told of none yet.
   AtspiReference followed() const;
@@ -49,7 +51,7 @@ class FocusMemory {
 
   mutable std::mutex mutex_;
   // guarded by mutex_
-  AtspiReference arrived_;
+  std::vector<AtspiReference> arrived_;
   AtspiReference lastArrived_;
   std::deque<AtspiReference> unlost_;  // the last one first
   std::chrono::steady_clock::time_point arrivedAt_;

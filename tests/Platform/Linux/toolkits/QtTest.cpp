@@ -91,18 +91,18 @@ TEST_F(Qt, DoesNotTakeWhatACheckableGroupHoldsForItsBox) {
 }
 
 TEST_F(Qt, FollowsAnItemOnlyWhenWhatHadTheFocusHasLostIt) {
-  const auto follows = [this](const std::string& key) {
+  const auto follows = [this](const std::vector<std::string>& burst) {
     elements_.epoch.begin();
-    elements_.focus.arrived(application_.reference(key));
-    return elements_.focus.settle(application_.reference(key).busName);
+    for (const auto& key : burst) elements_.focus.arrived(application_.reference(key));
+    return elements_.focus.settle(application_.reference("field").busName);
   };
   application_.set("field", {.role = number(AtspiRole::text), .states = bit(AtspiState::focused)});
   application_.set("list", {.role = number(AtspiRole::list), .interfaces = {"Table"}, .children = {"item"}});
   application_.set("item", {.role = number(AtspiRole::listItem), .states = bit(AtspiState::focused), .parent = "list"});
-  EXPECT_EQ(follows("field"), application_.reference("field"));
-  EXPECT_EQ(follows("item"), application_.reference("field"));
+  EXPECT_EQ(follows({"field", "item"}), application_.reference("field"));
+  EXPECT_EQ(follows({"item"}), application_.reference("field"));
   application_.set("field", {.role = number(AtspiRole::text)});
-  EXPECT_EQ(follows("item"), application_.reference("list"));
+  EXPECT_EQ(follows({"item"}), application_.reference("list"));
 }
 
 // The number of a date is 0, and of what is being written the one from before.

@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include "Platform/Linux/following/LastInput.h"
+#include "tests/Platform/Linux/FakeApplication.h"
+#include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/TestElements.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+using std::chrono::hours;
+using std::chrono::steady_clock;
+
+constexpr CGPoint inField{150, 110};
+constexpr CGPoint beside{10, 10};
+
+class LastInputBesideAField : public testing::Test {
+ protected:
+  LastInputBesideAField() {
+    application_.set("field", {.role = static_cast<std::uint32_t>(AtspiRole::text), .extents = {100, 100, 100, 20}});
+    application_.set("list", {.role = static_cast<std::uint32_t>(AtspiRole::list), .extents = {100, 100, 100, 20}});
+  }
+
+  bool wasElsewhere(const std::string& key, steady_clock::duration followedBefore) {
+    elements_.epoch.begin();
+    return input_.wasElsewhere({elements_.session.reader(), application_.reference(key)},
+                               steady_clock::now() - followedBefore);
+  }
+
+  PrivateAccessibilityBus bus_;
+  NoWindowsOnScreen windows_;
+  TestElements elements_{windows_};
+  FakeApplication application_{"Qt", "5.15.8"};
+  LastInput input_;
+};
+
+TEST_F(LastInputBesideAField, WasElsewhereAfterAPressThatGaveItTheFocusOrLiesOutside) {
+  EXPECT_FALSE(wasElsewhere("field", hours(1)));
+  input_.notePress(inField, false);
+  EXPECT_FALSE(wasElsewhere("field", hours(1)));
+  EXPECT_TRUE(wasElsewhere("field", -hours(1)));
+  input_.notePress(beside, false);
+  EXPECT_TRUE(wasElsewhere("field", hours(1)));
+  EXPECT_FALSE(wasElsewhere("list", hours(1)));
+}
+
+TEST_F(LastInputBesideAField, IsWhatIsTypedAndWhatIsPressedInAMenu) {
+  input_.notePress(beside, true);
+  EXPECT_FALSE(wasElsewhere("field", hours(1)));
+  input_.notePress(beside, false);
+  input_.noteKey();
+  EXPECT_FALSE(wasElsewhere("field", hours(1)));
+}
+
+}  // namespace
+}  // namespace norra::linux_desktop
