@@ -20,10 +20,7 @@ PROGRAM = Program(
         case(click("Create new database", "button"), Click("Create new database"), effect=titled("Create a new")),
         case(steps(click("Database name field", "text"), keys("ctrl+a"), typing("Harbour")), Text(("Database name field", "Database name:", "Database Name:"), "Harbour"),
              also=[Click(("Database name field", "Database name:", "Database Name:")), Combination("Control + a")]),
-        case(click("Description field", "text"), Click(("Description field", "Description:"))),
-        case(steps(typing("Moorings"), keys("Tab")), Text(("Description field", "Description:"), "Moorings"), Special("tab")),
-        case(click("Continue", "button"), Click(re.compile("&?Continue.*"))),
-        case(click("Continue", "button"), Click(re.compile("&?Continue.*"))),
-        case(typing("hunter2"), Password(None)),
+        case(click("Continue", "button"), Click("Continue"), effect=shows("Advanced Settings", "button")),
+        case(click("Advanced Settings", "button"), Click("Advanced Settings")),
         case(keys("Escape")),
     ])
