@@ -19,8 +19,6 @@ using linux_desktop::missing;
 using linux_desktop::needsSessionBus;
 using linux_desktop::openSessionBus;
 
-constexpr const char* importDisplay = " run: dbus-update-activation-environment --systemd DISPLAY XAUTHORITY";
-
 /// Takes a list of texts that a function of libsystemd made.
 std::vector<std::string> taken(char** texts) {
   std::vector<std::string> result;
@@ -47,14 +45,13 @@ bool contains(const std::vector<std::string>& names, std::string_view name) {
   return std::ranges::find(names, name) != names.end();
 }
 
-/// Which display systemd would give to the service that it starts.
-std::string displayOfSystemd(sd_bus* bus) {
+/// Which display systemd would give to the service that it starts; empty: none.
+std::string displayOfSystemd(sd_bus* bus, const std::string& name) {
   char** variables = nullptr;
   sd_bus_get_property_strv(bus, "org.freedesktop.systemd1", "/org/freedesktop/systemd1",
                            "org.freedesktop.systemd1.Manager", "Environment", nullptr, &variables);
-  constexpr std::string_view name = "DISPLAY=";
   for (const auto& variable : taken(variables)) {
-    if (variable.starts_with(name)) return variable.substr(name.size());
+    if (variable.starts_with(name + "=")) return variable.substr(name.size() + 1);
   }
   return {};
 }
@@ -71,15 +68,14 @@ DesktopFinding inputOfRunningService(EventLoop& loop) {
 }
 
 DesktopFinding displayFromSystemd(sd_bus* bus) {
-  const char* display = std::getenv("DISPLAY");
-  const auto itsDisplay = displayOfSystemd(bus);
-  if (itsDisplay.empty()) {
-    return missing(std::string("systemd would start the service without DISPLAY. In the desktop session") +
-                   importDisplay);
-  }
+  const std::string name = isWaylandSession() ? "WAYLAND_DISPLAY" : "DISPLAY";
+  const std::string import =
+      ". In the desktop session run: dbus-update-activation-environment --systemd DISPLAY XAUTHORITY WAYLAND_DISPLAY";
+  const char* display = std::getenv(name.c_str());
+  const auto itsDisplay = displayOfSystemd(bus, name);
+  if (itsDisplay.empty()) return missing("systemd would start the service without " + name + import);
   if (display == nullptr || serverOf(itsDisplay) == serverOf(display)) return {};
-  return limited("systemd would start the service for DISPLAY=" + itsDisplay + ", not " + display +
-                 ". In the desktop session" + importDisplay);
+  return limited("systemd would start the service for " + name + "=" + itsDisplay + ", not " + display + import);
 }
 
 }  // namespace

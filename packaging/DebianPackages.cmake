@@ -34,7 +34,7 @@ endfunction()
 document_package(${main_package} collector)
 document_package(${main_package}-dev development)
 document_package(norra-fleet fleet)
-install(FILES ${PROJECT_SOURCE_DIR}/README.md debian/README.Debian DESTINATION ${documents}/${main_package})
+install(FILES ${PROJECT_SOURCE_DIR}/README.md debian/README.Debian 70-norra-input-devices.rules DESTINATION ${documents}/${main_package})
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/docs ${PROJECT_SOURCE_DIR}/examples DESTINATION ${documents}/${main_package}
   USE_SOURCE_PERMISSIONS)
 set(scenario ${PROJECT_SOURCE_DIR}/tests/scenarios/click-on-a-button)  # docs/scenarios.md shows it

@@ -27,10 +27,13 @@ constexpr const char* oldServer =
     "The X server has no XInput 2.2: clicks and keys are not seen. Start a newer X server";
 constexpr const char* waylandInput =
     "This is a Wayland session: clicks and keys are seen in X11 applications only; of others it is seen what they "
-    "change. Log in to an X11 session to see them";
+    "change. See README.Debian for how to let this user read the input devices, or log in to an X11 session";
 constexpr const char* waylandWithoutInput =
-    "This is a Wayland session: clicks and keys are not seen, only what they change. Log in to an X11 session to see "
-    "them";
+    "This is a Wayland session: clicks and keys are not seen, only what they change. See README.Debian for how to let "
+    "this user read the input devices, or log in to an X11 session";
+constexpr const char* waylandWithoutPointer =
+    "This is a Wayland session whose compositor does not say where the pointer is: keys are seen, and clicks in X11 "
+    "applications only; of others it is seen what they change. Log in to an X11 session to see them";
 constexpr const char* noWindowManager =
     "No window manager tells which window is active: application switches are not seen. Start a window manager such as "
     "openbox";
@@ -41,6 +44,11 @@ constexpr const char* switchedOff =
     "Accessibility is switched off; collection switches it on for as long as it runs. Start Qt applications and "
     "browsers after that, or switch it on for good: "
     "gsettings set org.gnome.desktop.interface toolkit-accessibility true";
+
+DesktopFinding inputReadinessOfWayland(const DisplayFacts& facts) {
+  if (!facts.hasDevices) return facts.hasInput ? limited(waylandInput) : missing(waylandWithoutInput);
+  return facts.hasPointer ? DesktopFinding{} : limited(waylandWithoutPointer);
+}
 
 }  // namespace
 
@@ -67,7 +75,7 @@ DesktopFinding displayReadiness(const DisplayFacts& facts) {
 }
 
 DesktopFinding inputReadiness(const DisplayFacts& facts) {
-  if (facts.isWayland) return facts.hasInput ? limited(waylandInput) : missing(waylandWithoutInput);
+  if (facts.isWayland) return inputReadinessOfWayland(facts);
   if (!facts.hasServer) return missing(noServerForInput);
   return facts.hasInput ? DesktopFinding{} : missing(oldServer);
 }

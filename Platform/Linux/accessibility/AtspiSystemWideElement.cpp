@@ -23,7 +23,7 @@ AXUIElement AtspiSystemWideElement::pictured(const AtspiReference& focused) cons
 
 AXResult<std::optional<AXUIElement>> AtspiSystemWideElement::copyElementAtPosition(float x, float y) const {
   if (auto pressed = pictures_.pressed ? pictures_.pressed->elementAt({x, y}) : std::nullopt) {
-    focus_.highlightedItems().clicked({x, y}, std::chrono::steady_clock::now());
+    focus_.highlightedItems().clicked(windows_.inApplication({x, y}), std::chrono::steady_clock::now());
     return {axError::success, std::move(pressed)};
   }
   const auto found = pointed_.at({x, y});

@@ -47,6 +47,9 @@ struct WindowOnScreen {
   std::string title;
   /// Whether the window manager does not care for it: menus, lists of combo boxes, tool tips.
   bool overrideRedirect = false;
+  /// Its application does not know where it is on the screen: the places here are in the window, which begins with its
+  /// shadow.
+  bool isOfWayland = false;
 };
 
 /// Any thread; every answer comes within a bound. Nothing: there is none, or no way to know.
@@ -58,6 +61,8 @@ class WindowsOnScreen {
   /// press, what is found under the pressed place is what lay there then. Nothing: it is not known where the pointer
   /// is.
   virtual void notePress(std::optional<CGPoint> /*place*/) {}
+  /// A point of the screen as the application knows it that has the window there.
+  virtual CGPoint inApplication(CGPoint point) { return point; }
   virtual std::optional<WindowOnScreen> activeWindow() = 0;
   /// The window that the last input went to: the one that was active then, even if it has been closed by it.
   virtual std::optional<WindowOnScreen> windowOfInput() { return activeWindow(); }

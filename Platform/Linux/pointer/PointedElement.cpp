@@ -22,13 +22,22 @@ bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
   return window.overrideRedirect && toolkit.popoversAreWindows;
 }
 
+// Where the places of the toolkit count from, under Wayland.
+PointedAt inPlacesOf(const Toolkit& toolkit, PointedAt at) {
+  if (!at.window.isOfWayland || toolkit.countsFromShadow) return at;
+  at.point.x -= at.window.shadow.left;
+  at.point.y -= at.window.shadow.top;
+  return at;
+}
+
 AtspiReference askedOrTopLevel(const ElementView& topLevel, const PointedAt& at) {
   if (const auto elementAt = topLevel.toolkit().elementAt) return elementAt(topLevel, at);
   auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
   return answer.isNull() ? topLevel.reference() : answer;
 }
 
-AtspiReference hitTest(const ElementView& topLevel, const PointedAt& at) {
+AtspiReference hitTest(const ElementView& topLevel, const PointedAt& pointed) {
+  const auto at = inPlacesOf(topLevel.toolkit(), pointed);
   const auto answer = askedOrTopLevel(topLevel, at);
   topLevel.reader().notePath(answer);
   return topLevel.toolkit().saysPlacesOnScreen ? deeperByPlace(topLevel.other(answer), at.point) : answer;
@@ -155,13 +164,14 @@ AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
 }
 
 AtspiReference PointedElement::pressedAt(CGPoint place) {
-  auto highlighted = focus_.highlightedItems().at(place, steady_clock::now());
+  const auto inside = windows_.inApplication(place);
+  auto highlighted = focus_.highlightedItems().at(inside, steady_clock::now());
   const auto window = highlighted.isNull() ? windows_.topLevelWindowAt(place) : std::nullopt;
   focus_.lastInput().notePress(place, !highlighted.isNull() || (window && window->overrideRedirect));
   if (!highlighted.isNull()) return noted(std::move(highlighted));
   if (!window || window->process == 0) return {};
-  auto option = optionOfPage(*window, place);
-  return noted(option.isNull() ? elementIn(*window, place) : std::move(option));
+  auto option = optionOfPage(*window, inside);
+  return noted(option.isNull() ? elementIn(*window, inside) : std::move(option));
 }
 
 // A control that shows an image and a text is pressed on one of them.
@@ -191,10 +201,11 @@ bool PointedElement::isCovered(CGPoint pressed, CGPoint released) {
 }
 
 AtspiReference PointedElement::at(CGPoint point) {
-  auto clicked = focus_.highlightedItems().clicked(point, steady_clock::now());
+  const auto inside = windows_.inApplication(point);
+  auto clicked = focus_.highlightedItems().clicked(inside, steady_clock::now());
   if (!clicked.isNull()) return noted(std::move(clicked));
   const auto window = windows_.topLevelWindowAt(point);
-  if (window && window->process != 0) clicked = elementIn(*window, point);
+  if (window && window->process != 0) clicked = elementIn(*window, inside);
   if (!clicked.isNull()) return noted(std::move(clicked));
   clickLogger().debug("A click at " + std::to_string(std::lround(point.x)) + ", " +
                       std::to_string(std::lround(point.y)) + " gives no report: " + whyNothing(window));

@@ -72,6 +72,8 @@ struct Toolkit {
   bool putsFieldsIntoSpinButtons = false;
   /// Says of a combo box which label it has; else only the label does, which lies beside it.
   bool labelsComboBoxes = true;
+  /// Under Wayland its places count from where its shadow begins; else from where the window itself does.
+  bool countsFromShadow = false;
   /// Its popovers are windows of their own, while their accessibles lie below what opens them.
   bool popoversAreWindows = false;
   /// How far around an item of a list a point still belongs to it, in pixels, where it says the place of its content

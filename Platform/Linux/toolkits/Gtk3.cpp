@@ -190,6 +190,7 @@ const Toolkit gtk3{
     .hasOneNameForEachRole = true,
     .isLabelledByOwnParts = false,
     .putsPagesBelowTabs = true,
+    .countsFromShadow = true,
     .asksForRole = asksForGtk3Role,
     .ownRole = ownRole,
     .isAroundContent = isExpander,

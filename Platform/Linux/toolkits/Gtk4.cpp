@@ -120,6 +120,7 @@ const Toolkit gtk4{
     .tellsFocusOfAllFields = false,
     .saysPlacesOnScreen = false,
     .saysWhatIsShown = false,
+    .countsFromShadow = true,
     .popoversAreWindows = true,
     .marginOfItems = 8,
     .hidesFieldsInComboBoxes = true,

@@ -184,6 +184,7 @@ const Toolkit chromium{
 const Toolkit gecko{
     .showsWebPages = true,
     .hasOneNameForEachRole = true,
+    .countsFromShadow = true,
     .statesAreLateBy = 60,
     .pageAddress = Ask::documentURL,
     .asksForRole = asksForRoleInPage,

@@ -37,7 +37,9 @@ class Compositor {
   virtual std::optional<CompositorWindow> activeWindow() = 0;
   /// Any window of the process, the active one rather than another.
   virtual std::optional<CompositorWindow> windowOf(ProcessIdentifier process) = 0;
-  /// Where the pointer is, and the window there, as far as it is followed; a compositor need not tell.
+  /// Whether it says where the pointer is, while it is followed.
+  virtual bool tellsPointer() const { return false; }
+  /// Where the pointer is, and the window there; nothing: it is not told.
   virtual std::optional<PointedWindow> pointed() { return std::nullopt; }
   /// Calls `changed`, until the result is let go, when another window may be active. One at a time; main thread.
   [[nodiscard]] virtual std::unique_ptr<Registration> follow(std::function<void()> changed) = 0;

@@ -21,6 +21,7 @@ class KWinWindows final : public Compositor {
   bool isTelling() override;
   std::optional<CompositorWindow> activeWindow() override;
   std::optional<CompositorWindow> windowOf(ProcessIdentifier process) override;
+  bool tellsPointer() const override { return tellsPointer_; }
   std::optional<PointedWindow> pointed() override;
   std::unique_ptr<Registration> follow(std::function<void()> changed) override;
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "Platform/Linux/display/PointerPress.h"
+
 namespace norra::linux_desktop {
 namespace {
 
@@ -23,14 +25,51 @@ WindowOnScreen windowOf(ActiveTopLevel topLevel) {
   return window;
 }
 
+// With its places as its application knows them.
+WindowOnScreen inItself(WindowOnScreen window) {
+  window.isOfWayland = true;
+  window.frame.x -= std::exchange(window.client.x, 0);
+  window.frame.y -= std::exchange(window.client.y, 0);
+  return window;
+}
+
 }  // namespace
 
+std::optional<PointedWindow> WaylandWindows::pointed() { return compositor_ ? compositor_->pointed() : std::nullopt; }
+
+bool WaylandWindows::isX11InFront() {
+  const auto told = compositor_ ? compositor_->activeWindow() : std::nullopt;
+  return told ? told->isOfX11 : activeX11Window().has_value();
+}
+
+// On the screen.
+std::optional<WindowOnScreen> WaylandWindows::windowOfWaylandAt(CGPoint point) {
+  {
+    const std::lock_guard lock(mutex_);
+    if (press_ && isSamePlace(press_->place, point)) return press_->window;
+  }
+  const auto now = pointed();
+  if (!now || !now->window || !isSamePlace(now->pointer, point)) return std::nullopt;
+  return now->window->onScreen;
+}
+
 std::optional<WindowOnScreen> WaylandWindows::topLevelWindowAt(CGPoint point) {
-  return xServer_ ? xServer_->windows().topLevelWindowAt(point) : std::nullopt;
+  if (isInputOfX11_) return xServer_ ? xServer_->windows().topLevelWindowAt(point) : std::nullopt;
+  auto window = windowOfWaylandAt(point);
+  return window ? std::optional(inItself(*std::move(window))) : std::nullopt;
+}
+
+CGPoint WaylandWindows::inApplication(CGPoint point) {
+  const auto window = isInputOfX11_ ? std::nullopt : windowOfWaylandAt(point);
+  return window ? CGPoint{point.x - window->client.x, point.y - window->client.y} : point;
 }
 
 void WaylandWindows::notePress(std::optional<CGPoint> place) {
-  if (xServer_) xServer_->windows().notePress(place);
+  if (isInputOfX11_ && xServer_) return xServer_->windows().notePress(place);
+  const auto now = place ? pointed() : std::nullopt;
+  const std::lock_guard lock(mutex_);
+  press_.reset();
+  if (now && now->window && isSamePlace(now->pointer, *place)) press_ = {*place, now->window->onScreen};
 }
 
 // Of a window of Wayland's own the X server says that none of its own is active.

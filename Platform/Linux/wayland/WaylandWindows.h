@@ -2,6 +2,9 @@
 // beside it, and what applications say of themselves on the accessibility bus.
 #pragma once
 
+#include <atomic>
+#include <mutex>
+
 #include "Platform/Linux/display/DisplayServer.h"
 #include "Platform/Linux/wayland/Compositor.h"
 
@@ -16,10 +19,19 @@ class WaylandWindows final : public WindowsOnScreen, public ApplicationWindows {
   /// To be called before anything else; it must outlive all calls.
   void use(ActiveTopLevels& topLevels) { topLevels_ = &topLevels; }
 
+  /// Whose input is told next: that of the X server, or that of the devices.
+  void setInputOfX11(bool isOfX11) { isInputOfX11_ = isOfX11; }
+  /// Where the pointer is, and whose window there is; nothing: it is not known.
+  std::optional<PointedWindow> pointed();
+  /// Whether the X server hears of keys.
+  bool isX11InFront();
+
   std::optional<WindowOnScreen> topLevelWindowAt(CGPoint point) override;
+  CGPoint inApplication(CGPoint point) override;
   void notePress(std::optional<CGPoint> place) override;
   std::optional<WindowOnScreen> activeWindow() override;
-  bool isAllInputSeen() const override { return false; }
+  bool isAllInputSeen() const override { return areDevicesRead_; }
+  void setDevicesRead(bool areRead) { areDevicesRead_ = areRead; }
 
   std::optional<FrontWindow> front() override;
   std::optional<ApplicationWindow> applicationOf(ProcessIdentifier process) override;
@@ -27,11 +39,21 @@ class WaylandWindows final : public WindowsOnScreen, public ApplicationWindows {
  private:
   std::optional<WindowOnScreen> activeX11Window();
   bool isCompositorTelling();
+  std::optional<WindowOnScreen> windowOfWaylandAt(CGPoint point);
   std::optional<ActiveTopLevel> activeTopLevel();
 
   Compositor* const compositor_;
   DisplayServer* const xServer_;
   ActiveTopLevels* topLevels_ = nullptr;
+  std::atomic<bool> isInputOfX11_ = true;
+  std::atomic<bool> areDevicesRead_ = false;
+
+  struct Press {
+    CGPoint place;
+    WindowOnScreen window;
+  };
+  std::mutex mutex_;
+  std::optional<Press> press_;  // of the devices; guarded by mutex_
 };
 
 }  // namespace norra::linux_desktop

@@ -1,0 +1,151 @@
+#include "Platform/Linux/wayland/WaylandEventTaps.h"
+
+#include <linux/input-event-codes.h>
+#include <systemd/sd-login.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "Platform/Linux/runtime/PlatformLogger.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+bool isButton(std::uint16_t code) { return code >= BTN_MOUSE && code < BTN_JOYSTICK; }
+bool isKeyOfKeyboard(std::uint16_t code) { return code < BTN_MISC; }
+
+CGEventType clickTypeOf(std::uint16_t button) {
+  switch (button) {
+    case BTN_LEFT: return CGEventType::leftMouseUp;
+    case BTN_RIGHT: return CGEventType::rightMouseUp;
+    default: return CGEventType::otherMouseUp;
+  }
+}
+
+// The devices are those of the seat, and somebody else's session may have it now.
+bool hasSeat() {
+  char* session = nullptr;
+  if (sd_uid_get_display(getuid(), &session) < 0) return true;
+  const std::unique_ptr<char, decltype(&free)> owned(session, free);
+  return sd_session_is_active(session) != 0;
+}
+
+}  // namespace
+
+struct WaylandEventTaps::Subscription {
+  CGEventMask eventsOfInterest = 0;
+  CGEventTapCallback callback;
+  bool isEnabled = false;
+  bool isOnRunLoop = false;
+
+  bool wantsAnything() const { return isEnabled && isOnRunLoop; }
+  bool wants(CGEventMask events) const { return wantsAnything() && (eventsOfInterest & events) != 0; }
+};
+
+class WaylandEventTaps::Tap final : public EventTap {
+ public:
+  Tap(WaylandEventTaps& taps, std::shared_ptr<Subscription> subscription, std::unique_ptr<EventTap> ofX11)
+      : taps_(taps), subscription_(std::move(subscription)), ofX11_(std::move(ofX11)) {}
+
+  ~Tap() override {
+    setOnRunLoop(false);
+    std::erase(taps_.subscriptions_, subscription_);
+  }
+
+  void addSourceToMainRunLoop() override {
+    if (ofX11_) ofX11_->addSourceToMainRunLoop();
+    setOnRunLoop(true);
+  }
+  void removeSourceFromMainRunLoop() override {
+    if (ofX11_) ofX11_->removeSourceFromMainRunLoop();
+    setOnRunLoop(false);
+  }
+  void enable() override {
+    if (ofX11_) ofX11_->enable();
+    subscription_->isEnabled = true;
+    taps_.didChangeTaps();
+  }
+
+ private:
+  void setOnRunLoop(bool isOnRunLoop) {
+    subscription_->isOnRunLoop = isOnRunLoop;
+    taps_.didChangeTaps();
+  }
+
+  WaylandEventTaps& taps_;
+  const std::shared_ptr<Subscription> subscription_;
+  const std::unique_ptr<EventTap> ofX11_;
+};
+
+std::unique_ptr<EventTap> WaylandEventTaps::createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) {
+  auto ofX11 = surroundings_.ofX11 ? surroundings_.ofX11->createEventTap(eventsOfInterest, callback) : nullptr;
+  auto subscription = std::make_shared<Subscription>(Subscription{eventsOfInterest, std::move(callback)});
+  subscriptions_.push_back(subscription);
+  return std::make_unique<Tap>(*this, std::move(subscription), std::move(ofX11));
+}
+
+bool WaylandEventTaps::isWanted() const {
+  return std::ranges::any_of(subscriptions_, [](const auto& each) { return each->wantsAnything(); });
+}
+
+// Whoever ends the last tap may be handling what a device told.
+void WaylandEventTaps::closeIfUnwanted() {
+  if (isWanted()) return;
+  devices_.reset();
+  keyboard_.reset();
+}
+
+void WaylandEventTaps::didChangeTaps() {
+  if (!isWanted()) return closing_.request();
+  if (devices_) return;
+  devices_ = std::make_unique<InputDevices>(surroundings_.event, surroundings_.devices,
+                                            [this](const auto& key) { handle(key); });
+  if (!surroundings_.connection) return;
+  keyboard_ = std::make_unique<WaylandKeyboard>(*surroundings_.connection, listeners_.isSecureInput);
+  keyboard_->setLocks(devices_->isLightOn(LED_CAPSL), devices_->isLightOn(LED_NUML));
+}
+
+void WaylandEventTaps::handle(const InputKey& key) {
+  if (isButton(key.code)) return handleButton(key);
+  if (keyboard_ && isKeyOfKeyboard(key.code)) handleKey(key);
+}
+
+// The X server tells of clicks in its own windows.
+void WaylandEventTaps::handleButton(const InputKey& key) {
+  const auto pointed = surroundings_.windows.pointed();
+  if (!hasSeat() || (pointed && pointed->window && pointed->window->isOfX11)) return;
+  if (key.action == InputKey::Action::pressed) return handlePress(pointed);
+  std::optional<ClickTimes::Handling> handling;
+  if (listeners_.clickTimes) handling.emplace(*listeners_.clickTimes, std::chrono::steady_clock::now());
+  if (listeners_.released) listeners_.released();
+  if (pointed) return deliver({clickTypeOf(key.code), pointed->pointer, std::nullopt});
+  clickLogger().debug("A click gives no report: the compositor does not say where the pointer is");
+}
+
+void WaylandEventTaps::handlePress(const std::optional<PointedWindow>& pointed) {
+  surroundings_.windows.setInputOfX11(false);
+  if (listeners_.pressed) listeners_.pressed(pointed ? std::optional(pointed->pointer) : std::nullopt);
+}
+
+// Modifiers are followed wherever they are pressed; what they make of a key is looked up only where it may be told.
+void WaylandEventTaps::handleKey(const InputKey& key) {
+  const bool isPressed = key.action != InputKey::Action::released;
+  if (isPressed && hasSeat() && !surroundings_.windows.isX11InFront()) {
+    auto keyEvent = keyboard_->translate(key.code);
+    if (keyEvent) keyEvent->isARepeat = key.action == InputKey::Action::repeated;
+    if (keyEvent) deliver({CGEventType::keyDown, {}, std::move(keyEvent)});
+  }
+  if (key.action != InputKey::Action::repeated) keyboard_->note(key.code, isPressed);
+}
+
+// A callback may end its tap, or others.
+void WaylandEventTaps::deliver(const CGEvent& event) {
+  const auto subscriptions = subscriptions_;
+  for (const auto& subscription : subscriptions) {
+    if (subscription->wants(maskOf(event.type))) subscription->callback(event);
+  }
+}
+
+}  // namespace norra::linux_desktop

@@ -1,0 +1,59 @@
+// Input of a Wayland session: of the windows of X11 as the X server tells it, of all others from the input devices,
+// where the user may read them.
+//
+// Devices tell which button, and the compositor where the pointer is, if it does. A click whose place is not known is
+// not told.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "Platform/Linux/display/DisplayServer.h"
+#include "Platform/Linux/runtime/DeferredRun.h"
+#include "Platform/Linux/wayland/InputDevices.h"
+#include "Platform/Linux/wayland/WaylandKeyboard.h"
+#include "Platform/Linux/wayland/WaylandWindows.h"
+
+namespace norra::linux_desktop {
+
+/// Main thread. No device is open while no tap wants anything.
+class WaylandEventTaps final : public EventTaps {
+ public:
+  struct Surroundings {
+    sd_event* event = nullptr;
+    WaylandConnection* connection = nullptr;  // null: no layout is known, and keys are not told
+    WaylandWindows& windows;
+    EventTaps* ofX11 = nullptr;  // null: none
+    std::filesystem::path devices;
+  };
+
+  /// All of the surroundings must outlive this.
+  WaylandEventTaps(Surroundings surroundings, InputListeners listeners)
+      : surroundings_(std::move(surroundings)),
+        listeners_(std::move(listeners)),
+        closing_(surroundings_.event, [this] { closeIfUnwanted(); }) {}
+
+  std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
+
+ private:
+  class Tap;
+  struct Subscription;
+
+  bool isWanted() const;
+  void didChangeTaps();
+  void closeIfUnwanted();
+  void handle(const InputKey& key);
+  void handleButton(const InputKey& key);
+  void handlePress(const std::optional<PointedWindow>& pointed);
+  void handleKey(const InputKey& key);
+  void deliver(const CGEvent& event);
+
+  const Surroundings surroundings_;
+  const InputListeners listeners_;
+  std::vector<std::shared_ptr<Subscription>> subscriptions_;
+  std::unique_ptr<WaylandKeyboard> keyboard_;
+  std::unique_ptr<InputDevices> devices_;  // while a tap wants anything
+  DeferredRun closing_;
+};
+
+}  // namespace norra::linux_desktop
