@@ -49,10 +49,16 @@ function tell() {
   told = text;
   callDBus(listener, path, listenerInterface, "Tell", text);
 }
+let isDue = false;
 const timer = new QTimer();
 timer.singleShot = true;
-timer.timeout.connect(tell);
-function tellSoon() { if (!timer.active) timer.start(millisecondsOfMoves); }
+function tellSoon() {
+  isDue = timer.active;
+  if (isDue) return;
+  tell();
+  timer.start(millisecondsOfMoves);
+}
+timer.timeout.connect(function() { if (isDue) tellSoon(); });
 const followed = {};
 function activated(window) {
   tell();

@@ -13,6 +13,9 @@
 namespace norra::linux_desktop {
 namespace {
 
+// The compositor tells of the pointer a little later than the device of the button.
+constexpr std::uint64_t delayOfPointerMicroseconds = 8'000;
+
 bool isButton(std::uint16_t code) { return code >= BTN_MOUSE && code < BTN_JOYSTICK; }
 bool isKeyOfKeyboard(std::uint16_t code) { return code < BTN_MISC; }
 
@@ -22,6 +25,10 @@ CGEventType clickTypeOf(std::uint16_t button) {
     case BTN_RIGHT: return CGEventType::rightMouseUp;
     default: return CGEventType::otherMouseUp;
   }
+}
+
+bool isOfX11(const std::optional<PointedWindow>& pointed) {
+  return pointed && pointed->window && pointed->window->isOfX11;
 }
 
 // The devices are those of the seat, and somebody else's session may have it now.
@@ -112,21 +119,30 @@ void WaylandEventTaps::handle(const InputKey& key) {
   if (keyboard_ && isKeyOfKeyboard(key.code)) handleKey(key);
 }
 
-// The X server tells of clicks in its own windows.
 void WaylandEventTaps::handleButton(const InputKey& key) {
+  if (key.action == InputKey::Action::released) return handleRelease(key.code);
+  isPressDue_ = true;
+  press_.requestAfter(delayOfPointerMicroseconds);
+}
+
+// The X server tells of clicks in its own windows.
+void WaylandEventTaps::handlePress() {
+  if (!std::exchange(isPressDue_, false)) return;
   const auto pointed = surroundings_.windows.pointed();
-  if (!hasSeat() || (pointed && pointed->window && pointed->window->isOfX11)) return;
-  if (key.action == InputKey::Action::pressed) return handlePress(pointed);
+  if (!hasSeat() || isOfX11(pointed)) return;
+  surroundings_.windows.setInputOfX11(false);
+  if (listeners_.pressed) listeners_.pressed(pointed ? std::optional(pointed->pointer) : std::nullopt);
+}
+
+void WaylandEventTaps::handleRelease(std::uint16_t button) {
+  handlePress();
+  const auto pointed = surroundings_.windows.pointed();
+  if (!hasSeat() || isOfX11(pointed)) return;
   std::optional<ClickTimes::Handling> handling;
   if (listeners_.clickTimes) handling.emplace(*listeners_.clickTimes, std::chrono::steady_clock::now());
   if (listeners_.released) listeners_.released();
-  if (pointed) return deliver({clickTypeOf(key.code), pointed->pointer, std::nullopt});
+  if (pointed) return deliver({clickTypeOf(button), pointed->pointer, std::nullopt});
   clickLogger().debug("A click gives no report: the compositor does not say where the pointer is");
-}
-
-void WaylandEventTaps::handlePress(const std::optional<PointedWindow>& pointed) {
-  surroundings_.windows.setInputOfX11(false);
-  if (listeners_.pressed) listeners_.pressed(pointed ? std::optional(pointed->pointer) : std::nullopt);
 }
 
 // Modifiers are followed wherever they are pressed; what they make of a key is looked up only where it may be told.

@@ -31,7 +31,8 @@ class WaylandEventTaps final : public EventTaps {
   WaylandEventTaps(Surroundings surroundings, InputListeners listeners)
       : surroundings_(std::move(surroundings)),
         listeners_(std::move(listeners)),
-        closing_(surroundings_.event, [this] { closeIfUnwanted(); }) {}
+        closing_(surroundings_.event, [this] { closeIfUnwanted(); }),
+        press_(surroundings_.event, [this] { handlePress(); }) {}
 
   std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
 
@@ -44,7 +45,8 @@ class WaylandEventTaps final : public EventTaps {
   void closeIfUnwanted();
   void handle(const InputKey& key);
   void handleButton(const InputKey& key);
-  void handlePress(const std::optional<PointedWindow>& pointed);
+  void handlePress();
+  void handleRelease(std::uint16_t button);
   void handleKey(const InputKey& key);
   void deliver(const CGEvent& event);
 
@@ -54,6 +56,8 @@ class WaylandEventTaps final : public EventTaps {
   std::unique_ptr<WaylandKeyboard> keyboard_;
   std::unique_ptr<InputDevices> devices_;  // while a tap wants anything
   DeferredRun closing_;
+  bool isPressDue_ = false;
+  DeferredRun press_;
 };
 
 }  // namespace norra::linux_desktop
