@@ -3,7 +3,6 @@
 import os
 import struct
 import tempfile
-import unittest
 from functools import partial
 from unittest import mock
 
@@ -13,8 +12,6 @@ from applications import ControlledApplication
 from desktop import EndToEndTest, main
 from expected import change, click, key_combination, special_key
 from wayland import BUTTONS
-from waiting import wait_until
-from widgets import clicked, mouse_buttons, toggle
 
 EV_SYN, EV_KEY = 0, 1
 

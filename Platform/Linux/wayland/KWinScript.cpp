@@ -121,6 +121,7 @@ std::string kwinScriptFor(std::string_view listener, bool tellsPointer) {
 std::optional<KWinState> readKWinState(std::string_view json) {
   try {
     const auto state = Json::parse(json);
+    if (!state.is_object()) return std::nullopt;
     KWinState read{windowIn(state, "active"), std::nullopt};
     if (const auto place = state.find("pointer"); place != state.end()) {
       read.pointed = {{place->at(0).get<double>(), place->at(1).get<double>()}, windowIn(state, "pointed")};
