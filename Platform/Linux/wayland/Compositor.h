@@ -35,6 +35,9 @@ class Compositor {
   virtual bool isTelling() = 0;
   /// Nothing: none is active, or the compositor does not answer.
   virtual std::optional<CompositorWindow> activeWindow() = 0;
+  /// Calls `then` when the compositor has told of all moves of the pointer until now, or soon all the same. One at a
+  /// time; main thread.
+  virtual void whenPointerIsTold(std::function<void()> then) { then(); }
   /// Any window of the process, the active one rather than another.
   virtual std::optional<CompositorWindow> windowOf(ProcessIdentifier process) = 0;
   /// Whether it says where the pointer is, while it is followed.

@@ -189,6 +189,25 @@ void KWinWindows::forget() {
   state_.reset();
 }
 
+// What the script tells comes on the same way as the answer, before it.
+void KWinWindows::whenPointerIsTold(std::function<void()> then) {
+  whenAnswered_ = std::move(then);
+  sd_bus_message* handle = nullptr;
+  sd_bus_slot* slot = nullptr;
+  const int made =
+      sd_bus_message_new_method_call(bus_.get(), &handle, kwin, scriptingPath, "org.freedesktop.DBus.Peer", "Ping");
+  const MessagePtr ping(handle);
+  if (made >= 0) sd_bus_call_async(bus_.get(), &slot, handle, onAnswer, this, patienceMicroseconds);
+  answer_.reset(slot);
+  if (slot == nullptr) std::exchange(whenAnswered_, nullptr)();
+}
+
+int KWinWindows::onAnswer(sd_bus_message* /*reply*/, void* self, sd_bus_error* /*error*/) noexcept {
+  const auto then = std::exchange(static_cast<KWinWindows*>(self)->whenAnswered_, nullptr);
+  if (then) then();
+  return 0;
+}
+
 bool KWinWindows::isTelling() {
   const std::lock_guard lock(mutex_);
   return state_.has_value();

@@ -23,6 +23,7 @@ class KWinWindows final : public Compositor {
   std::optional<CompositorWindow> windowOf(ProcessIdentifier process) override;
   bool tellsPointer() const override { return tellsPointer_; }
   std::optional<PointedWindow> pointed() override;
+  void whenPointerIsTold(std::function<void()> then) override;
   std::unique_ptr<Registration> follow(std::function<void()> changed) override;
 
  private:
@@ -40,6 +41,7 @@ class KWinWindows final : public Compositor {
 
   static int onTold(sd_bus_message* call, void* self, sd_bus_error* error) noexcept;
   static int onOwner(sd_bus_message* signal, void* self, sd_bus_error* error) noexcept;
+  static int onAnswer(sd_bus_message* reply, void* self, sd_bus_error* error) noexcept;
   static int onLoaded(sd_bus_message* reply, void* self, sd_bus_error* error) noexcept;
 
   const BusPtr bus_;
@@ -50,6 +52,8 @@ class KWinWindows final : public Compositor {
   SlotPtr object_;
   SlotPtr owners_;
   SlotPtr loading_;
+  SlotPtr answer_;
+  std::function<void()> whenAnswered_;
   int triesLeft_ = 0;
   DeferredRun nextTry_;
 

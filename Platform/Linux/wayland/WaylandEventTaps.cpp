@@ -14,7 +14,7 @@ namespace norra::linux_desktop {
 namespace {
 
 // The compositor tells of the pointer a little later than the device of the button.
-constexpr std::uint64_t delayOfPointerMicroseconds = 8'000;
+constexpr std::uint64_t delayOfPointerMicroseconds = 12'000;
 
 bool isButton(std::uint16_t code) { return code >= BTN_MOUSE && code < BTN_JOYSTICK; }
 bool isKeyOfKeyboard(std::uint16_t code) { return code < BTN_MISC; }
@@ -102,6 +102,7 @@ void WaylandEventTaps::closeIfUnwanted() {
   if (isWanted()) return;
   devices_.reset();
   keyboard_.reset();
+  buttons_.clear();
 }
 
 void WaylandEventTaps::didChangeTaps() {
@@ -120,24 +121,29 @@ void WaylandEventTaps::handle(const InputKey& key) {
 }
 
 void WaylandEventTaps::handleButton(const InputKey& key) {
-  if (key.action == InputKey::Action::released) return handleRelease(key.code);
-  isPressDue_ = true;
-  press_.requestAfter(delayOfPointerMicroseconds);
+  buttons_.push_back(key);
+  if (buttons_.size() == 1) pointer_.requestAfter(delayOfPointerMicroseconds);
 }
 
 // The X server tells of clicks in its own windows.
-void WaylandEventTaps::handlePress() {
-  if (!std::exchange(isPressDue_, false)) return;
+void WaylandEventTaps::handleButtons() {
   const auto pointed = surroundings_.windows.pointed();
-  if (!hasSeat() || isOfX11(pointed)) return;
+  for (const auto& key : std::exchange(buttons_, {})) {
+    if (!devices_ || !hasSeat() || isOfX11(pointed)) continue;
+    if (key.action == InputKey::Action::released) {
+      handleRelease(key.code, pointed);
+    } else {
+      handlePress(pointed);
+    }
+  }
+}
+
+void WaylandEventTaps::handlePress(const std::optional<PointedWindow>& pointed) {
   surroundings_.windows.setInputOfX11(false);
   if (listeners_.pressed) listeners_.pressed(pointed ? std::optional(pointed->pointer) : std::nullopt);
 }
 
-void WaylandEventTaps::handleRelease(std::uint16_t button) {
-  handlePress();
-  const auto pointed = surroundings_.windows.pointed();
-  if (!hasSeat() || isOfX11(pointed)) return;
+void WaylandEventTaps::handleRelease(std::uint16_t button, const std::optional<PointedWindow>& pointed) {
   std::optional<ClickTimes::Handling> handling;
   if (listeners_.clickTimes) handling.emplace(*listeners_.clickTimes, std::chrono::steady_clock::now());
   if (listeners_.released) listeners_.released();

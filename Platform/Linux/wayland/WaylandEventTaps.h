@@ -32,7 +32,8 @@ class WaylandEventTaps final : public EventTaps {
       : surroundings_(std::move(surroundings)),
         listeners_(std::move(listeners)),
         closing_(surroundings_.event, [this] { closeIfUnwanted(); }),
-        press_(surroundings_.event, [this] { handlePress(); }) {}
+        pointer_(surroundings_.event,
+                 [this] { surroundings_.windows.whenPointerIsTold([this] { handleButtons(); }); }) {}
 
   std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
 
@@ -45,8 +46,9 @@ class WaylandEventTaps final : public EventTaps {
   void closeIfUnwanted();
   void handle(const InputKey& key);
   void handleButton(const InputKey& key);
-  void handlePress();
-  void handleRelease(std::uint16_t button);
+  void handleButtons();
+  void handlePress(const std::optional<PointedWindow>& pointed);
+  void handleRelease(std::uint16_t button, const std::optional<PointedWindow>& pointed);
   void handleKey(const InputKey& key);
   void deliver(const CGEvent& event);
 
@@ -56,8 +58,8 @@ class WaylandEventTaps final : public EventTaps {
   std::unique_ptr<WaylandKeyboard> keyboard_;
   std::unique_ptr<InputDevices> devices_;  // while a tap wants anything
   DeferredRun closing_;
-  bool isPressDue_ = false;
-  DeferredRun press_;
+  std::vector<InputKey> buttons_;  // to be handled when the pointer is told
+  DeferredRun pointer_;
 };
 
 }  // namespace norra::linux_desktop

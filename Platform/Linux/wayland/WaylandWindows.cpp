@@ -37,6 +37,11 @@ WindowOnScreen inItself(WindowOnScreen window) {
 
 std::optional<PointedWindow> WaylandWindows::pointed() { return compositor_ ? compositor_->pointed() : std::nullopt; }
 
+void WaylandWindows::whenPointerIsTold(std::function<void()> then) {
+  if (compositor_ && compositor_->isTelling()) return compositor_->whenPointerIsTold(std::move(then));
+  then();
+}
+
 bool WaylandWindows::isX11InFront() {
   const auto told = compositor_ ? compositor_->activeWindow() : std::nullopt;
   return told ? told->isOfX11 : activeX11Window().has_value();

@@ -23,6 +23,8 @@ class WaylandWindows final : public WindowsOnScreen, public ApplicationWindows {
   void setInputOfX11(bool isOfX11) { isInputOfX11_ = isOfX11; }
   /// Where the pointer is, and whose window there is; nothing: it is not known.
   std::optional<PointedWindow> pointed();
+  /// As for Compositor.
+  void whenPointerIsTold(std::function<void()> then);
   /// Whether the X server hears of keys.
   bool isX11InFront();
 
