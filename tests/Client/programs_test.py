@@ -320,9 +320,11 @@ class Checking(ProgramTest):
             with contextlib.closing(SessionManager(self.bus, variable)):
                 self.assertRegex(self.check()[3], finding)
 
-    def test_sends_whoever_has_only_wayland_to_another_session(self):
+    def test_says_what_is_not_seen_under_wayland(self):
         os.environ["WAYLAND_DISPLAY"] = "wayland-0"
-        self.assertRegex(self.check()[2], "missing  display .*Wayland session.*Log in to an X11.*")
+        lines = self.check()
+        self.assertRegex(lines[2], "missing  display .*compositor of this Wayland session is not reached.*")
+        self.assertRegex(lines[4], "missing  clicks and keys .*Wayland session.*log in to an X11 session")
 
 
 PROTOCOLS = ROOT / "NorraUserInteractionsCollectorServiceProtocol"

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """What is told of applications of Wayland: switches, texts, passwords, values, selections; and of those of X11 beside them."""
 import os
+import signal
 import subprocess
 from functools import partial
 from unittest import mock
@@ -12,6 +13,7 @@ from applications import ControlledApplication
 from browser import Chromium, Firefox
 from desktop import BUS_NAME, PROGRAMS, EndToEndTest, main
 from expected import change, change_application, click, special_key
+from faults import desktop_process
 from waiting import wait_until
 
 
@@ -212,6 +214,13 @@ class ScriptInKWin(EndToEndTest):
         wait_until(self.is_loaded, "the script")
         self.assertEqual(self.collection.end(), 0)
         wait_until(lambda: not self.is_loaded(), "the script's end")
+
+
+class EndOfTheCompositor(EndToEndTest):
+    def test_it_ends_the_service(self):
+        os.kill(desktop_process("sway"), signal.SIGKILL)
+        self.assertEqual(self.service.process.wait(20), 1)
+        self.assertIn("The compositor has gone", self.service.logged())
 
 
 class Checks(EndToEndTest):
