@@ -121,7 +121,8 @@ std::string withoutOwnLabel(const ElementView& view, std::string name) {
 
 bool isShownText(const ElementView& part) {
   const bool isText = part.role() == AtspiRole::label || part.role() == AtspiRole::staticText;
-  return isText && part.hasState(AtspiState::showing) && !isBlank(part.need(Ask::name).name);
+  const auto shown = part.toolkit().tellsWhatIsShowing ? AtspiState::showing : AtspiState::visible;
+  return isText && part.hasState(shown) && !isBlank(part.need(Ask::name).name);
 }
 
 bool showsText(const ElementView& view, int level = 0) {

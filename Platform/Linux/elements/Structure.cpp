@@ -40,11 +40,22 @@ AtspiReference withoutPageTab(const ElementView& view, const AtspiReference& par
   return above.role() == AtspiRole::pageTab ? above.need(Ask::parent).parent : parent;
 }
 
+// The box in an expander holds its title, and then what it shows.
+AtspiReference withoutBoxOfExpander(const ElementView& view, const ElementView& box) {
+  if (box.role() != AtspiRole::panel) return box.reference();
+  const auto above = box.need(Ask::parent).parent;
+  if (above.isNull() || isRoot(above) || !isExpander(box.other(above))) return box.reference();
+  const bool isShown = view.need(Ask::indexInParent).indexInParent > 0;
+  return isShown ? box.other(above).need(Ask::parent).parent : box.reference();
+}
+
 // What such a control is called stands on it; all else in it is what it shows or switches.
 AtspiReference withoutControlAround(const ElementView& view, const AtspiReference& parent) {
-  const auto isAroundContent = view.toolkit().isAroundContent;
-  if (!isAroundContent || isRoot(parent)) return parent;
+  if (isRoot(parent)) return parent;
   const auto above = view.other(parent);
+  if (view.toolkit().keepsExpandersInBoxes) return withoutBoxOfExpander(view, above);
+  const auto isAroundContent = view.toolkit().isAroundContent;
+  if (!isAroundContent) return parent;
   if (!isAroundContent(above.need({Ask::role, Ask::states}))) return parent;
   const bool isItsLabel = view.role() == AtspiRole::label && view.need(Ask::name).name == above.need(Ask::name).name;
   return isItsLabel ? parent : above.need(Ask::parent).parent;

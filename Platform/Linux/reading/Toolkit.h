@@ -43,6 +43,8 @@ struct Toolkit {
   bool hasOneNameForEachRole = false;
   /// Hides what a field holds from who looks at the screen, and tells it to who asks for the text, or for its events.
   bool givesHiddenTextAway = false;
+  /// Tells of all its elements whether they are on the screen; else of some only whether they may be.
+  bool tellsWhatIsShowing = true;
   /// Tells when the number of a slider changes.
   bool tellsNumbers = true;
   /// Its lists, tables and trees tell what is selected in them; else only their items do, each of itself.
@@ -53,6 +55,9 @@ struct Toolkit {
   bool joinsNameAndLabel = false;
   /// Puts the page of a notebook below the label of its tab, which is not what it looks like.
   bool putsPagesBelowTabs = false;
+  /// What an expander shows and hides lies below it, in a box that holds its title too, which is not what a click on it
+  /// is on.
+  bool keepsExpandersInBoxes = false;
   /// Calls a combo box by what is chosen or written in it, and tells of that as of its name.
   bool namesComboBoxesByTheirValue = false;
   /// Tells of every element that gets the focus; else some fields show it only by where they are written into.

@@ -115,8 +115,10 @@ AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
 
 const Toolkit gtk4{
     .givesHiddenTextAway = true,
+    .tellsWhatIsShowing = false,
     .tellsNumbers = false,
     .joinsNameAndLabel = true,
+    .keepsExpandersInBoxes = true,
     .tellsFocusOfAllFields = false,
     .saysPlacesOnScreen = false,
     .saysWhatIsShown = false,

@@ -77,6 +77,21 @@ TEST_F(Gtk3, KeepsTreesAndLayoutsWhatTheyAre) {
   EXPECT_EQ(text("layout", "AXRole"), "AXGroup");
 }
 
+TEST_F(Gtk3, KnowsSwitchesByWhatTheyDoAndCallsWhatIsWrittenIntoAComboBoxAsThat) {
+  constexpr std::uint32_t labelledBy = 2;
+  application_.set("switch",
+                   {.role = number(AtspiRole::toggleButton), .interfaces = {"Action"}, .actions = {"toggle"}});
+  application_.set("toggle", {.role = number(AtspiRole::toggleButton), .interfaces = {"Action"}, .actions = {"click"}});
+  EXPECT_EQ(text("switch", "AXSubrole"), "AXSwitch");
+  EXPECT_EQ(text("toggle", "AXSubrole"), "AXToggle");
+  application_.set("label", {.role = number(AtspiRole::label), .name = "Metal"});
+  application_.set(
+      "box",
+      {.role = number(AtspiRole::comboBox), .children = {"menu", "field"}, .relations = {{labelledBy, "label"}}});
+  application_.set("field", {.role = number(AtspiRole::text), .parent = "box"});
+  EXPECT_EQ(read<AXUIElement>("field", "AXTitleUIElement"), element("label"));
+}
+
 TEST_F(Gtk3, LetsOnlyTheLabelOfAnExpanderBelongToIt) {
   const auto expandable = bit(AtspiState::expandable);
   application_.set("box", {.role = number(AtspiRole::filler), .children = {"expander"}});

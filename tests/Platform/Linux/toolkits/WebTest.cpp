@@ -1,6 +1,8 @@
 // What Chromium and Gecko mean by the elements of pages.
 #include <gmock/gmock.h>
 
+#include <atomic>
+
 #include "tests/Platform/Linux/FakeApplication.h"
 #include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
@@ -87,18 +89,49 @@ TEST_P(Web, TellsWhetherADisclosureIsOpen) {
   }
 }
 
-TEST_P(Web, TellsWhatIsChosenInAClosedSelect) {
-  application_.set("select", {.role = number(AtspiRole::comboBox), .name = "Cargo", .children = {"list"}});
-  application_.set(
-      "list",
-      {.role = number(AtspiRole::menu), .interfaces = {"Selection"}, .parent = "select", .children = {"tea", "salt"}});
-  application_.set("salt", {.role = number(AtspiRole::menuItem), .name = "Salt", .parent = "list"});
-  application_.answer("GetSelectedChild", [this](sd_bus_message* call) {
-    const auto salt = application_.reference("salt");
-    return sd_bus_reply_method_return(call, "(so)", salt.busName.c_str(), salt.path.c_str());
-  });
+class Select : public Web {
+ protected:
+  Select() {
+    application_.set("select", {.role = number(AtspiRole::comboBox), .name = "Cargo", .children = {"list"}});
+    application_.set("list", {.role = number(AtspiRole::menu),
+                              .interfaces = {"Selection"},
+                              .parent = "select",
+                              .children = {"tea", "salt"}});
+    for (const auto* name : {"tea", "salt"}) {
+      application_.set(name, {.role = number(AtspiRole::menuItem), .name = name, .parent = "list"});
+    }
+    application_.answer("GetSelectedChild", [this](sd_bus_message* call) {
+      const auto chosen = application_.reference(chosen_);
+      return sd_bus_reply_method_return(call, "(so)", chosen.busName.c_str(), chosen.path.c_str());
+    });
+  }
+  AtspiReference followedAfter(const char* key) {
+    elements_.epoch.begin();
+    elements_.focus.arrived(application_.reference(key));
+    return elements_.focus.settle(application_.reference(key).busName);
+  }
+
+  std::atomic<const char*> chosen_ = "salt";
+};
+
+TEST_P(Select, HoldsWhatIsChosenInItsClosedList) {
   EXPECT_EQ(text("select", "AXRole"), "AXPopUpButton");
-  EXPECT_EQ(text("select", "AXValue"), "Salt");
+  EXPECT_EQ(text("select", "AXValue"), "salt");
+}
+
+TEST_P(Select, GetsTheKeysForItsOpenListAndIsNewsOnlyWhenItCloses) {
+  const auto select = application_.reference("select");
+  const auto application = elements_.session.applications.of(select.busName);
+  EXPECT_EQ(followedAfter("salt"), select);
+  EXPECT_EQ(application->focus.open(), select);
+  chosen_ = "tea";
+  EXPECT_EQ(followedAfter("tea"), select);
+  EXPECT_EQ(followedAfter("select"), select);
+  EXPECT_TRUE(application->focus.open().isNull());
+  const auto former = application->takeFormerValue(select);
+  ASSERT_TRUE(former);
+  EXPECT_EQ(std::get<std::string>(*former), "salt");
+  EXPECT_FALSE(application->takeFormerValue(select));
 }
 
 TEST_P(Web, ClicksWhatALabelTicksButNotALinkInIt) {
@@ -117,8 +150,10 @@ TEST_P(Web, ClicksWhatALabelTicksButNotALinkInIt) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Browsers, Web, testing::Values(std::pair("Chromium", "156.0"), std::pair("Gecko", "153.0")),
-                         [](const auto& browser) { return std::string(browser.param.first); });
+constexpr auto browserName = [](const auto& browser) { return std::string(browser.param.first); };
+const auto browsers = testing::Values(std::pair("Chromium", "156.0"), std::pair("Gecko", "153.0"));
+INSTANTIATE_TEST_SUITE_P(Browsers, Web, browsers, browserName);
+INSTANTIATE_TEST_SUITE_P(Browsers, Select, browsers, browserName);
 
 }  // namespace
 }  // namespace norra::linux_desktop
