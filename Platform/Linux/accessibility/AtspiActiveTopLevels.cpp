@@ -15,9 +15,9 @@ constexpr std::chrono::milliseconds pauseBetweenSearches{500};
 constexpr std::uint64_t firstLookMicroseconds = 100'000;
 constexpr std::uint64_t lastLookMicroseconds = 3'200'000;
 constexpr std::uint64_t pauseBeforeAskingAgain = 100'000;
-constexpr int mostChecks = 50;
-constexpr std::size_t mostTold = 32;
-constexpr std::size_t mostApplications = 128;
+constexpr int maxChecks = 50;
+constexpr std::size_t maxTold = 32;
+constexpr std::size_t maxApplications = 128;
 constexpr Asks asks{Ask::role, Ask::states, Ask::name};
 
 bool isTopLevel(const AtspiFacts& facts) { return rowOf(static_cast<AtspiRole>(facts.role)).name.role == "AXWindow"; }
@@ -53,9 +53,9 @@ std::unique_ptr<Registration> AtspiActiveTopLevels::follow(std::function<void()>
 }
 
 void AtspiActiveTopLevels::told(const AtspiEvent& event) {
-  checksLeft_ = mostChecks;
+  checksLeft_ = maxChecks;
   settling_.request();
-  if (event.detail1 == 0 || told_.size() >= mostTold) return;
+  if (event.detail1 == 0 || told_.size() >= maxTold) return;
   std::erase(told_, event.source);
   told_.push_back(event.source);
 }
@@ -115,7 +115,7 @@ AtspiReference AtspiActiveTopLevels::lastActive(const std::vector<AtspiReference
 std::vector<AtspiReference> AtspiActiveTopLevels::allTopLevels() {
   auto& reader = session_.reader();
   const ElementView desktop(reader, AtspiReference{"org.a11y.atspi.Registry", AtspiReference::rootPath});
-  const auto applications = firstChildren(desktop, mostApplications);
+  const auto applications = firstChildren(desktop, maxApplications);
   std::vector<AtspiQuestion> questions;
   for (const auto& application : applications) questions.push_back({application, Asks{Ask::childCount, Ask::children}});
   reader.read(questions);

@@ -14,12 +14,12 @@ using std::chrono::milliseconds;
 // Browsers find what lies at a place only a moment after they were asked for it, and some menus highlight only what is
 // pressed.
 constexpr std::array pauses{milliseconds(0), milliseconds(10), milliseconds(20)};
-constexpr int mostLevelsOfNumber = 3;
+constexpr int maxLevelsOfNumber = 3;
 
 // A number that changes at the press gets the focus with it, and is followed only afterwards.
 void noteNumber(const ElementView& pressed) {
   auto at = pressed.reference();
-  for (int level = 0; level < mostLevelsOfNumber && !at.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsOfNumber && !at.isNull(); ++level) {
     const auto view = pressed.other(at);
     if (view.role() == AtspiRole::spinButton) {
       const auto content = contentOf(view).value;

@@ -16,12 +16,12 @@ namespace {
 constexpr std::uint32_t labelFor = 1;
 constexpr std::uint32_t labelledBy = 2;
 // How far above a label the labelled element is looked for.
-constexpr int mostLevelsOfALabel = 3;
+constexpr int maxLevelsOfALabel = 3;
 // How far above what is written into it a combo box lies.
-constexpr int mostLevelsInComboBox = 2;
+constexpr int maxLevelsInComboBox = 2;
 // Where a text is looked for in an element without a name.
-constexpr std::size_t mostParts = 6;
-constexpr int mostLevelsOfParts = 3;
+constexpr std::size_t maxParts = 6;
+constexpr int maxLevelsOfParts = 3;
 
 constexpr std::array namedByTheirParts{AtspiRole::checkBox,     AtspiRole::listItem,  AtspiRole::pushButton,
                                        AtspiRole::radioButton,  AtspiRole::tableCell, AtspiRole::tableRow,
@@ -54,7 +54,7 @@ std::string_view firstHalf(std::string_view name) {
 }
 
 AtspiReference labelBeside(const ElementView& view) {
-  const auto siblings = firstChildren(view.other(view.need(Ask::parent).parent), mostParts);
+  const auto siblings = firstChildren(view.other(view.need(Ask::parent).parent), maxParts);
   std::vector<AtspiQuestion> questions;
   for (const auto& sibling : siblings) questions.push_back({sibling, {Ask::role, Ask::relations}});
   view.reader().read(questions);
@@ -80,7 +80,7 @@ AtspiReference labelOf(const ElementView& view) {
   auto label = firstLabel(view);
   if (!label.isNull() || !is(view.role(), RoleKind::field)) return label;
   auto above = view.need(Ask::parent).parent;
-  for (int level = 0; level < mostLevelsInComboBox && !above.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsInComboBox && !above.isNull(); ++level) {
     const auto around = view.other(above);
     if (around.role() == AtspiRole::comboBox) return firstLabel(around);
     if (!is(around.role(), RoleKind::mereContainer)) return {};
@@ -94,7 +94,7 @@ bool isOwnPart(const ElementView& view, const AtspiReference& label) {
   if (label == view.reference()) return true;
   if (!view.toolkit().isLabelledByOwnParts) return false;
   auto above = label;
-  for (int i = 0; i < mostLevelsOfALabel && !above.isNull(); ++i) {
+  for (int i = 0; i < maxLevelsOfALabel && !above.isNull(); ++i) {
     above = view.other(above).need(Ask::parent).parent;
     if (above == view.reference()) return true;
   }
@@ -104,7 +104,7 @@ bool isOwnPart(const ElementView& view, const AtspiReference& label) {
 // What is around an element is not its label, although Qt says so of the box of a group.
 bool isAround(const ElementView& view, const AtspiReference& label) {
   auto above = view.need(Ask::parent).parent;
-  for (int i = 0; i < mostLevelsOfALabel && !above.isNull(); ++i) {
+  for (int i = 0; i < maxLevelsOfALabel && !above.isNull(); ++i) {
     if (above == label) return true;
     above = view.other(above).need(Ask::parent).parent;
   }
@@ -126,14 +126,14 @@ bool isShownText(const ElementView& part) {
 }
 
 bool showsText(const ElementView& view, int level = 0) {
-  const auto parts = firstChildren(view, mostParts);
+  const auto parts = firstChildren(view, maxParts);
   std::vector<AtspiQuestion> questions;
   for (const auto& part : parts) questions.push_back({part, view.generalAsks() | Ask::childCount});
   view.reader().read(questions);
   return std::ranges::any_of(parts, [&](const auto& reference) {
     const auto part = view.other(reference);
     if (isShownText(part)) return true;
-    return level < mostLevelsOfParts && is(part.role(), RoleKind::mereContainer) && showsText(part, level + 1);
+    return level < maxLevelsOfParts && is(part.role(), RoleKind::mereContainer) && showsText(part, level + 1);
   });
 }
 

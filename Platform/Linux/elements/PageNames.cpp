@@ -15,8 +15,8 @@ namespace {
 enum class Relation : std::uint8_t { labelledBy = 2, describedBy = 18 };
 
 constexpr std::string_view embedded = "\uFFFC";  // stands in a text for another element
-constexpr std::size_t mostParts = 16;
-constexpr int mostLevels = 4;
+constexpr std::size_t maxParts = 16;
+constexpr int maxLevels = 4;
 
 constexpr std::array fields{AtspiRole::comboBox, AtspiRole::listBox, AtspiRole::slider, AtspiRole::spinButton};
 constexpr std::array partsOfTexts{AtspiRole::paragraph, AtspiRole::section, AtspiRole::staticText};
@@ -34,7 +34,7 @@ bool isPage(const ElementView& view) {
 // A page may make an editor of elements that are not editable and take the keys itself.
 bool liesInTextArea(const ElementView& view) {
   auto at = view.reference();
-  for (int level = 0; level < mostLevels && !at.isNull(); ++level) {
+  for (int level = 0; level < maxLevels && !at.isNull(); ++level) {
     const auto& facts = view.other(at).needOnly(Asks{Ask::role, Ask::states, Ask::parent});
     const auto role = static_cast<AtspiRole>(facts.role);
     if (is(role, RoleKind::field) && hasState(facts.states, AtspiState::multiLine)) return level > 0;
@@ -62,7 +62,7 @@ bool holdsEditor(const ElementView& view) {
 
 // The elements that stand in the text as one character each. Mere texts may be among the children too.
 std::vector<AtspiReference> embeddedIn(const ElementView& view) {
-  auto children = firstChildren(view, mostParts);
+  auto children = firstChildren(view, maxParts);
   if (!view.toolkit().listsMereTexts) return children;
   std::vector<AtspiQuestion> questions;
   for (const auto& child : children) questions.push_back({child, view.generalAsks()});
@@ -75,7 +75,7 @@ std::vector<AtspiReference> embeddedIn(const ElementView& view) {
 }
 
 std::string textWithoutFields(const ElementView& view, int level = 0) {
-  if (level > mostLevels || isFieldOfPage(view) || !view.has(AtspiInterface::text)) return {};
+  if (level > maxLevels || isFieldOfPage(view) || !view.has(AtspiInterface::text)) return {};
   if (level > 0 && holdsEditor(view)) return {};
   std::string text = view.need(Ask::wholeText).wholeText;
   if (text.find(embedded) == std::string::npos) return text;

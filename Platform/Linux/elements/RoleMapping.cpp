@@ -10,8 +10,8 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr int mostLevelsInRadioGroup = 8;
-constexpr std::size_t mostPartsOfComboBox = 4;
+constexpr int maxLevelsInRadioGroup = 8;
+constexpr std::size_t maxPartsOfComboBox = 4;
 
 bool isMenuOpener(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::hasPopup); }
 
@@ -62,7 +62,7 @@ bool isTypedInto(const AtspiFacts& facts, const RoleSurroundings& surroundings) 
 
 // Right in the combo box, or in what only keeps its parts in line.
 bool holdsField(const ElementView& view, int levels) {
-  return std::ranges::any_of(firstChildren(view, mostPartsOfComboBox), [&](const auto& child) {
+  return std::ranges::any_of(firstChildren(view, maxPartsOfComboBox), [&](const auto& child) {
     const auto part = view.other(child);
     const bool isInside = levels > 0 && is(part.role(), RoleKind::mereContainer) && holdsField(part, levels - 1);
     return isInside || is(part.role(), RoleKind::field);
@@ -76,7 +76,7 @@ bool mayHoldRadioButtons(AtspiRole role) { return role == AtspiRole::panel || ro
 bool holdsPointedRadioButton(const ElementView& view) {
   auto current = view.reader().pointed();
   bool isHeld = false;
-  for (int level = 0; level < mostLevelsInRadioGroup && !current.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsInRadioGroup && !current.isNull(); ++level) {
     if (current == view.reference()) return isHeld;
     const auto inside = view.other(current);
     const bool meansNothing = inside.role() == AtspiRole::filler || inside.role() == AtspiRole::label;

@@ -13,13 +13,13 @@ namespace norra::linux_desktop {
 namespace {
 
 // An element with more children than this is not asked for all of them.
-constexpr std::size_t mostChildrenAtOnce = 200;
+constexpr std::size_t maxChildrenAtOnce = 200;
 // So many are taken of an element with more.
-constexpr std::size_t mostChildrenOfMany = 50;
+constexpr std::size_t maxChildrenOfMany = 50;
 // Names are looked for in the first children, so these are read together.
 constexpr std::size_t childrenReadAhead = 3;
-constexpr std::size_t mostUnlistedChildren = 4;
-constexpr int mostLevels = 64;
+constexpr std::size_t maxUnlistedChildren = 4;
+constexpr int maxLevels = 64;
 
 bool isRoot(const AtspiReference& reference) { return reference.path == AtspiReference::rootPath; }
 
@@ -86,18 +86,18 @@ AtspiReference childAt(const ElementView& view, std::size_t index) {
 
 std::vector<AtspiReference> fewChildren(const ElementView& view) {
   view.needOnly(Asks{Ask::childCount, Ask::children});
-  return firstChildren(view, mostChildrenAtOnce);
+  return firstChildren(view, maxChildrenAtOnce);
 }
 
 std::vector<AtspiReference> firstChildren(const ElementView& view, std::size_t limit) {
   const auto count = view.needOnly(Ask::childCount).childCount;
   if (count <= 0) return {};
   const auto number = static_cast<std::size_t>(count);
-  if (number > std::min(limit, mostChildrenAtOnce)) return childrenByIndex(view, std::min(limit, number));
+  if (number > std::min(limit, maxChildrenAtOnce)) return childrenByIndex(view, std::min(limit, number));
   const auto& facts = view.needOnly(Ask::children);
   // What another process puts into a window is no child that is listed.
   if (facts.answered(Ask::children) && facts.children.empty())
-    return childrenByIndex(view, std::min(number, mostUnlistedChildren));
+    return childrenByIndex(view, std::min(number, maxUnlistedChildren));
   auto children = facts.children;
   std::erase_if(children, [](const auto& child) { return child.isNull(); });
   return children;
@@ -114,8 +114,8 @@ AttributeResult childrenOf(const ElementView& view) {
   // A page below its tab does not belong to it.
   if (view.role() == AtspiRole::pageTab && view.toolkit().putsPagesBelowTabs) return noValue();
   const auto count = view.needOnly(Ask::childCount).childCount;
-  const bool hasMany = count > static_cast<std::int64_t>(mostChildrenAtOnce);
-  const auto children = firstChildren(view, hasMany ? mostChildrenOfMany : mostChildrenAtOnce);
+  const bool hasMany = count > static_cast<std::int64_t>(maxChildrenAtOnce);
+  const auto children = firstChildren(view, hasMany ? maxChildrenOfMany : maxChildrenAtOnce);
   std::vector<ElementKey> elements;
   for (const auto& child : children) {
     if (elements.size() < childrenReadAhead) view.reader().expect(child, view.generalAsks());
@@ -126,7 +126,7 @@ AttributeResult childrenOf(const ElementView& view) {
 
 AttributeResult windowOf(const ElementView& view) {
   auto above = view.need(Ask::parent).parent;
-  for (int i = 0; i < mostLevels && !above.isNull() && !isRoot(above); ++i) {
+  for (int i = 0; i < maxLevels && !above.isNull() && !isRoot(above); ++i) {
     const auto next = view.other(above);
     if (mappedRole(next).role == "AXWindow") return elementNamed(above);
     above = next.need(Ask::parent).parent;

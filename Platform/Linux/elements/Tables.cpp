@@ -12,9 +12,9 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::int64_t mostColumns = 256;
-constexpr std::int64_t mostCellsOfARow = 64;
-constexpr std::int64_t mostSelected = 64;
+constexpr std::int64_t maxColumns = 256;
+constexpr std::int64_t maxCellsOfARow = 64;
+constexpr std::int64_t maxSelected = 64;
 constexpr std::int64_t fewestColumnsOfSpreadsheet = 256;
 
 struct CellPlace {
@@ -79,7 +79,7 @@ std::vector<AtspiReference> callsForIndices(const ElementView& view, const char*
 std::vector<AtspiReference> selectedElements(const ElementView& container) {
   const auto count = container.need(Ask::selectedChildCount).selectedChildCount;
   return callsForIndices(container, atspi::selection, "GetSelectedChild",
-                         std::clamp<std::int64_t>(count, 0, mostSelected));
+                         std::clamp<std::int64_t>(count, 0, maxSelected));
 }
 
 std::vector<AtspiReference> selectedOfRole(const ElementView& container, std::string_view role) {
@@ -129,14 +129,14 @@ AttributeResult partsOf(const ElementView& view, AtspiPart::Kind kind, const std
 AttributeResult childrenAtSelectedRows(const ElementView& list) {
   std::vector<AtspiCall> calls;
   for (const auto row : list.need(Ask::selectedRows).selectedRows) {
-    if (calls.size() >= mostSelected) break;
+    if (calls.size() >= maxSelected) break;
     calls.push_back(childCall(list.reference(), row));
   }
   return elementsNamed(referencesIn(list.reader().exchange(calls)));
 }
 
 AttributeResult cellsOfRow(const ElementView& view, std::int32_t row) {
-  const auto count = std::clamp<std::int64_t>(view.need(Ask::columnCount).columnCount, 0, mostCellsOfARow);
+  const auto count = std::clamp<std::int64_t>(view.need(Ask::columnCount).columnCount, 0, maxCellsOfARow);
   std::vector<AtspiCall> calls;
   for (std::int32_t column = 0; column < count; ++column) {
     calls.push_back({view.reference(), atspi::table, "GetAccessibleAt", {row, column}});
@@ -210,7 +210,7 @@ std::optional<ElementKey> madeUpRowOf(const ElementView& view) {
 
 AttributeResult columnsOf(const ElementView& view) {
   if (!view.has(AtspiInterface::table)) return unsupported();
-  const auto count = std::clamp<std::int64_t>(view.need(Ask::columnCount).columnCount, 0, mostColumns);
+  const auto count = std::clamp<std::int64_t>(view.need(Ask::columnCount).columnCount, 0, maxColumns);
   std::vector<std::int32_t> indices;
   for (std::int32_t i = 0; i < count; ++i) indices.push_back(i);
   return partsOf(view, AtspiPart::Kind::column, indices);

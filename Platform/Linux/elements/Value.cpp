@@ -19,8 +19,8 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::int32_t mostActions = 16;
-constexpr std::size_t mostChildrenOfAComboBox = 4;
+constexpr std::int32_t maxActions = 16;
+constexpr std::size_t maxChildrenOfAComboBox = 4;
 constexpr double largestExactInteger = 9007199254740992.0;
 
 using namespace std::string_view_literals;
@@ -88,7 +88,7 @@ AttributeResult contentOfComboBox(const ElementView& view) {
   if (view.toolkit().namesComboBoxesByTheirValue) return textOrNoValue(view.need(Ask::name).name);
   auto content = view.has(AtspiInterface::text) ? textValue(view) : noValue();
   if (!isEmpty(content) || view.hasState(AtspiState::editable)) return content;
-  for (const auto& child : firstChildren(view, mostChildrenOfAComboBox)) {
+  for (const auto& child : firstChildren(view, maxChildrenOfAComboBox)) {
     auto part = contentOfPart(view.other(child));
     if (part.error == axError::success) return part;
   }
@@ -157,7 +157,7 @@ std::vector<std::string> ownActionNames(const ElementView& view) {
   Asks asks{Ask::actionCount, Ask::firstActionName};
   if (view.toolkit().actionsReadAhead > 1) asks |= Ask::secondActionName;
   const auto& facts = view.need(asks);
-  const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(facts.actionCount, 0, mostActions));
+  const auto count = static_cast<std::int32_t>(std::clamp<std::int64_t>(facts.actionCount, 0, maxActions));
   if (count == 0 || isClassAction(facts.firstActionName)) return {};
   std::vector<std::string> names{facts.firstActionName};
   if (count > 1 && facts.answered(Ask::secondActionName)) names.push_back(facts.secondActionName);

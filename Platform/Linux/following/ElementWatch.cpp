@@ -65,7 +65,7 @@ void ElementWatch::listenToSelection() {
     selectionEvents_.push_back(events_.subscribe(std::move(kind), [this](const AtspiEvent& event) {
       if (event.source == element_)
         isSelectionDue_ = true;
-      else if (changedItems_.size() < SelectedItems::mostItems)
+      else if (changedItems_.size() < SelectedItems::maxItems)
         changedItems_.push_back(event.source);
       changes_.request();
     }));

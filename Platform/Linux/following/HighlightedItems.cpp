@@ -5,7 +5,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::size_t mostItems = 16;
+constexpr std::size_t maxItems = 16;
 
 }  // namespace
 
@@ -20,7 +20,7 @@ void HighlightedItems::add(const AtspiReference& item, const AtspiRectangle& pla
                            TimePoint now) {
   const bool isFirst = items_.empty() || items_.front().owner != owner || !items_.front().isThere(now);
   items_.push_front({item, place, owner, now, isFirst, std::nullopt});
-  if (items_.size() > mostItems) items_.pop_back();
+  if (items_.size() > maxItems) items_.pop_back();
 }
 
 void HighlightedItems::left(std::string_view busName, TimePoint now) {

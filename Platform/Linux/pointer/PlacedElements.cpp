@@ -11,7 +11,7 @@ namespace {
 constexpr int maxLevels = 40;
 constexpr std::size_t maxChildren = 64;
 constexpr std::int64_t maxColumns = 64;
-constexpr std::size_t mostCellsInARow = 16;
+constexpr std::size_t maxCellsInARow = 16;
 constexpr std::int32_t nowhere = -2147483647;
 
 Ask askFor(Coordinates coordinates) { return coordinates == Coordinates::ofScreen ? Ask::extents : Ask::windowExtents; }
@@ -130,7 +130,7 @@ std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinate
   return placed(view, fewChildren(view), coordinates);
 }
 
-AtspiReference childAtHeight(const ElementView& list, CGPoint point, std::size_t mostInARow) {
+AtspiReference childAtHeight(const ElementView& list, CGPoint point, std::size_t maxInARow) {
   std::size_t first = 0;
   const auto count = static_cast<std::size_t>(std::max<std::int64_t>(0, list.needOnly(Ask::childCount).childCount));
   auto end = count;
@@ -144,7 +144,7 @@ AtspiReference childAtHeight(const ElementView& list, CGPoint point, std::size_t
       first = middle + 1;
     }
   }
-  for (auto index = first; index < std::min(count, first + mostInARow); ++index) {
+  for (auto index = first; index < std::min(count, first + maxInARow); ++index) {
     auto child = childAt(list, index);
     const auto place = placeOf(list, child);
     if (!place || point.y < place->y) return {};
@@ -186,7 +186,7 @@ AtspiReference deeperByPlace(const ElementView& answer, CGPoint point) {
   if (facts.childCount == 0 || !mayHoldMore(answer.role())) return answer.reference();
   if (!is(answer.role(), RoleKind::tableLike)) return deepestByPlace(answer, point, Coordinates::ofScreen);
   auto part = headerAt(answer, point);
-  if (part.isNull()) part = hasMany(answer) ? childAtHeight(answer, point, mostCellsInARow) : cellAt(answer, point);
+  if (part.isNull()) part = hasMany(answer) ? childAtHeight(answer, point, maxCellsInARow) : cellAt(answer, point);
   return part.isNull() ? answer.reference() : part;
 }
 

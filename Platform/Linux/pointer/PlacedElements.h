@@ -27,7 +27,7 @@ std::vector<PlacedElement> fewPlacedChildren(const ElementView& view, Coordinate
 
 /// The child at a point where the children lie one below the other, or in rows of so many at the most, found in a
 /// number of waves that grows with the logarithm of their number; null: none.
-AtspiReference childAtHeight(const ElementView& list, CGPoint point, std::size_t mostInARow = 1);
+AtspiReference childAtHeight(const ElementView& list, CGPoint point, std::size_t maxInARow = 1);
 
 /// The deepest element at a point, `view` itself if none of its children is there. Later children lie above earlier
 /// ones. A child that does not say where it is, is looked into.

@@ -15,8 +15,8 @@ namespace {
 
 using std::chrono::steady_clock;
 
-constexpr std::size_t mostMissing = 256;
-constexpr int mostLevelsOfControl = 3;
+constexpr std::size_t maxMissing = 256;
+constexpr int maxLevelsOfControl = 3;
 
 bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
   return window.overrideRedirect && toolkit.popoversAreWindows;
@@ -177,7 +177,7 @@ AtspiReference PointedElement::pressedAt(CGPoint place) {
 // A control that shows an image and a text is pressed on one of them.
 AtspiReference PointedElement::controlAround(const AtspiReference& pressed) {
   auto current = pressed;
-  for (int level = 0; level < mostLevelsOfControl && !current.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsOfControl && !current.isNull(); ++level) {
     const auto& facts = session_.reader().known(current);
     const auto role = static_cast<AtspiRole>(facts.role);
     if (is(role, RoleKind::control)) return current;
@@ -228,7 +228,7 @@ std::string PointedElement::whyNothing(const std::optional<WindowOnScreen>& wind
 // Its elements cannot be read, which is logged once for each process.
 void PointedElement::noteMissing(const WindowOnScreen& window) {
   const std::lock_guard lock(mutex_);
-  if (missing_.size() >= mostMissing || !missing_.insert(window.process).second) return;
+  if (missing_.size() >= maxMissing || !missing_.insert(window.process).second) return;
   platformLogger().info("The application of window '" + window.title + "' (process " + std::to_string(window.process) +
                         ") is not on the accessibility bus: its elements cannot be read. If it supports "
                         "accessibility, start it again");

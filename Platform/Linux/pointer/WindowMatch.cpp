@@ -10,18 +10,18 @@ namespace norra::linux_desktop {
 namespace {
 
 // A menu or another pop-up may have no accessible of its own, and must not be taken for what lies below it.
-constexpr double mostDistanceOfPopUp = 100;
-constexpr double mostDistanceOfPopover = 80;
-constexpr int mostLevelsOfPopover = 16;
+constexpr double maxDistanceOfPopUp = 100;
+constexpr double maxDistanceOfPopover = 80;
+constexpr int maxLevelsOfPopover = 16;
 // Of one that says nothing of its place.
 constexpr double unknownDistance = 1e6;
 
 constexpr double leastScale = 0.5;
-constexpr double mostScale = 5;
+constexpr double maxScale = 5;
 constexpr double leastDifferenceOfScales = 0.09;
-constexpr double mostDistortion = 0.03;
+constexpr double maxDistortion = 0.03;
 // Where screens begin is scaled by some and not by others.
-constexpr double mostDistanceByScreens = 50;
+constexpr double maxDistanceByScreens = 50;
 
 struct Fit {
   double distance = unknownDistance;
@@ -38,7 +38,7 @@ Fit fitAt(const AtspiRectangle& place, const ScreenRectangle& window, double sca
   if (coordinates == Coordinates::ofWindow) return {size, {scale}};
   const auto offset = std::abs(place.x * scale - window.x) + std::abs(place.y * scale - window.y);
   if (scale == 1) return {size + offset, {}};
-  return {size + std::min(offset, mostDistanceByScreens),
+  return {size + std::min(offset, maxDistanceByScreens),
           {scale, {place.x - window.x / scale, place.y - window.y / scale}}};
 }
 
@@ -47,9 +47,9 @@ std::vector<double> likelyScales(const AtspiRectangle& place, const ScreenRectan
   std::vector<double> scales{1};
   const auto across = window.width / place.width;
   const auto down = window.height / place.height;
-  if (across < leastScale || across > mostScale) return scales;
+  if (across < leastScale || across > maxScale) return scales;
   if (std::lround(across) > 1 && std::lround(across) == std::lround(down)) scales.push_back(std::round(across));
-  const bool isScale = std::abs(across - 1) >= leastDifferenceOfScales && std::abs(across / down - 1) < mostDistortion;
+  const bool isScale = std::abs(across - 1) >= leastDifferenceOfScales && std::abs(across / down - 1) < maxDistortion;
   if (isScale && coordinates == Coordinates::ofScreen) scales.push_back(across);
   return scales;
 }
@@ -92,7 +92,7 @@ std::vector<RankedCandidate> candidatesFor(const ElementView& root, const Window
     if (!hasState(one.states, AtspiState::visible)) continue;
     const auto place = one.place ? one.place : placeOfContent(root.other(one.reference));
     const auto fit = place ? fitOf(*place, window, root) : Fit{};
-    if (window.overrideRedirect && fit.distance > mostDistanceOfPopUp) continue;
+    if (window.overrideRedirect && fit.distance > maxDistanceOfPopUp) continue;
     const bool isActive = hasState(one.states, AtspiState::active);
     candidates.push_back({{one.reference, fit.pixels, isActive}, fit.distance, false});
   }
@@ -142,9 +142,9 @@ OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window) {
 // The keyboard focus went into it.
 AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
   AtspiReference best;
-  double bestDistance = mostDistanceOfPopover;
+  double bestDistance = maxDistanceOfPopover;
   auto current = root.application().focus.lastArrival();
-  for (int level = 0; level < mostLevelsOfPopover && !current.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsOfPopover && !current.isNull(); ++level) {
     const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
     if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
     const auto difference = fitAt(facts.windowExtents, window.client, 1, Coordinates::ofWindow).distance;

@@ -14,8 +14,8 @@ using std::chrono::steady_clock;
 // Properties that came late to the protocol: an application that does not know them for one element never will.
 constexpr Asks lateProperties{Ask::accessibleId, Ask::helpText};
 
-constexpr std::size_t mostKept = 64;
-constexpr std::size_t mostFormerParents = 4096;
+constexpr std::size_t maxKept = 64;
+constexpr std::size_t maxFormerParents = 4096;
 
 bool isSilent(const AtspiFacts& facts) {
   return facts.asked.has(Ask::role) && facts.error(Ask::role) == axError::cannotComplete;
@@ -114,7 +114,7 @@ std::vector<AtspiReply> AtspiReader::read(std::span<const AtspiQuestion> questio
 }
 
 void AtspiReader::keep(const AtspiReference& element, KeptFor purpose) {
-  if (kept_.size() >= mostKept) kept_.clear();
+  if (kept_.size() >= maxKept) kept_.clear();
   kept_.insert_or_assign(element, Kept{facts_[element], purpose});
   kept_[element].facts.isFormer = true;
 }
@@ -137,7 +137,7 @@ void AtspiReader::take(const Asking& asking, const AtspiReply& reply) {
 }
 
 void AtspiReader::rememberParent(const AtspiReference& element, const AtspiReference& parent) {
-  if (formerParents_.size() >= mostFormerParents) formerParents_.clear();
+  if (formerParents_.size() >= maxFormerParents) formerParents_.clear();
   formerParents_.insert_or_assign(element, parent);
 }
 

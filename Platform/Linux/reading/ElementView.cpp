@@ -6,7 +6,7 @@ namespace {
 // What is read of an element above the one that was clicked, unless it turns out to matter.
 constexpr Asks ancestorAsks{Ask::role, Ask::parent};
 constexpr Asks expectedAsks{Ask::role, Ask::parent, Ask::states};
-constexpr int mostExpectedAncestors = 5;
+constexpr int maxExpectedAncestors = 5;
 
 bool endsSearchAt(const AtspiFacts& facts) {
   return facts.asked.has(Ask::role) && endsSearch(static_cast<AtspiRole>(facts.role));
@@ -60,7 +60,7 @@ void ElementView::expectAncestors() const {
   if (!reader_.isOnPath(reference_) || endsSearchAt(reader_.known(reference_))) return;
   bool isControlSought = isOfKind(reader_.known(reference_), RoleKind::partOfControl);
   auto ancestor = reader_.likelyParent(reference_);
-  for (int i = 0; i < mostExpectedAncestors && !ancestor.isNull(); ++i) {
+  for (int i = 0; i < maxExpectedAncestors && !ancestor.isNull(); ++i) {
     const auto& known = reader_.known(ancestor);
     const bool isControl = isControlSought && isOfKind(known, RoleKind::control);
     const bool isPage = static_cast<AtspiRole>(known.role) == AtspiRole::documentWeb;

@@ -5,20 +5,20 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::size_t mostUnlost = 8;
-constexpr std::size_t mostArrivals = 8;
+constexpr std::size_t maxUnlost = 8;
+constexpr std::size_t maxArrivals = 8;
 
 }  // namespace
 
 void FocusMemory::noteArrival(const AtspiReference& element) {
   const std::lock_guard lock(mutex_);
-  if (arrived_.size() == mostArrivals) arrived_.erase(arrived_.begin());
+  if (arrived_.size() == maxArrivals) arrived_.erase(arrived_.begin());
   arrived_.push_back(element);
   lastArrived_ = element;
   arrivedAt_ = std::chrono::steady_clock::now();
   std::erase(unlost_, element);
   unlost_.push_front(element);
-  if (unlost_.size() > mostUnlost) unlost_.pop_back();
+  if (unlost_.size() > maxUnlost) unlost_.pop_back();
 }
 
 AtspiReference FocusMemory::noteLoss(const AtspiReference& element) {

@@ -9,7 +9,7 @@ void SelectedItems::note(const AtspiReference& container, const AtspiReference& 
   auto& items = itemsOf(container).items;
   if (std::ranges::find(items, item) != items.end()) return;
   items.push_back(item);
-  if (items.size() > mostItems) items.pop_front();
+  if (items.size() > maxItems) items.pop_front();
 }
 
 std::vector<AtspiReference> SelectedItems::notedIn(const AtspiReference& container) const {

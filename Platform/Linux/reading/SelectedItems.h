@@ -13,7 +13,7 @@ namespace norra::linux_desktop {
 /// Any thread.
 class SelectedItems {
  public:
-  static constexpr std::size_t mostItems = 64;
+  static constexpr std::size_t maxItems = 64;
   static constexpr std::size_t maxContainers = 8;
 
   /// The item of the container is selected, or was.

@@ -17,7 +17,7 @@ constexpr int maxLevelsInDropDown = 8;
 
 // What a drop-down shows of what is chosen.
 constexpr std::string_view nameOfChosen = "GtkListItemWidget";
-constexpr std::size_t mostPartsOfDropDown = 4;
+constexpr std::size_t maxPartsOfDropDown = 4;
 
 // It has no other elements with this role than search fields.
 RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
@@ -27,7 +27,7 @@ RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surrou
 }
 
 std::string shownText(const ElementView& view, bool isInChosen, int levels) {
-  for (const auto& child : firstChildren(view, mostPartsOfDropDown)) {
+  for (const auto& child : firstChildren(view, maxPartsOfDropDown)) {
     const auto part = view.other(child);
     const auto& name = part.need(Ask::name).name;
     if (isInChosen && part.role() == AtspiRole::label) return name;

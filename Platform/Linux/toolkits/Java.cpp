@@ -12,7 +12,7 @@ namespace {
 
 using Children = std::vector<PlacedElement>;
 
-constexpr int mostLevelsInPopup = 8;
+constexpr int maxLevelsInPopup = 8;
 
 // All that is drawn by a renderer is a label.
 AtspiRole trueRole(const AtspiFacts& facts) {
@@ -33,7 +33,7 @@ struct Popup {
 Popup popupAround(const ElementView& found) {
   auto& reader = found.reader();
   auto current = found.reference();
-  for (int level = 0; level < mostLevelsInPopup && !current.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsInPopup && !current.isNull(); ++level) {
     const auto& facts = reader.known(current);
     const auto inside = std::ranges::find_if(facts.children, [&](const auto& child) {
       return static_cast<AtspiRole>(reader.known(child).role) == AtspiRole::popupMenu;
@@ -94,7 +94,7 @@ AtspiReference closed(AtspiReader& reader, const AtspiReference& found) {
   auto outermost = found;
   auto current = found;
   bool isInPopup = false;
-  for (int level = 0; level < mostLevelsInPopup && !current.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsInPopup && !current.isNull(); ++level) {
     const auto role = static_cast<AtspiRole>(reader.known(current).role);
     if (role == AtspiRole::menu || (role == AtspiRole::comboBox && isInPopup)) outermost = current;
     isInPopup |= role == AtspiRole::popupMenu;

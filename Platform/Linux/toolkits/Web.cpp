@@ -10,7 +10,7 @@ namespace norra::linux_desktop {
 namespace {
 
 constexpr std::uint32_t labelFor = 1;
-constexpr int mostLevelsInLabel = 3;
+constexpr int maxLevelsInLabel = 3;
 // Unlike what is told to an element above, or nowhere.
 constexpr std::string_view ownClick = "click";
 
@@ -104,7 +104,7 @@ AtspiReference whatIsLabelledBy(const ElementView& label) {
 // What is ticked by a click on its label. Null: the element lies in none, or in that of something else.
 AtspiReference tickedByLabel(const ElementView& hit) {
   auto at = hit.reference();
-  for (int level = 0; level < mostLevelsInLabel && !at.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsInLabel && !at.isNull(); ++level) {
     const auto view = hit.other(at);
     if (is(view.role(), RoleKind::checkable) || is(view.role(), RoleKind::control)) return {};
     if (view.role() == AtspiRole::label) {
@@ -137,7 +137,7 @@ AtspiReference tickedByUnlistedLabel(const ElementView& hit, const PointedAt& at
   auto focused = at.focusedByPress();
   if (focused.isNull() || !is(hit.other(focused).role(), RoleKind::checkable)) return {};
   auto above = focused;
-  for (int level = 0; level < mostLevelsInLabel; ++level) {
+  for (int level = 0; level < maxLevelsInLabel; ++level) {
     above = hit.other(above).need(Ask::parent).parent;
     if (above == hit.reference()) return focused;
   }

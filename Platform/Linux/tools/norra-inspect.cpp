@@ -19,7 +19,7 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr int mostLevels = 12;
+constexpr int maxLevels = 12;
 constexpr int wrongUse = 2;
 
 constexpr const char* usage =
@@ -183,7 +183,7 @@ bool inspect(const Target& target, WindowsOnScreen& windows) {
   auto element = find(target, handles);
   const bool isThere = element.has_value();
   meter.lap();
-  for (int level = 0; element && level < mostLevels; ++level) {
+  for (int level = 0; element && level < maxLevels; ++level) {
     std::printf("%d\n", level);
     print(*element, meter);
     element = parentOf(*element);

@@ -18,7 +18,7 @@ constexpr const char* scriptName = "norra-collector";
 constexpr const char* ownerRule =
     "type='signal',sender='org.freedesktop.DBus',path='/org/freedesktop/DBus',interface='org.freedesktop.DBus',"
     "member='NameOwnerChanged',arg0='org.kde.KWin'";
-constexpr int mostTries = 5;
+constexpr int maxTries = 5;
 constexpr std::uint64_t pauseBetweenTries = 100'000;  // microseconds
 constexpr std::uint64_t patienceMicroseconds = 250'000;
 
@@ -87,7 +87,7 @@ std::unique_ptr<Registration> KWinWindows::follow(std::function<void()> changed)
 }
 
 void KWinWindows::begin() {
-  triesLeft_ = mostTries;
+  triesLeft_ = maxTries;
   load();
 }
 

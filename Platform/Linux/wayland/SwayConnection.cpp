@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::array<char, 6> magic{'i', '3', '-', 'i', 'p', 'c'};
 constexpr timeval patience{.tv_sec = 0, .tv_usec = 250'000};
-constexpr std::uint32_t mostBytes = 16 << 20;
+constexpr std::uint32_t maxBytes = 16 << 20;
 
 struct [[gnu::packed]] Header {
   std::array<char, 6> magic;
@@ -55,7 +55,7 @@ bool SwayConnection::receiveAll(void* buffer, std::size_t size) {
 
 std::optional<SwayReply> SwayConnection::receive() {
   Header header{};
-  if (!receiveAll(&header, sizeof(header)) || header.magic != magic || header.size > mostBytes) return std::nullopt;
+  if (!receiveAll(&header, sizeof(header)) || header.magic != magic || header.size > maxBytes) return std::nullopt;
   SwayReply reply{static_cast<SwayMessage>(header.kind), std::string(header.size, '\0')};
   if (!receiveAll(reply.payload.data(), header.size)) return std::nullopt;
   return reply;

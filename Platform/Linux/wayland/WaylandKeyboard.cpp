@@ -12,7 +12,7 @@ namespace {
 
 // Key codes of X, and with them of layouts, begin later than those of the kernel.
 constexpr xkb_keycode_t firstKeycode = 8;
-constexpr std::uint32_t mostBytes = 4 << 20;
+constexpr std::uint32_t maxBytes = 4 << 20;
 
 xkb_mod_mask_t maskOf(xkb_keymap* keymap, const char* modifier) {
   const auto index = xkb_keymap_mod_get_index(keymap, modifier);
@@ -38,7 +38,7 @@ struct WaylandKeyboard::Listeners {
   }
   static void seatName(void*, wl_seat*, const char*) {}
   static void keymap(void* self, wl_keyboard*, std::uint32_t format, std::int32_t descriptor, std::uint32_t size) {
-    const bool isText = format == WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1 && size > 0 && size <= mostBytes;
+    const bool isText = format == WL_KEYBOARD_KEYMAP_FORMAT_XKB_V1 && size > 0 && size <= maxBytes;
     void* const text = isText ? mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor, 0) : MAP_FAILED;
     close(descriptor);
     if (text == MAP_FAILED) return;

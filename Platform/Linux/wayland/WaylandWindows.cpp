@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "Platform/Linux/display/PointerPress.h"
+#include "Platform/Linux/display/WindowsOnScreen.h"
 
 namespace norra::linux_desktop {
 namespace {

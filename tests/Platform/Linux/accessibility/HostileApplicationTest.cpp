@@ -11,9 +11,9 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr int mostAncestors = 20;
+constexpr int maxAncestors = 20;
 // For all attributes of an element, of its ancestors and of their first children.
-constexpr int mostCalls = 2'000;
+constexpr int maxCalls = 2'000;
 
 std::string wordOf(const testing::TestParamInfo<HostileFault>& fault) {
   std::string word = fault.param.name;
@@ -40,7 +40,7 @@ class HostileApplication : public testing::TestWithParam<HostileFault> {
 
   // copyAttributeNames reads every attribute.
   void readWithAncestors(std::optional<AXUIElement> element) {
-    for (int level = 0; element && level < mostAncestors; ++level) {
+    for (int level = 0; element && level < maxAncestors; ++level) {
       element->primitives().copyAttributeNames();
       element->primitives().copyActionNames();
       element = elementIn(*element, "AXParent");
@@ -72,7 +72,7 @@ TEST_P(HostileApplication, CostsBoundedlyManyCallsAndHarmsNoOther) {
     elements_.epoch.begin();
     readWithAncestors(clicked());
     readWithAncestors(elementIn(elements_.handles.systemWide(), "AXFocusedUIElement"));
-    EXPECT_LT(elements_.session.shared.statistics.reads - before, mostCalls);
+    EXPECT_LT(elements_.session.shared.statistics.reads - before, maxCalls);
     elements_.epoch.begin();
     EXPECT_EQ(nameOfTheInnocent(), "Save");
   }
