@@ -5,12 +5,25 @@
 #include "Platform/Linux/accessibility/WindowElement.h"
 
 namespace norra::linux_desktop {
+namespace {
+
+// An element that was found to have the focus, not told of, is not asked whether it still has it: it may have lost it
+// by what the user does now.
+std::optional<AXUIElement> picturedIn(ProcessIdentifier process, FocusPicture* picture, Focus& focus) {
+  const auto focused = picture ? picture->focused() : AtspiReference{};
+  if (focused.isNull() || focus.settle(focused.busName) != focused) return std::nullopt;
+  auto element = picture->of(focused);
+  return element && element->primitives().getPid().value == process ? element : std::nullopt;
+}
+
+}  // namespace
 
 AXResult<AXAttributeValue> AtspiSystemWideElement::copyAttributeValue(std::string_view attribute) const {
   if (attribute != "AXFocusedUIElement") return {axError::attributeUnsupported, {}};
   focus_.lastInput().noteKey();  // nothing else asks for it
   auto window = windows_.windowOfInput();
   if (!window || window->process == 0) return {axError::noValue, {}};
+  if (auto known = picturedIn(window->process, pictures_.focused, focus_)) return {axError::success, *std::move(known)};
   const auto focused = focus_.of(window->process);
   if (!focused.isNull()) return {axError::success, pictured(focused)};
   return {axError::success, AXUIElement(std::make_shared<WindowElement>(handles(), *std::move(window)))};

@@ -35,6 +35,8 @@ class FocusPicture {
   /// The element, as it was before the application acted on what the user does now. Nothing: it is not known. Reads
   /// nothing.
   std::optional<AXUIElement> of(const AtspiReference& focused);
+  /// Of which there is, or will be, a picture; null: of none.
+  const AtspiReference& focused() const { return focused_; }
 
  private:
   class Use;
