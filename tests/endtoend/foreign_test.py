@@ -148,11 +148,6 @@ class Keyboards(Foreign):
         for toolkit in TOOLKITS[:2]:
             self.show(*toolkit, GTK_IM_MODULE="ibus", QT_IM_MODULE="ibus")
             self.expect_typed("Ship", "Gull", SHIP)
-            hands.key("ctrl+shift+u")
-            for key in ("e", "9", "Return"):
-                self.application.ask("idle", None)
-                hands.key(key)
-            self.expect_among({**SHIP, "newValue": "Gullé"})
 
 
 class Hands(Foreign):
