@@ -66,13 +66,16 @@ SwayTree readSwayTree(std::string_view json) {
 /// A connection of its own, on which events arrive.
 class SwayWindows::Following final : public Registration {
  public:
-  Following(sd_event* event, std::unique_ptr<SwayConnection> connection, std::function<void()> changed)
-      : connection_(std::move(connection)), changed_(std::move(changed)) {
+  Following(SwayWindows& windows, std::function<void()> changed)
+      : windows_(windows), connection_(SwayConnection::open(windows.socketPath_)), changed_(std::move(changed)) {
     if (!connection_ || !connection_->send(SwayMessage::subscribe, R"(["window","workspace"])")) return;
     sd_event_source* source = nullptr;
-    require(sd_event_add_io(event, &source, connection_->descriptor(), POLLIN, onInput, this), "sd_event_add_io");
+    require(sd_event_add_io(windows.event_, &source, connection_->descriptor(), POLLIN, onInput, this),
+            "sd_event_add_io");
     source_.reset(source);
+    windows_.setFollowed(true);
   }
+  ~Following() override { windows_.setFollowed(false); }
 
  private:
   static int onInput(sd_event_source*, int, std::uint32_t, void* self) noexcept {
@@ -82,6 +85,7 @@ class SwayWindows::Following final : public Registration {
 
   void receive() {
     const auto event = connection_->receive();
+    windows_.setFollowed(event.has_value());
     if (!event) {
       platformLogger().error("The compositor tells no more of its windows");
       return source_.reset();
@@ -90,6 +94,7 @@ class SwayWindows::Following final : public Registration {
     if (event->kind == SwayMessage::windowEvent || event->kind == SwayMessage::workspaceEvent) changed();
   }
 
+  SwayWindows& windows_;
   const std::unique_ptr<SwayConnection> connection_;
   const std::function<void()> changed_;
   EventSourcePtr source_;
@@ -103,12 +108,26 @@ std::unique_ptr<SwayWindows> SwayWindows::open(sd_event* event) {
 }
 
 std::unique_ptr<Registration> SwayWindows::follow(std::function<void()> changed) {
-  return std::make_unique<Following>(event_, SwayConnection::open(socketPath_), std::move(changed));
+  return std::make_unique<Following>(*this, std::move(changed));
 }
 
-// An answer that was late would be taken for the next one, so after a failure there is another connection.
+void SwayWindows::setFollowed(bool isFollowed) {
+  const std::lock_guard lock(mutex_);
+  isFollowed_ = isFollowed;
+  latest_.reset();
+}
+
 SwayTree SwayWindows::tree() {
   const std::lock_guard lock(mutex_);
+  if (latest_) return *latest_;
+  auto tree = askTree();
+  if (isFollowed_ && connection_) latest_ = tree;
+  return tree;
+}
+
+// With the lock held. An answer that was late would be taken for the next one, so after a failure there is another
+// connection.
+SwayTree SwayWindows::askTree() {
   if (!connection_) connection_ = SwayConnection::open(socketPath_);
   if (!connection_) return {};
   const auto reply = connection_->send(SwayMessage::getTree) ? connection_->receive() : std::nullopt;

@@ -37,11 +37,17 @@ class SwayWindows final : public Compositor {
   SwayWindows(sd_event* event, std::string socketPath, std::unique_ptr<SwayConnection> connection)
       : event_(event), socketPath_(std::move(socketPath)), connection_(std::move(connection)) {}
   SwayTree tree();
+  SwayTree askTree();
+  void setFollowed(bool isFollowed);
 
   sd_event* const event_;
   const std::string socketPath_;
   std::mutex mutex_;
-  std::unique_ptr<SwayConnection> connection_;  // guarded by mutex_; null: lost
+
+  // Guarded by mutex_.
+  std::unique_ptr<SwayConnection> connection_;  // null: lost
+  bool isFollowed_ = false;                     // and told of every change
+  std::optional<SwayTree> latest_;              // of which nothing has changed since; while it is followed
 };
 
 }  // namespace norra::linux_desktop
