@@ -150,11 +150,17 @@ std::string nameFromContent(const ElementView& view) {
   return withoutNeedlessBlanks(withoutListMark(text));
 }
 
+bool isClickableText(const ElementView& view) {
+  return view.role() == AtspiRole::section && mappedRole(view).role == "AXButton";
+}
+
 }  // namespace
 
 std::string nameInPage(const ElementView& view) {
   const auto& name = view.need(Ask::name).name;
   if (view.role() == AtspiRole::label) return nameFromContent(view);
+  if (name.empty() && isClickableText(view))
+    return isWritten(view) ? "" : withoutNeedlessBlanks(textWithoutFields(view));
   if (name.empty() || isPage(view)) return name;
   if (attributeOf(view, "explicit-name") == "true") return isNamedByField(view) ? std::string() : name;
   return is(view.role(), RoleKind::field) ? name : nameFromContent(view);

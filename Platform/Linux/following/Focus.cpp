@@ -126,6 +126,16 @@ bool isOfOpenList(const ElementView& focused, const AtspiReference& followed) {
          (is(focused.role(), RoleKind::item) || is(focused.role(), RoleKind::itemContainer));
 }
 
+// A browser may show the list in a window with a nameless combo box of its own. Then it belongs to the one that has the
+// focus. Null: it belongs to none that is known.
+AtspiReference ownerOfOpenList(const ElementView& item) {
+  auto owner = comboBoxOf(item);
+  if (owner.isNull() || !item.other(owner).need(Ask::name).name.empty()) return owner;
+  auto followed = item.application().focus.followed();
+  const bool isComboBox = !followed.isNull() && item.other(followed).role() == AtspiRole::comboBox;
+  return isComboBox ? followed : AtspiReference{};
+}
+
 // What it holds is decided when its list closes.
 void followOpen(const ElementView& comboBox) {
   auto& application = comboBox.application();
@@ -189,7 +199,7 @@ void Focus::look(const ElementView& arrived, const std::vector<AtspiReference>& 
   } else if (isItemOfMenu(arrived)) {
     if (saysPlaceOnScreen(arrived)) rememberHighlight(arrived);
     // While its list is open, the keys are for the combo box.
-    if (const auto owner = comboBoxOf(arrived); !owner.isNull()) followOpen(arrived.other(owner));
+    if (const auto owner = ownerOfOpenList(arrived); !owner.isNull()) followOpen(arrived.other(owner));
   } else {
     const auto followed = followedElement(arrived);
     const auto holder = holderBeside(arrived, followed, burst);

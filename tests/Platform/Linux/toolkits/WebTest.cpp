@@ -101,7 +101,7 @@ class Select : public Web {
       application_.set(name, {.role = number(AtspiRole::menuItem), .name = name, .parent = "list"});
     }
     application_.answer("GetSelectedChild", [this](sd_bus_message* call) {
-      const auto chosen = application_.reference(chosen_);
+      const auto chosen = application_.reference(chosen_.load());
       return sd_bus_reply_method_return(call, "(so)", chosen.busName.c_str(), chosen.path.c_str());
     });
   }
