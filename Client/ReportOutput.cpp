@@ -1,3 +1,4 @@
+
 #include "Client/ReportOutput.h"
 
 #include <cerrno>

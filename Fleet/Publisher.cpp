@@ -4,7 +4,7 @@
 #include <cstring>
 #include <utility>
 
-#include "Fleet/StampedReport.h"
+#include "Fleet/Messages.h"
 
 namespace norra::fleet {
 namespace {

@@ -13,8 +13,8 @@
 #include <unordered_map>
 
 #include "Fleet/BrokerConnection.h"
+#include "Fleet/Messages.h"
 #include "Fleet/Spool.h"
-#include "Fleet/Topics.h"
 
 namespace norra::fleet {
 

@@ -1,3 +1,4 @@
+
 #include "NorraLogging/NorraOSLogger.h"
 
 #include <array>

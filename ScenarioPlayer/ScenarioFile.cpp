@@ -1,3 +1,4 @@
+
 #include "ScenarioPlayer/ScenarioFile.h"
 
 #include "ScenarioPlayer/DesktopReading.h"

@@ -4,13 +4,11 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
 #include "Platform/Simulated/Desktop.h"
-
-#include <string_view>
-
 #include "ScenarioPlayer/JsonCursor.h"
 
 namespace norra::scenario {

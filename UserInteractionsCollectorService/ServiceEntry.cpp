@@ -1,3 +1,4 @@
+
 #include "UserInteractionsCollectorService/ServiceEntry.h"
 
 #include "NorraLogging/NorraOSLogger.h"

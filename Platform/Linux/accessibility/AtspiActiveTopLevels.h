@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "Platform/Linux/atspi/AtspiEvents.h"
-#include "Platform/Linux/display/ActiveTopLevels.h"
+#include "Platform/Linux/display/DisplayServer.h"
 #include "Platform/Linux/reading/AtspiSession.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
 

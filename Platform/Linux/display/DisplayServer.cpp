@@ -1,3 +1,4 @@
+
 #include "Platform/Linux/display/DisplayServer.h"
 
 #include "Platform/Linux/runtime/PlatformLogger.h"

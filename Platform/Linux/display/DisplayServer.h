@@ -2,20 +2,40 @@
 // has a folder of its own, which gives one function that opens it.
 #pragma once
 
+#include <atomic>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <string>
 
+#include "Platform/Accessibility.h"
 #include "Platform/EventTap.h"
-#include "Platform/Linux/display/ActiveTopLevels.h"
 #include "Platform/Linux/display/KeyTranslator.h"
 #include "Platform/Linux/display/WindowsOnScreen.h"
 #include "Platform/Linux/runtime/ClickTimes.h"
+#include "Platform/Registration.h"
 #include "Platform/Workspace.h"
 
-#include <atomic>
-#include <string>
-
 namespace norra::linux_desktop {
+
+/// What the accessibility bus says of the window that a person works in, for display servers that do not say it all.
+struct ActiveTopLevel {
+  /// Tells windows apart.
+  std::uint32_t identity = 0;
+  ProcessIdentifier process = 0;
+  std::string title;
+};
+
+class ActiveTopLevels {
+ public:
+  virtual ~ActiveTopLevels() = default;
+  /// The one that its application calls active, and called so when it was asked. Nothing: none does. Any thread; comes
+  /// within a bound.
+  virtual std::optional<ActiveTopLevel> active() = 0;
+  /// Calls `changed`, until the result is let go, when another one may be active. One at a time; main thread.
+  [[nodiscard]] virtual std::unique_ptr<Registration> follow(std::function<void()> changed) = 0;
+};
 
 /// What a display server can tell now.
 struct DisplayFacts {

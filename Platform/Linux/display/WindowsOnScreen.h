@@ -5,14 +5,13 @@
 // window's application.
 #pragma once
 
+#include <cmath>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
 #include "Platform/Accessibility.h"
-
-#include <cmath>
-#include <functional>
 
 namespace norra::linux_desktop {
 

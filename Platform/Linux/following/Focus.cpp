@@ -126,16 +126,6 @@ bool isOfOpenList(const ElementView& focused, const AtspiReference& followed) {
          (is(focused.role(), RoleKind::item) || is(focused.role(), RoleKind::itemContainer));
 }
 
-// A browser may show the list in a window with a nameless combo box of its own. Then it belongs to the one that has the
-// focus. Null: it belongs to none that is known.
-AtspiReference ownerOfOpenList(const ElementView& item) {
-  auto owner = comboBoxOf(item);
-  if (owner.isNull() || !item.other(owner).need(Ask::name).name.empty()) return owner;
-  auto followed = item.application().focus.followed();
-  const bool isComboBox = !followed.isNull() && item.other(followed).role() == AtspiRole::comboBox;
-  return isComboBox ? followed : AtspiReference{};
-}
-
 // What it holds is decided when its list closes.
 void followOpen(const ElementView& comboBox) {
   auto& application = comboBox.application();
@@ -168,6 +158,14 @@ void noteSelected(const ElementView& focused, const AtspiReference& followed) {
 }
 
 }  // namespace
+
+AtspiReference ownerOfOpenList(const ElementView& item) {
+  auto owner = comboBoxOf(item);
+  if (owner.isNull() || !item.other(owner).need(Ask::name).name.empty()) return owner;
+  auto followed = item.application().focus.followed();
+  const bool isComboBox = !followed.isNull() && item.other(followed).role() == AtspiRole::comboBox;
+  return isComboBox ? followed : AtspiReference{};
+}
 
 AtspiReference activeWindowOf(const ElementView& root) {
   const auto children = shownChildren(root);

@@ -57,6 +57,10 @@ class Focus {
   LastInput lastInput_;
 };
 
+/// The combo box that an item of an open list belongs to. A browser may show the list in a window with a nameless combo
+/// box of its own; then it is the one that has the focus. Null: it belongs to none that is known.
+AtspiReference ownerOfOpenList(const ElementView& item);
+
 /// The top-level of an application that is active; null: none.
 AtspiReference activeWindowOf(const ElementView& root);
 

@@ -143,7 +143,7 @@ AtspiReference PointedElement::optionOfPage(const WindowOnScreen& window, CGPoin
 
 AtspiReference PointedElement::noted(AtspiReference found) {
   session_.reader().notePointed(found);
-  const auto comboBox = found.isNull() || !isItemOfMenu(view(found)) ? AtspiReference{} : comboBoxOf(view(found));
+  const auto comboBox = found.isNull() || !isItemOfMenu(view(found)) ? AtspiReference{} : ownerOfOpenList(view(found));
   if (!comboBox.isNull()) view(comboBox).application().noteChosen(comboBox);
   return found;
 }

@@ -1,3 +1,4 @@
+
 #include "Platform/Linux/runtime/SessionBus.h"
 
 #include <poll.h>

@@ -1,3 +1,4 @@
+
 #include "Platform/Linux/service/BusConnection.h"
 
 #include <utility>

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "Fleet/Topics.h"
+#include "Fleet/Messages.h"
 
 namespace norra::fleet {
 namespace {
