@@ -39,8 +39,9 @@ WayToAsk WayToAsk::named(const std::string& toolkit) {
 
 Target findTarget(Place onScreen, const WayToAsk& way) {
   auto connection = X11Connection::open();
-  if (!connection) throw std::runtime_error("no X server");
-  X11Windows windows(std::move(connection));
+  auto forPlaces = X11Connection::open();
+  if (!connection || !forPlaces) throw std::runtime_error("no X server");
+  X11Windows windows(std::move(connection), std::move(forPlaces));
   const NothingKept epoch;
   AtspiSession session(epoch, toolkitNamed);
   Focus focus(session);
