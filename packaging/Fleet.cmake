@@ -8,8 +8,10 @@ function(fleet_files destination)
 endfunction()
 
 configure_file(${fleet}/norra-fleet ${made_here}/norra-fleet @ONLY)
+# Written when the prefix is known.
 foreach(unit norra-fleet norra-fleet-notice norra-fleet-broker)
-  configure_file(${fleet}/${unit}.service.in ${made_here}/${unit}.service @ONLY)
+  install(CODE "configure_file(\"${fleet}/${unit}.service.in\" \"${made_here}/${unit}.service\" @ONLY)"
+    COMPONENT fleet EXCLUDE_FROM_ALL)
 endforeach()
 
 install(TARGETS norra-publish RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT fleet EXCLUDE_FROM_ALL)
