@@ -62,16 +62,16 @@ AtspiReference searchFocused(const ElementView& window) {
   return best;
 }
 
-// The button in a combo box of GTK is part of it; in GTK 4 with something between them.
-AtspiReference withoutOwnButton(const ElementView& button) {
+// The box that the button or the field is a part of, in GTK 4 with something between them; else the part itself.
+AtspiReference boxAround(const ElementView& part, AtspiRole box) {
   constexpr int maxLevels = 2;
-  auto above = button.need(Ask::parent).parent;
+  auto above = part.need(Ask::parent).parent;
   for (int level = 0; level < maxLevels && !above.isNull(); ++level) {
-    const auto view = button.other(above);
-    if (view.role() == AtspiRole::comboBox) return above;
+    const auto view = part.other(above);
+    if (view.role() == box) return above;
     above = view.need(Ask::parent).parent;
   }
-  return button.reference();
+  return part.reference();
 }
 
 // The list, table or tree that an item lies in; null: it is no item of one.
@@ -84,17 +84,6 @@ AtspiReference containerOf(const ElementView& item) {
     above = container.need(Ask::parent).parent;
   }
   return {};
-}
-
-AtspiReference spinButtonAround(const ElementView& field) {
-  constexpr int maxLevels = 2;
-  auto above = field.need(Ask::parent).parent;
-  for (int level = 0; level < maxLevels && !above.isNull(); ++level) {
-    const auto view = field.other(above);
-    if (view.role() == AtspiRole::spinButton) return above;
-    above = view.need(Ask::parent).parent;
-  }
-  return field.reference();
 }
 
 // The list of an open drop-down belongs to it, wherever it is on the screen. Null: it is no such list.
@@ -112,9 +101,9 @@ AtspiReference dropDownAround(const ElementView& list) {
 // What is followed while the element has the focus.
 AtspiReference followedElement(const ElementView& focused) {
   const bool isButton = focused.role() == AtspiRole::toggleButton || focused.role() == AtspiRole::pushButton;
-  if (isButton) return withoutOwnButton(focused);
+  if (isButton) return boxAround(focused, AtspiRole::comboBox);
   const bool mayBeInSpinButton = focused.toolkit().putsFieldsIntoSpinButtons && focused.role() == AtspiRole::text;
-  if (mayBeInSpinButton) return spinButtonAround(focused);
+  if (mayBeInSpinButton) return boxAround(focused, AtspiRole::spinButton);
   auto container = is(focused.role(), RoleKind::itemContainer) ? focused.reference() : containerOf(focused);
   if (container.isNull()) return focused.reference();
   auto dropDown = dropDownAround(focused.other(container));
