@@ -10,8 +10,13 @@ namespace {
 // What an application needs to carry out what the user did.
 constexpr std::uint64_t pauseAfterInputMicroseconds = 100'000;
 
-// Others are called by what stays, or by a value that they tell of.
-bool isCalledByWhatItDoes(AtspiRole role) { return is(role, RoleKind::control) || role == AtspiRole::comboBox; }
+// Of what they are called by themselves, controls tell. Others are called by what stays, or by a value that they tell
+// of.
+bool mayBeCalledOtherwiseUntold(const AtspiFacts& facts) {
+  const auto role = static_cast<AtspiRole>(facts.role);
+  const bool isAllItShows = facts.answered(Ask::childCount) && facts.childCount == 0 && !facts.name.empty();
+  return role == AtspiRole::comboBox || (is(role, RoleKind::control) && !isAllItShows);
+}
 
 }  // namespace
 
@@ -30,7 +35,7 @@ FocusPicture::FocusPicture(AtspiSession& session, const ElementHandles& handles,
       handles_(handles),
       events_(events),
       rehearse_(std::move(rehearse)),
-      change_(events.loop(), [this] { takeAnew(); }) {}
+      change_(events.loop(), [this] { takeIfRenamed(); }) {}
 
 std::unique_ptr<Registration> FocusPicture::use() { return std::make_unique<Use>(*this); }
 
@@ -40,7 +45,7 @@ void FocusPicture::endUse() {
 
 void FocusPicture::follow(const AtspiReference& focused) {
   focused_ = focused;
-  isCalledByWhatItDoes_ = false;
+  mayBeCalledOtherwiseUntold_ = false;
   picture_.reset();
   element_.reset();
   if (focused.isNull()) return names_.reset();
@@ -54,11 +59,20 @@ void FocusPicture::take(const AtspiReference& focused) {
   if (focused.isNull()) return;
   auto picture = std::make_shared<Picture>(Picture::Changing::kept);
   AXUIElement element(std::make_shared<PicturedElement>(session_, picture, handles_.element(focused)));
+  session_.reader().expect(focused, Ask::childCount);
   if (!rehearse_(element)) return;
   picture->finish();
-  isCalledByWhatItDoes_ = isCalledByWhatItDoes(static_cast<AtspiRole>(session_.reader().known(focused).role));
+  const auto& facts = session_.reader().known(focused);
+  mayBeCalledOtherwiseUntold_ = mayBeCalledOtherwiseUntold(facts);
+  name_ = is(static_cast<AtspiRole>(facts.role), RoleKind::control) ? facts.name : std::string();
   picture_ = std::move(picture);
   element_ = std::move(element);
+}
+
+// What has no name of its own is called by what it holds.
+void FocusPicture::takeIfRenamed() {
+  const bool isNamed = picture_ && !name_.empty();
+  if (!isNamed || session_.reader().read(focused_, Ask::name).name != name_) take(focused_);
 }
 
 void FocusPicture::noteValue(const AtspiReference& element) {
@@ -72,7 +86,7 @@ void FocusPicture::noteValue(const AtspiReference& element) {
 }
 
 void FocusPicture::noteInput() {
-  if (isCalledByWhatItDoes_) change_.requestAfter(pauseAfterInputMicroseconds);
+  if (mayBeCalledOtherwiseUntold_) change_.requestAfter(pauseAfterInputMicroseconds);
 }
 
 std::optional<AXUIElement> FocusPicture::of(const AtspiReference& focused) {

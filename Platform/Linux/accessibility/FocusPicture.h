@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "Platform/Linux/accessibility/ElementHandles.h"
 #include "Platform/Linux/accessibility/Picture.h"
@@ -41,7 +42,7 @@ class FocusPicture {
  private:
   class Use;
   void follow(const AtspiReference& focused);
-  void takeAnew() { take(focused_); }
+  void takeIfRenamed();
   void endUse();
 
   AtspiSession& session_;
@@ -52,7 +53,8 @@ class FocusPicture {
   AtspiReference focused_;
   std::shared_ptr<Picture> picture_;    // null: the element has not answered
   std::optional<AXUIElement> element_;  // as it shows it
-  bool isCalledByWhatItDoes_ = false;
+  std::string name_;                    // of a control, that it gave itself; else empty
+  bool mayBeCalledOtherwiseUntold_ = false;
   std::unique_ptr<Registration> names_;
   DeferredRun change_;
 };

@@ -60,7 +60,8 @@ AXResult<AXAttributeValue> PicturedElement::recall(std::string_view attribute) c
 
 bool PicturedElement::isAskedAnew(std::string_view attribute) const {
   if (picture_->changing() == Picture::Changing::kept) return false;
-  if (attribute == "AXSelected" || attribute == "AXFocused" || attribute == "AXSelectedCells") return true;
+  if (attribute == "AXFocused") return !hasRole({"AXStaticText", "AXHeading", "AXImage"});
+  if (attribute == "AXSelected" || attribute == "AXSelectedCells") return true;
   return attribute == "AXValue" && hasRole({"AXCheckBox", "AXComboBox", "AXSlider"});
 }
 

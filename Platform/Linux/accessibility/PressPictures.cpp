@@ -19,7 +19,9 @@ constexpr int maxLevelsOfNumber = 3;
 // A number that changes at the press gets the focus with it, and is followed only afterwards.
 void noteNumber(const ElementView& pressed) {
   auto at = pressed.reference();
-  for (int level = 0; level < maxLevelsOfNumber && !at.isNull(); ++level) {
+  for (int level = 0; level < maxLevelsOfNumber; ++level) {
+    if (level > 0) at = pressed.other(at).need(Ask::parent).parent;
+    if (at.isNull()) return;
     const auto view = pressed.other(at);
     if (view.role() == AtspiRole::spinButton) {
       const auto content = contentOf(view).value;
@@ -27,7 +29,6 @@ void noteNumber(const ElementView& pressed) {
       if (number && view.application().focus.followed() != at) view.application().noteFormerValue(at, *number);
       return;
     }
-    at = view.need(Ask::parent).parent;
   }
 }
 

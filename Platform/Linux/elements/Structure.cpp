@@ -55,8 +55,8 @@ AtspiReference withoutControlAround(const ElementView& view, const AtspiReferenc
   const auto above = view.other(parent);
   if (view.toolkit().keepsExpandersInBoxes) return withoutBoxOfExpander(view, above);
   const auto isAroundContent = view.toolkit().isAroundContent;
-  if (!isAroundContent) return parent;
-  if (!isAroundContent(above.need({Ask::role, Ask::states}))) return parent;
+  const bool mayBe = isAroundContent && is(above.role(), RoleKind::control);
+  if (!mayBe || !isAroundContent(above.need(Ask::states))) return parent;
   const bool isItsLabel = view.role() == AtspiRole::label && view.need(Ask::name).name == above.need(Ask::name).name;
   return isItsLabel ? parent : above.need(Ask::parent).parent;
 }

@@ -182,8 +182,9 @@ AtspiReference headerAt(const ElementView& table, CGPoint point) {
 }
 
 AtspiReference deeperByPlace(const ElementView& answer, CGPoint point) {
-  const auto& facts = answer.need({Ask::role, Ask::childCount});
-  if (facts.childCount == 0 || !mayHoldMore(answer.role())) return answer.reference();
+  const auto likely = answer.reader().likelyRole(answer.reference());
+  answer.need(likely && !mayHoldMore(*likely) ? Asks{Ask::role} : Asks{Ask::role, Ask::childCount});
+  if (!mayHoldMore(answer.role()) || answer.needOnly(Ask::childCount).childCount == 0) return answer.reference();
   if (!is(answer.role(), RoleKind::tableLike)) return deepestByPlace(answer, point, Coordinates::ofScreen);
   auto part = headerAt(answer, point);
   if (part.isNull()) part = hasMany(answer) ? childAtHeight(answer, point, maxCellsInARow) : cellAt(answer, point);

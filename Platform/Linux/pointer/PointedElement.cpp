@@ -158,9 +158,7 @@ AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
   windows_.notePress(place);
   pressTime_ = steady_clock::now();
   if (!place) return {};
-  auto pressed = pressedAt(*place);
-  if (!pressed.isNull() && view(pressed).toolkit().saysPlacesOnScreen) session_.reader().expect(pressed, Ask::extents);
-  return pressed;
+  return pressedAt(*place);
 }
 
 AtspiReference PointedElement::pressedAt(CGPoint place) {

@@ -15,7 +15,7 @@ using std::chrono::steady_clock;
 constexpr Asks lateProperties{Ask::accessibleId, Ask::helpText};
 
 constexpr std::size_t maxKept = 64;
-constexpr std::size_t maxFormerParents = 4096;
+constexpr std::size_t maxFormer = 4096;
 
 bool isSilent(const AtspiFacts& facts) {
   return facts.asked.has(Ask::role) && facts.error(Ask::role) == axError::cannotComplete;
@@ -35,7 +35,7 @@ void AtspiReader::enter() {
   if (isSameEvent && generation == generation_) return;
   if (std::exchange(generation_, generation) != generation) {
     kept_.clear();
-    formerParents_.clear();
+    former_.clear();
   }
   currentEpoch_ = epoch;
   forget();
@@ -74,7 +74,9 @@ const Toolkit& AtspiReader::toolkitOf(const AtspiReference& element) const {
 void AtspiReader::correctRole(const AtspiReference& element) {
   const auto& toolkit = toolkitOf(element);
   auto& facts = facts_[element];
-  if (toolkit.trueRole && facts.answered(Ask::role)) facts.role = static_cast<std::uint32_t>(toolkit.trueRole(facts));
+  if (!facts.answered(Ask::role)) return;
+  if (toolkit.trueRole) facts.role = static_cast<std::uint32_t>(toolkit.trueRole(facts));
+  formerOf(element).role = static_cast<AtspiRole>(facts.role);
 }
 
 const AtspiFacts& AtspiReader::read(const AtspiReference& element, Asks asks) {
@@ -130,22 +132,29 @@ void AtspiReader::restoreIfSilent(const AtspiReference& element) {
 void AtspiReader::take(const Asking& asking, const AtspiReply& reply) {
   auto& facts = facts_[asking.element];
   store(asking.ask, reply, facts);
-  if (asking.ask == Ask::parent && reply.message) rememberParent(asking.element, facts.parent);
+  if (asking.ask == Ask::parent && reply.message) formerOf(asking.element).parent = facts.parent;
   if (reply.error == axError::failure && lateProperties.has(asking.ask)) {
     if (const auto application = applications_.find(asking.element.busName)) application->noteUnknown(asking.ask);
   }
 }
 
-void AtspiReader::rememberParent(const AtspiReference& element, const AtspiReference& parent) {
-  if (formerParents_.size() >= maxFormerParents) formerParents_.clear();
-  formerParents_.insert_or_assign(element, parent);
+AtspiReader::Former& AtspiReader::formerOf(const AtspiReference& element) {
+  if (former_.size() >= maxFormer) former_.clear();
+  return former_[element];
 }
 
 AtspiReference AtspiReader::likelyParent(const AtspiReference& element) const {
   const auto facts = facts_.find(element);
   if (facts != facts_.end() && facts->second.answered(Ask::parent)) return facts->second.parent;
-  const auto former = formerParents_.find(element);
-  return former != formerParents_.end() ? former->second : AtspiReference{};
+  const auto former = former_.find(element);
+  return former != former_.end() ? former->second.parent : AtspiReference{};
+}
+
+std::optional<AtspiRole> AtspiReader::likelyRole(const AtspiReference& element) const {
+  const auto facts = facts_.find(element);
+  if (facts != facts_.end() && facts->second.answered(Ask::role)) return static_cast<AtspiRole>(facts->second.role);
+  const auto former = former_.find(element);
+  return former != former_.end() ? former->second.role : std::nullopt;
 }
 
 void AtspiReader::noteParent(const AtspiReference& element, const AtspiReference& parent) {
@@ -153,7 +162,7 @@ void AtspiReader::noteParent(const AtspiReference& element, const AtspiReference
   facts.parent = parent;
   facts.asked |= Ask::parent;
   facts.errors[static_cast<std::size_t>(Ask::parent)] = axError::success;
-  rememberParent(element, parent);
+  formerOf(element).parent = parent;
 }
 
 AtspiReply AtspiReader::call(AtspiCall call) {

@@ -100,6 +100,8 @@ class AtspiReader {
   bool isOnPath(const AtspiReference& element) const { return path_.contains(element); }
   /// The parent, if it is known, else the one that it had when it was last asked for. Null: no idea.
   AtspiReference likelyParent(const AtspiReference& element) const;
+  /// The role in the same way. Nothing: no idea.
+  std::optional<AtspiRole> likelyRole(const AtspiReference& element) const;
 
   /// The element that the event is about: the one under the pointer. It is where the path begins. Null: none.
   void notePointed(const AtspiReference& element);
@@ -146,7 +148,11 @@ class AtspiReader {
   std::vector<Asking> open(std::span<const AtspiQuestion> questions);
   void take(const Asking& asking, const AtspiReply& reply);
   void restoreIfSilent(const AtspiReference& element);
-  void rememberParent(const AtspiReference& element, const AtspiReference& parent);
+  struct Former {
+    AtspiReference parent;
+    std::optional<AtspiRole> role;
+  };
+  Former& formerOf(const AtspiReference& element);
 
   AtspiConnection connection_;
   AtspiApplications& applications_;
@@ -164,7 +170,7 @@ class AtspiReader {
 
   // Of all epochs: of elements that may go, and a mere hint of what to ask for.
   std::unordered_map<AtspiReference, Kept, AtspiReferenceHash> kept_;
-  std::unordered_map<AtspiReference, AtspiReference, AtspiReferenceHash> formerParents_;
+  std::unordered_map<AtspiReference, Former, AtspiReferenceHash> former_;
 };
 
 }  // namespace norra::linux_desktop

@@ -5,14 +5,17 @@ namespace {
 
 // What is read of an element above the one that was clicked, unless it turns out to matter.
 constexpr Asks ancestorAsks{Ask::role, Ask::parent};
-constexpr Asks expectedAsks{Ask::role, Ask::parent, Ask::states};
 constexpr int maxExpectedAncestors = 5;
 
-bool endsSearchAt(const AtspiFacts& facts) {
-  return facts.asked.has(Ask::role) && endsSearch(static_cast<AtspiRole>(facts.role));
+bool endsSearchAt(std::optional<AtspiRole> role) { return role && endsSearch(*role); }
+
+// Of one that turns out to be more than that, its states are needed.
+Asks expectedAsks(std::optional<AtspiRole> role) {
+  const bool mayBeMore = !role || is(*role, RoleKind::statesDecide);
+  return mayBeMore ? ancestorAsks | Ask::states : ancestorAsks;
 }
 
-bool isOfKind(const AtspiFacts& facts, RoleKind kind) { return is(static_cast<AtspiRole>(facts.role), kind); }
+bool isOfKind(std::optional<AtspiRole> role, RoleKind kind) { return role && is(*role, kind); }
 
 }  // namespace
 
@@ -21,7 +24,7 @@ const AtspiFacts& ElementView::need(Asks asks) const {
   if ((asks - known.asked).isEmpty()) return known;
   const bool isPassedBy = known.asked.has(Ask::role) && (asks - ancestorAsks).isEmpty();
   if (!isPassedBy) asks |= generalAsks();
-  if (!isPassedBy && reader_.isOnPath(reference_)) asks |= asksOnPath(known);
+  if (!isPassedBy && reader_.isOnPath(reference_)) asks |= asksOnPath(reader_.likelyRole(reference_));
   if (known.asked.has(Ask::interfaces)) asks |= detailAsks(known);
   expectAncestors();
   return reader_.read(reference_, asks);
@@ -35,11 +38,10 @@ Asks ElementView::generalAsks() const {
   return asks;
 }
 
-Asks ElementView::asksOnPath(const AtspiFacts& facts) const {
+Asks ElementView::asksOnPath(std::optional<AtspiRole> role) const {
   Asks asks;
   if (!toolkit().hasOneNameForEachRole) asks |= Ask::localizedRoleName;
-  const bool isPage = static_cast<AtspiRole>(facts.role) == AtspiRole::documentWeb;
-  if (isPage && toolkit().answersPageAddressAtOnce) asks |= toolkit().pageAddress;
+  if (role == AtspiRole::documentWeb && toolkit().answersPageAddressAtOnce) asks |= toolkit().pageAddress;
   return asks;
 }
 
@@ -57,20 +59,20 @@ Asks ElementView::detailAsks(const AtspiFacts& facts) const {
 // The ancestors of a clicked element are asked for one after the other. Those that are known, or that it had the last
 // time, are asked for ahead.
 void ElementView::expectAncestors() const {
-  if (!reader_.isOnPath(reference_) || endsSearchAt(reader_.known(reference_))) return;
-  bool isControlSought = isOfKind(reader_.known(reference_), RoleKind::partOfControl);
+  const auto ownRole = reader_.likelyRole(reference_);
+  if (!reader_.isOnPath(reference_) || endsSearchAt(ownRole)) return;
+  bool isControlSought = isOfKind(ownRole, RoleKind::partOfControl);
   auto ancestor = reader_.likelyParent(reference_);
   for (int i = 0; i < maxExpectedAncestors && !ancestor.isNull(); ++i) {
-    const auto& known = reader_.known(ancestor);
-    const bool isControl = isControlSought && isOfKind(known, RoleKind::control);
-    const bool isPage = static_cast<AtspiRole>(known.role) == AtspiRole::documentWeb;
-    if (isControl || isPage) {
-      reader_.expect(ancestor, generalAsks() | asksOnPath(known));
-    } else if (!known.asked.has(Ask::role)) {
-      reader_.expect(ancestor, expectedAsks);
+    const auto role = reader_.likelyRole(ancestor);
+    const bool isControl = isControlSought && isOfKind(role, RoleKind::control);
+    if (isControl || role == AtspiRole::documentWeb) {
+      reader_.expect(ancestor, generalAsks() | asksOnPath(role));
+    } else if (!reader_.known(ancestor).asked.has(Ask::role)) {
+      reader_.expect(ancestor, expectedAsks(role));
     }
     if (isControl) isControlSought = false;
-    if (endsSearchAt(known)) return;
+    if (endsSearchAt(role)) return;
     ancestor = reader_.likelyParent(ancestor);
   }
 }

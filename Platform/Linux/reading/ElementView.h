@@ -7,6 +7,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "Platform/Linux/reading/AtspiReader.h"
 
@@ -38,7 +39,7 @@ class ElementView {
   Asks generalAsks() const;
 
  private:
-  Asks asksOnPath(const AtspiFacts& facts) const;
+  Asks asksOnPath(std::optional<AtspiRole> role) const;
   Asks detailAsks(const AtspiFacts& facts) const;
   void expectAncestors() const;
 

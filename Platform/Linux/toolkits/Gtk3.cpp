@@ -108,7 +108,7 @@ Step stepIntoNotebook(const ElementView& tabList, CGPoint point) {
 
 // Popovers are children of the window beside what they cover, and the toolkit finds what they cover.
 AtspiReference popoverAt(const ElementView& window, CGPoint point) {
-  if (fewChildren(window).size() < 2) return {};
+  if (window.needOnly(Ask::childCount).childCount < 2) return {};
   const auto children = fewPlacedChildren(window, Coordinates::ofScreen);
   const auto found = std::ranges::find_if(children.rbegin(), children.rend(), [point](const auto& child) {
     return child.isAt(point) && hasState(child.states, AtspiState::showing);
@@ -150,7 +150,7 @@ AtspiReference linkAt(const ElementView& label, CGPoint point) {
 
 Step stepGtk3(const ElementView& view, CGPoint point, bool isTopLevel) {
   auto asks = Asks{Ask::role};
-  if (isTopLevel) asks |= Asks{Ask::childCount, Ask::children};
+  if (isTopLevel) asks |= Ask::childCount;
   const auto answer = askedElementAt(view, point, Coordinates::ofScreen, asks);
   const auto role = static_cast<AtspiRole>(view.needOnly(Ask::role).role);
   if (role == AtspiRole::pageTabList) return stepIntoNotebook(view, point);

@@ -36,7 +36,9 @@ class FocusPictureTest : public testing::Test {
     setField("tea");
   }
 
-  void setButton(std::string name) { application_.set("button", {.role = 43, .name = std::move(name)}); }
+  void setButton(std::string name) {
+    application_.set("button", {.role = 43, .name = std::move(name), .children = {"label"}});
+  }
   void setField(std::string text, AtspiRole role = AtspiRole::entry) {
     application_.set("field", {.role = static_cast<std::uint32_t>(role),
                                .states = editable,
