@@ -78,6 +78,12 @@ std::unique_ptr<Registration> AtspiAccessibility::watchInput(std::function<void(
       inputThatChangesValues, [noteInput = std::move(noteInput)](const CGEvent&) { noteInput(); }));
 }
 
+// The window first: it may be a menu that closes before the picture is taken.
+void AtspiAccessibility::notePress(std::optional<CGPoint> place) {
+  windows_.notePress(place);
+  pressPictures_.notePress(place);
+}
+
 void AtspiAccessibility::noteRelease() {
   pressPictures_.noteRelease();
   focusPicture_.noteInput();

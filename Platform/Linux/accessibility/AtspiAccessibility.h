@@ -33,7 +33,7 @@ class AtspiAccessibility final : public Accessibility {
   bool isSecretFocused();
 
   /// A button that clicks was pressed, or released (see PressPictures). Main thread.
-  void notePress(std::optional<CGPoint> place) { pressPictures_.notePress(place); }
+  void notePress(std::optional<CGPoint> place);
   void noteRelease();
   /// Another window is active. Main thread.
   void noteActivation() { pressPictures_.noteActivation(); }

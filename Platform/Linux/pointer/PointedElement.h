@@ -26,8 +26,7 @@ class PointedElement {
   AtspiReference at(CGPoint point);
 
   /// The same of a place where a button is pressed: what is highlighted there stays so, since the click is not over,
-  /// and lists that are open only now are looked into. Until the next press, the window found at the place is what lay
-  /// there then. Nothing: it is not known where the pointer is.
+  /// and lists that are open only now are looked into. Nothing: it is not known where the pointer is.
   AtspiReference atPress(std::optional<CGPoint> place);
 
   /// Finds out which top-level accessible the active window is, if it is not known, so that a press in it need not.
@@ -53,6 +52,8 @@ class PointedElement {
   AtspiReference hitTestBelow(const FoundTopLevel& topLevel, CGPoint point, const WindowOnScreen& window);
   AtspiReference comboBoxThatOpens(const AtspiReference& hit);
   AtspiReference optionAt(const std::string& busName, CGPoint point);
+  AtspiReference itemOfOpenMenu(const std::string& busName, CGPoint point);
+  AtspiReference itemOrApplication(const AtspiReference& application, CGPoint point);
   AtspiReference elementIn(const WindowOnScreen& window, CGPoint point);
   AtspiReference optionOfPage(const WindowOnScreen& window, CGPoint point);
   AtspiReference pressedAt(CGPoint place);
