@@ -118,9 +118,9 @@ TEST_F(HitTest, AsksOnlyTablesForTheirHeaders) {
   EXPECT_EQ(at({10, 30}), reference("cell"));
 }
 
-// The menus of GTK 3 are no top-levels, and an item is highlighted a moment after the pointer has come.
+// Many menus are no top-levels, and an item is highlighted a moment after the pointer has come.
 TEST_F(HitTest, FindsTheItemOfAMenuThatIsNotHighlightedYet) {
-  open("gtk", {0, 20, 80, 44});
+  open("Qt", {0, 20, 80, 44});
   add("bar", AtspiRole::menuBar, {0, 0, 400, 20}, {"open"});
   add("open", AtspiRole::menu, {0, 0, 80, 20}, {"first", "second"});
   elements_["open"].parent = "bar";
