@@ -1,4 +1,4 @@
-// The fixtures of the conformance tests. A program instantiates each of them with its kind of desktop.
+// The fixtures of the conformance tests, which are asked of the kind of desktop that a program defines.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -40,6 +40,9 @@ using InputConformance = ConformanceTest<Facility::input>;
 using ConnectionConformance = ConformanceTest<Facility::connections>;
 using ElementConformance = ConformanceTest<Facility::elements>;
 using ObserverConformance = ConformanceTest<Facility::observers>;
+
+/// Defined by each program.
+DesktopMaker desktopUnderTest();
 
 inline std::string nameOf(const testing::TestParamInfo<DesktopMaker>& info) { return info.param.name; }
 

@@ -171,5 +171,7 @@ TEST_P(ConnectionConformance, TheEndOfTheProcessDeliversTheLastReportAndRunsNoFu
   EXPECT_THAT(eventsOf(*client), ElementsAre("last"));
 }
 
+INSTANTIATE_TEST_SUITE_P(Desktop, ConnectionConformance, testing::Values(desktopUnderTest()), nameOf);
+
 }  // namespace
 }  // namespace norra::conformance

@@ -200,5 +200,7 @@ TEST_P(ElementConformance, ARoleIsDescribedInWordsOrNotAtAll) {
   EXPECT_EQ(screen.primitives().roleDescription("NorraNoSuchRole", std::nullopt), std::nullopt);
 }
 
+INSTANTIATE_TEST_SUITE_P(Desktop, ElementConformance, testing::Values(desktopUnderTest()), nameOf);
+
 }  // namespace
 }  // namespace norra::conformance

@@ -71,5 +71,7 @@ TEST_P(ExecutorConformance, ItsEndLetsTheRunningJobEndAndDropsTheOthers) {
   EXPECT_FALSE(hasRunDropped);
 }
 
+INSTANTIATE_TEST_SUITE_P(Desktop, ExecutorConformance, testing::Values(desktopUnderTest()), nameOf);
+
 }  // namespace
 }  // namespace norra::conformance

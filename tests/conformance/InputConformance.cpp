@@ -129,5 +129,7 @@ TEST_P(InputConformance, TapsHearInTheOrderOfTheirCreation) {
   EXPECT_THAT(order, ElementsAre(1, 2));
 }
 
+INSTANTIATE_TEST_SUITE_P(Desktop, InputConformance, testing::Values(desktopUnderTest()), nameOf);
+
 }  // namespace
 }  // namespace norra::conformance

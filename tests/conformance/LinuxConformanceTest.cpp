@@ -136,19 +136,10 @@ std::optional<std::string> whyNot(Facility facility) {
   return std::nullopt;
 }
 
-const auto kind =
-    testing::Values(DesktopMaker{"Linux", whyNot, [](Facility facility) -> std::unique_ptr<DesktopUnderTest> {
-                                   return std::make_unique<LinuxDesktop>(facility);
-                                 }});
-
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Desktop, RunLoopConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ExecutorConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, WorkspaceConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, InputConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ConnectionConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ElementConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ObserverConformance, kind, nameOf);
+DesktopMaker desktopUnderTest() {
+  return {"Linux", whyNot, [](Facility facility) { return std::make_unique<LinuxDesktop>(facility); }};
+}
 
 }  // namespace norra::conformance

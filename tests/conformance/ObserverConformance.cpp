@@ -167,5 +167,7 @@ TEST_P(ObserverConformance, AnApplicationTellsOfItsFocus) {
   EXPECT_EQ(valueOf<AXUIElement>(form.root(), "AXFocusedUIElement"), form.field("Place"));
 }
 
+INSTANTIATE_TEST_SUITE_P(Desktop, ObserverConformance, testing::Values(desktopUnderTest()), nameOf);
+
 }  // namespace
 }  // namespace norra::conformance

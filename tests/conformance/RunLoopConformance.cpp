@@ -98,5 +98,7 @@ TEST_P(RunLoopConformance, KeepsTheOrderOfAnExecutorsJobs) {
   EXPECT_EQ(seen, all);
 }
 
+INSTANTIATE_TEST_SUITE_P(Desktop, RunLoopConformance, testing::Values(desktopUnderTest()), nameOf);
+
 }  // namespace
 }  // namespace norra::conformance

@@ -146,18 +146,11 @@ class SimulatedDesktop final : public DesktopUnderTest {
   int clientCount_ = 0;
 };
 
-const auto kind = testing::Values(
-    DesktopMaker{"Simulated", [](Facility) { return std::nullopt; },
-                 [](Facility) -> std::unique_ptr<DesktopUnderTest> { return std::make_unique<SimulatedDesktop>(); }});
-
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(Desktop, RunLoopConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ExecutorConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, WorkspaceConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, InputConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ConnectionConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ElementConformance, kind, nameOf);
-INSTANTIATE_TEST_SUITE_P(Desktop, ObserverConformance, kind, nameOf);
+DesktopMaker desktopUnderTest() {
+  return {"Simulated", [](Facility) { return std::nullopt; },
+          [](Facility) { return std::make_unique<SimulatedDesktop>(); }};
+}
 
 }  // namespace norra::conformance

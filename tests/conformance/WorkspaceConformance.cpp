@@ -84,5 +84,7 @@ TEST_P(WorkspaceConformance, SaysTheSameOfAnApplicationEverywhere) {
   }));
 }
 
+INSTANTIATE_TEST_SUITE_P(Desktop, WorkspaceConformance, testing::Values(desktopUnderTest()), nameOf);
+
 }  // namespace
 }  // namespace norra::conformance
