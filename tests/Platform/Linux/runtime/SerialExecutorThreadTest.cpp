@@ -1,11 +1,9 @@
 #include <gmock/gmock.h>
 
-#include <algorithm>
 #include <atomic>
 #include <future>
 #include <optional>
 #include <thread>
-#include <vector>
 
 #include "Platform/Linux/runtime/SerialExecutorThread.h"
 #include "tests/RecordingSink.h"
@@ -38,32 +36,6 @@ void runOn(SerialExecutor& executor, const Job& job) {
     done.set_value();
   });
   done.get_future().wait();
-}
-
-TEST_F(SerialExecutorThreadTest, RunsJobsOneAtATimeInTheOrderOfTheirPosting) {
-  const auto executor = executors->createSerialExecutor();
-  std::vector<int> seen;
-  std::atomic<int> running = 0;
-  for (int job = 0; job < 200; ++job) {
-    executor->post([&, job] {
-      EXPECT_EQ(++running, 1);
-      seen.push_back(job);
-      --running;
-    });
-  }
-  runOn(*executor, [] {});
-  EXPECT_EQ(seen.size(), 200);
-  EXPECT_TRUE(std::ranges::is_sorted(seen));
-}
-
-TEST_F(SerialExecutorThreadTest, IsCurrentInItsOwnJobsOnly) {
-  const auto executor = executors->createSerialExecutor();
-  const auto other = executors->createSerialExecutor();
-  EXPECT_FALSE(executor->isCurrent());
-  runOn(*executor, [&] {
-    EXPECT_TRUE(executor->isCurrent());
-    EXPECT_FALSE(other->isCurrent());
-  });
 }
 
 TEST_F(SerialExecutorThreadTest, DropsCountsAndLogsInACrowdWhatMayBeDropped) {
@@ -102,17 +74,6 @@ TEST_F(SerialExecutorThreadTest, DropsWaitingJobsWhenItIsLetGo) {
   mayEnd.set_value();
   endAll();
   EXPECT_FALSE(hasRunDropped);
-}
-
-TEST_F(SerialExecutorThreadTest, AJobMayLetGoOfItsOwnExecutor) {
-  auto executor = executors->createSerialExecutor();
-  std::promise<void> done;
-  executor->post([&] {
-    executor.reset();
-    done.set_value();
-  });
-  done.get_future().wait();
-  EXPECT_EQ(executor, nullptr);
 }
 
 TEST_F(SerialExecutorThreadTest, BeginsNoJobAfterClose) {

@@ -70,22 +70,6 @@ TEST_F(X11WorkspaceTest, TellsOfANewWindowWhenItsTitleStands) {
   EXPECT_THAT(titles, ElementsAre("Harbour ledger"));
 }
 
-TEST_F(X11WorkspaceTest, TellsNothingAfterTheRegistrationIsLetGo) {
-  display.startWindowManager();
-  const TestWindow first(*client, {.className = "First"});
-  const TestWindow second(*client, {.className = "Second"});
-  open();
-  listen();
-  std::vector<std::optional<NSRunningApplication>> others;
-  const auto other = workspace->onActivation([&](const auto& application) { others.push_back(application); });
-  registration.reset();
-  activate(first);
-  activate(second);
-  activate(first);
-  ASSERT_TRUE(serve([&] { return others.size() >= 2; }));
-  EXPECT_THAT(seen, IsEmpty());
-}
-
 TEST_F(X11WorkspaceTest, TellsOfAnApplicationWithoutADesktopFile) {
   display.startWindowManager();
   const TestWindow window(*client, {.className = "No-such-file"});
@@ -107,8 +91,6 @@ TEST_F(X11WorkspaceTest, KnowsProcessesWithoutAWindow) {
   ASSERT_TRUE(server);
   EXPECT_EQ(server->processIdentifier, display.server().process());
   EXPECT_THAT(server->executableURL->absoluteString, testing::EndsWith("/Xvfb"));
-  EXPECT_EQ(workspace->runningApplication(0), std::nullopt);
-  EXPECT_EQ(workspace->runningApplication(-1), std::nullopt);
   auto ended = std::make_unique<ChildProgram>(std::vector<std::string>{"sleep", "1000"});
   const auto process = ended->process();
   EXPECT_TRUE(workspace->runningApplication(process));
