@@ -47,7 +47,7 @@ FakeApplication::FakeApplication(std::string toolkit, std::string version)
   const char* name = nullptr;
   sd_bus_get_unique_name(bus_.get(), &name);
   name_ = name;
-  set("root", {.role = 75, .name = "fake"});
+  set("root", {.role = AtspiRole::application, .name = "fake"});
   thread_ = std::thread([this] { serve(); });
 }
 
@@ -170,11 +170,10 @@ FakeElement FakeApplication::elementOf(sd_bus_message* call) const {
 }
 
 void FakeApplication::appendFieldsBelow(sd_bus_message* reply, const FakeElement& element) const {
-  constexpr std::uint64_t editable = std::uint64_t{1} << 7;
   for (const auto& key : element.children) {
     const auto child = elements_.find(key);
     if (child == elements_.end()) continue;
-    if ((child->second.states & editable) != 0)
+    if (hasState(child->second.states, AtspiState::editable))
       sd_bus_message_append(reply, "(so)", name_.c_str(), pathOf(key).c_str());
     appendFieldsBelow(reply, child->second);
   }
@@ -208,7 +207,7 @@ int FakeApplication::replyProperty(sd_bus_message* call, const std::string& prop
 
 int FakeApplication::replyMethod(sd_bus_message* call, const std::string& member) {
   const auto element = elementOf(call);
-  if (member == "GetRole") return sd_bus_reply_method_return(call, "u", element.role);
+  if (member == "GetRole") return sd_bus_reply_method_return(call, "u", static_cast<std::uint32_t>(element.role));
   if (member == "GetLocalizedRoleName") return sd_bus_reply_method_return(call, "s", "some role");
   if (member == "GetText") return sd_bus_reply_method_return(call, "s", element.text.c_str());
   if (member == "GetStringAtOffset") {

@@ -16,12 +16,15 @@
 #include <vector>
 
 #include "Platform/Linux/atspi/AtspiReference.h"
+#include "Platform/Linux/atspi/AtspiRole.h"
 #include "Platform/Linux/runtime/SessionBus.h"
 
 namespace norra::linux_desktop {
 
+constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
+
 struct FakeElement {
-  std::uint32_t role = 20;
+  AtspiRole role = AtspiRole::filler;
   std::string name = {};
   std::string description = {};
   std::uint64_t states = 0;
@@ -59,6 +62,14 @@ class FakeApplication {
 
   /// Answers calls of this method, or of this property's Get, in its own way.
   void answer(const std::string& member, Answer answer);
+  /// With the same every time: what D-Bus calls these types.
+  template <typename... Arguments>
+  void answerWith(const std::string& member, const char* types, Arguments... arguments) {
+    answer(member, [=](sd_bus_message* call) { return sd_bus_reply_method_return(call, types, arguments...); });
+  }
+  void answerWithElement(const std::string& member, const std::string& key) {
+    answer(member, [=, this](sd_bus_message* call) { return replyReference(call, key); });
+  }
   /// Runs at each call before it is answered, on the application's thread.
   void atEachCall(std::function<void(const std::string& member)> action);
   /// Calls that come from now on are kept, and answered only when it is no longer silent.

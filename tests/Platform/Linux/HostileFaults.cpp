@@ -45,9 +45,6 @@ constexpr std::array members{"GetRole",
                              "NColumns",
                              "NSelectedChildren"};
 
-constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
-constexpr auto number(AtspiRole role) { return static_cast<std::uint32_t>(role); }
-
 void answerAll(FakeApplication& application, const FakeApplication::Answer& answer) {
   for (const auto* member : members) application.answer(member, answer);
 }
@@ -111,15 +108,15 @@ std::shared_ptr<void> answersWithWrongTypes(FakeApplication& application) {
 }
 
 std::shared_ptr<void> hasAParentCircle(FakeApplication& application) {
-  application.set("root", {.role = 75, .parent = "frame", .children = {"frame"}});
-  application.set("reef", {.role = number(AtspiRole::panel), .parent = "other"});
-  application.set("other", {.role = number(AtspiRole::panel), .parent = "reef"});
+  application.set("root", {.role = AtspiRole::application, .parent = "frame", .children = {"frame"}});
+  application.set("reef", {.role = AtspiRole::panel, .parent = "other"});
+  application.set("other", {.role = AtspiRole::panel, .parent = "reef"});
   return nullptr;
 }
 
 std::shared_ptr<void> hasEndlessParents(FakeApplication& application) {
-  application.set("reef", {.role = number(AtspiRole::panel)});
-  application.setElsewhere({.role = number(AtspiRole::panel)});
+  application.set("reef", {.role = AtspiRole::panel});
+  application.setElsewhere({.role = AtspiRole::panel});
   application.answer("Parent", [&application, count = std::make_shared<int>()](auto* call) {
     const auto parent = application.reference("above" + std::to_string(++*count));
     return sd_bus_reply_method_return(call, "v", "(so)", parent.busName.c_str(), parent.path.c_str());
@@ -167,22 +164,16 @@ std::shared_ptr<void> hasAMillionChildren(FakeApplication& application) {
 
 std::shared_ptr<void> hasNegativeNumbers(FakeApplication& application) {
   for (const auto* property : {"ChildCount", "CharacterCount", "NActions", "NColumns", "NSelectedChildren"}) {
-    application.answer(property, [](auto* call) { return sd_bus_reply_method_return(call, "v", "i", lowest); });
+    application.answerWith(property, "v", "i", lowest);
   }
-  application.answer("GetIndexInParent", [](auto* call) { return sd_bus_reply_method_return(call, "i", lowest); });
-  application.answer("GetExtents", [](auto* call) {
-    return sd_bus_reply_method_return(call, "(iiii)", lowest, lowest, lowest, lowest);
-  });
+  application.answerWith("GetIndexInParent", "i", lowest);
+  application.answerWith("GetExtents", "(iiii)", lowest, lowest, lowest, lowest);
   return nullptr;
 }
 
 std::shared_ptr<void> pointsToOthers(FakeApplication& application) {
-  application.answer("GetAccessibleAtPoint", [](auto* call) {
-    return sd_bus_reply_method_return(call, "(so)", "org.freedesktop.DBus", "/org/freedesktop/DBus");
-  });
-  application.answer("Parent", [](auto* call) {
-    return sd_bus_reply_method_return(call, "v", "(so)", "not a name", AtspiReference::rootPath);
-  });
+  application.answerWith("GetAccessibleAtPoint", "(so)", "org.freedesktop.DBus", "/org/freedesktop/DBus");
+  application.answerWith("Parent", "v", "(so)", "not a name", AtspiReference::rootPath);
   application.answer("GetChildren", [](auto* call) {  // the reader itself
     return sd_bus_reply_method_return(call, "a(so)", 1, sd_bus_message_get_sender(call), AtspiReference::rootPath);
   });
@@ -241,13 +232,13 @@ constexpr std::array faults{
 void showReef(FakeApplication& application) {
   constexpr std::array<std::int32_t, 4> place{0, 0, 1280, 900};
   constexpr auto shown = bit(AtspiState::visible) | bit(AtspiState::showing);
-  application.set("root", {.role = 75, .name = "reef", .children = {"frame"}});
-  application.set("frame", {.role = number(AtspiRole::frame),
+  application.set("root", {.role = AtspiRole::application, .name = "reef", .children = {"frame"}});
+  application.set("frame", {.role = AtspiRole::frame,
                             .states = shown | bit(AtspiState::active),
                             .interfaces = {"Component"},
                             .children = {"reef"},
                             .extents = place});
-  application.set("reef", {.role = number(AtspiRole::pushButton),
+  application.set("reef", {.role = AtspiRole::pushButton,
                            .name = "Reef",
                            .states = shown,
                            .interfaces = {"Action", "Component"},

@@ -3,9 +3,6 @@
 
 #include <cstdlib>
 
-#include "Platform/Linux/atspi/AtspiRole.h"
-#include "tests/Platform/Linux/FakeApplication.h"
-#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
@@ -15,14 +12,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
-constexpr auto number(AtspiRole role) { return static_cast<std::uint32_t>(role); }
-
-const FakeElement button{
-    .role = number(AtspiRole::pushButton), .name = "Save", .interfaces = {"Action"}, .actions = {"click"}};
+const FakeElement button{.role = AtspiRole::pushButton, .name = "Save", .interfaces = {"Action"}, .actions = {"click"}};
 
 FakeElement field(std::string text, std::string displayed = {}) {
-  return {.role = number(AtspiRole::text),
+  return {.role = AtspiRole::text,
           .states = bit(AtspiState::editable),
           .interfaces = {"Text"},
           .text = std::move(text),
@@ -31,34 +24,16 @@ FakeElement field(std::string text, std::string displayed = {}) {
 
 FakeElement passwordField(std::string text) {
   auto element = field(std::move(text));
-  element.role = number(AtspiRole::passwordText);
+  element.role = AtspiRole::passwordText;
   return element;
 }
 
-int replyText(sd_bus_message* call) { return sd_bus_reply_method_return(call, "s", "not what was asked for"); }
-
-class Elements : public testing::Test {
+class Elements : public FakeApplicationTest {
  protected:
-  template <typename Value>
-  std::optional<Value> read(const AXUIElement& element, const char* attribute) {
-    const auto result = element.primitives().copyAttributeValue(attribute);
-    const auto* value = std::get_if<Value>(&result.value);
-    return result.error == axError::success && value ? std::optional(*value) : std::nullopt;
+  AXUIElement elementOf(const FakeApplication& other, const std::string& key) {
+    return elements_.handles.element(other.reference(key));
   }
-  std::optional<std::string> text(const AXUIElement& element, const char* attribute) {
-    return read<std::string>(element, attribute);
-  }
-  std::optional<std::string> text(const std::string& key, const char* attribute) {
-    return text(element(key), attribute);
-  }
-  AXUIElement element(const std::string& key) { return elements_.handles.element(application_.reference(key)); }
-  std::vector<std::string> actions(const std::string& key) { return element(key).primitives().copyActionNames().value; }
   std::uint64_t waves() const { return elements_.session.shared.statistics.waves; }
-
-  PrivateAccessibilityBus bus_;
-  NoWindowsOnScreen windows_;
-  TestElements elements_{windows_};
-  FakeApplication application_;
 };
 
 TEST_F(Elements, AnswerWhatTheyAre) {
@@ -76,7 +51,7 @@ TEST_F(Elements, AreReadOnceInAnEventAndAnewInTheNext) {
   application_.set("save", button);
   EXPECT_EQ(text("save", "AXTitle"), "Save");
   const auto calls = application_.calls();
-  application_.set("save", {.role = number(AtspiRole::pushButton), .name = "Store"});
+  application_.set("save", {.role = AtspiRole::pushButton, .name = "Store"});
   for (const auto* attribute : {"AXRole", "AXSubrole", "AXTitle", "AXDescription", "AXTitleUIElement", "AXSelected"}) {
     element("save").primitives().copyAttributeValue(attribute);
   }
@@ -112,33 +87,32 @@ TEST_F(Elements, ThatAreGoneGiveErrors) {
 TEST_F(Elements, WithAnswersOfWrongTypesGiveNothing) {
   application_.set("save", button);
   for (const auto* member : {"GetRole", "GetState", "GetInterfaces", "GetRelationSet", "ChildCount", "NActions"}) {
-    application_.answer(member, replyText);
+    application_.answerWith(member, "s", "not what was asked for");
   }
   EXPECT_EQ(element("save").primitives().copyAttributeValue("AXRole").error, axError::failure);
   EXPECT_EQ(text("save", "AXTitle"), "Save");
-  EXPECT_THAT(read<std::vector<AXUIElement>>(element("save"), "AXChildren").value(), IsEmpty());
+  EXPECT_THAT(read<std::vector<AXUIElement>>("save", "AXChildren").value(), IsEmpty());
   EXPECT_THAT(actions("save"), IsEmpty());
-  EXPECT_EQ(read<AXUIElement>(element("save"), "AXTitleUIElement"), std::nullopt);
+  EXPECT_EQ(read<AXUIElement>("save", "AXTitleUIElement"), std::nullopt);
 }
 
 TEST_F(Elements, WhoseParentsFormACircleHaveNoWindow) {
-  application_.set("a", {.role = number(AtspiRole::panel), .parent = "b"});
-  application_.set("b", {.role = number(AtspiRole::panel), .parent = "a"});
-  EXPECT_EQ(read<AXUIElement>(element("a"), "AXWindow"), std::nullopt);
-  EXPECT_EQ(read<AXUIElement>(element("a"), "AXParent"), element("b"));
+  application_.set("a", {.role = AtspiRole::panel, .parent = "b"});
+  application_.set("b", {.role = AtspiRole::panel, .parent = "a"});
+  EXPECT_EQ(read<AXUIElement>("a", "AXWindow"), std::nullopt);
+  EXPECT_EQ(read<AXUIElement>("a", "AXParent"), element("b"));
 }
 
 TEST_F(Elements, WithAMillionChildrenAreAskedForAFew) {
-  application_.set("list", {.role = number(AtspiRole::list)});
-  application_.answer("ChildCount", [](auto* call) { return sd_bus_reply_method_return(call, "v", "i", 1000000); });
-  application_.answer("GetChildAtIndex",
-                      [](auto* call) { return sd_bus_reply_method_return(call, "(so)", ":1.99", "/item"); });
-  EXPECT_THAT(read<std::vector<AXUIElement>>(element("list"), "AXChildren").value(), SizeIs(testing::Le(50)));
+  application_.set("list", {.role = AtspiRole::list});
+  application_.answerWith("ChildCount", "v", "i", 1000000);
+  application_.answerWith("GetChildAtIndex", "(so)", ":1.99", "/item");
+  EXPECT_THAT(read<std::vector<AXUIElement>>("list", "AXChildren").value(), SizeIs(testing::Le(50)));
   EXPECT_EQ(application_.calls("GetChildren"), 0);
 }
 
 TEST_F(Elements, CutNamesOfAMegabyte) {
-  application_.set("save", {.role = number(AtspiRole::pushButton), .name = std::string(1000000, 'x')});
+  application_.set("save", {.role = AtspiRole::pushButton, .name = std::string(1000000, 'x')});
   EXPECT_THAT(text("save", "AXTitle").value(), SizeIs(longestText));
 }
 
@@ -177,23 +151,21 @@ TEST_F(Elements, OfOrdinaryFieldsGiveTheirText) {
 
 TEST_F(Elements, LabelledByAPartOfThemselvesHaveNoTitleElement) {
   FakeApplication gtk4("GTK", "4.8.3");
-  gtk4.set("key", {.role = number(AtspiRole::pushButton), .name = "5 5", .relations = {{2, "label"}}});
-  gtk4.set("label", {.role = number(AtspiRole::label), .name = "5", .parent = "box"});
-  gtk4.set("box", {.role = number(AtspiRole::panel), .parent = "key"});
-  gtk4.set("other", {.role = number(AtspiRole::text), .relations = {{2, "label"}}});
-  EXPECT_EQ(read<AXUIElement>(elements_.handles.element(gtk4.reference("key")), "AXTitleUIElement"), std::nullopt);
-  EXPECT_EQ(text(elements_.handles.element(gtk4.reference("key")), "AXTitle"), "5");
-  EXPECT_EQ(read<AXUIElement>(elements_.handles.element(gtk4.reference("other")), "AXTitleUIElement"),
-            elements_.handles.element(gtk4.reference("label")));
+  gtk4.set("key", {.role = AtspiRole::pushButton, .name = "5 5", .relations = {{2, "label"}}});
+  gtk4.set("label", {.role = AtspiRole::label, .name = "5", .parent = "box"});
+  gtk4.set("box", {.role = AtspiRole::panel, .parent = "key"});
+  gtk4.set("other", {.role = AtspiRole::text, .relations = {{2, "label"}}});
+  EXPECT_EQ(valueOf<AXUIElement>(elementOf(gtk4, "key"), "AXTitleUIElement"), std::nullopt);
+  EXPECT_EQ(textOf(elementOf(gtk4, "key"), "AXTitle"), "5");
+  EXPECT_EQ(valueOf<AXUIElement>(elementOf(gtk4, "other"), "AXTitleUIElement"), elementOf(gtk4, "label"));
 }
 
 TEST_F(Elements, ThatShowATextAreNotNamedByTheirTooltip) {
-  application_.set("home",
-                   {.role = number(AtspiRole::listItem), .description = "Open your folder", .children = {"box"}});
-  application_.set("box", {.role = number(AtspiRole::panel), .children = {"icon", "text"}});
-  application_.set("icon", {.role = number(AtspiRole::icon), .name = "Add", .parent = "box"});
-  application_.set("text", {.role = number(AtspiRole::label), .name = "Home", .states = bit(AtspiState::showing)});
-  application_.set("eject", {.role = number(AtspiRole::pushButton), .description = "Unmount", .children = {"icon"}});
+  application_.set("home", {.role = AtspiRole::listItem, .description = "Open your folder", .children = {"box"}});
+  application_.set("box", {.role = AtspiRole::panel, .children = {"icon", "text"}});
+  application_.set("icon", {.role = AtspiRole::icon, .name = "Add", .parent = "box"});
+  application_.set("text", {.role = AtspiRole::label, .name = "Home", .states = bit(AtspiState::showing)});
+  application_.set("eject", {.role = AtspiRole::pushButton, .description = "Unmount", .children = {"icon"}});
   EXPECT_EQ(text("home", "AXDescription"), std::nullopt);
   EXPECT_EQ(text("icon", "AXTitle"), std::nullopt);
   EXPECT_EQ(text("eject", "AXDescription"), "Unmount");
@@ -203,10 +175,10 @@ TEST_F(Elements, ThatOnlyDisplayBulletsAreSecureInGtk4) {
   FakeApplication gtk4("GTK", "4.8.3");
   gtk4.set("hidden", field("secret", "\u25CF\u25CF\u25CF\u25CF\u25CF\u25CF"));
   gtk4.set("shown", field("kayak", "kayak"));
-  const auto hidden = elements_.handles.element(gtk4.reference("hidden"));
-  EXPECT_EQ(text(hidden, "AXSubrole"), "AXSecureTextField");
-  EXPECT_EQ(text(hidden, "AXValue"), "\u2022\u2022\u2022\u2022\u2022\u2022");
-  EXPECT_EQ(text(elements_.handles.element(gtk4.reference("shown")), "AXValue"), "kayak");
+  const auto hidden = elementOf(gtk4, "hidden");
+  EXPECT_EQ(textOf(hidden, "AXSubrole"), "AXSecureTextField");
+  EXPECT_EQ(textOf(hidden, "AXValue"), "\u2022\u2022\u2022\u2022\u2022\u2022");
+  EXPECT_EQ(textOf(elementOf(gtk4, "shown"), "AXValue"), "kayak");
   EXPECT_EQ(gtk4.calls("GetText"), 0);
 }
 
@@ -215,28 +187,28 @@ TEST_F(Elements, OfWebPagesHaveADomIdentifier) {
   browser.set("named", {.attributes = {{"tag", "p"}, {"id", "intro"}}});
   browser.set("nameless", {.attributes = {{"tag", "p"}}});
   browser.set("toolbar", {.attributes = {{"id", "view_1036"}}});
-  EXPECT_EQ(text(elements_.handles.element(browser.reference("named")), "AXDOMIdentifier"), "intro");
-  EXPECT_EQ(text(elements_.handles.element(browser.reference("nameless")), "AXDOMIdentifier"), "");
-  EXPECT_EQ(text(elements_.handles.element(browser.reference("toolbar")), "AXDOMIdentifier"), std::nullopt);
+  EXPECT_EQ(textOf(elementOf(browser, "named"), "AXDOMIdentifier"), "intro");
+  EXPECT_EQ(textOf(elementOf(browser, "nameless"), "AXDOMIdentifier"), "");
+  EXPECT_EQ(textOf(elementOf(browser, "toolbar"), "AXDOMIdentifier"), std::nullopt);
   EXPECT_EQ(text("root", "AXDOMIdentifier"), std::nullopt);
 }
 
 TEST_F(Elements, InAPageOfGtk3LieInTheTabListAndNotInTheTab) {
   application_.set("page", {.parent = "tab"});
-  application_.set("tab", {.role = number(AtspiRole::pageTab), .parent = "tabs", .children = {"page"}});
-  application_.set("tabs", {.role = number(AtspiRole::pageTabList)});
-  EXPECT_EQ(read<AXUIElement>(element("page"), "AXParent"), element("tabs"));
-  EXPECT_EQ(read<std::vector<AXUIElement>>(element("tab"), "AXChildren"), std::nullopt);
+  application_.set("tab", {.role = AtspiRole::pageTab, .parent = "tabs", .children = {"page"}});
+  application_.set("tabs", {.role = AtspiRole::pageTabList});
+  EXPECT_EQ(read<AXUIElement>("page", "AXParent"), element("tabs"));
+  EXPECT_EQ(read<std::vector<AXUIElement>>("tab", "AXChildren"), std::nullopt);
 }
 
 TEST_F(Elements, AreTheGroupOfTheRadioButtonUnderThePointerWhateverWasReadBefore) {
-  application_.set("radio", {.role = number(AtspiRole::radioButton), .parent = "row"});
-  application_.set("row", {.role = number(AtspiRole::filler), .parent = "sizes"});
-  application_.set("sizes", {.role = number(AtspiRole::panel), .parent = "all"});
-  application_.set("all", {.role = number(AtspiRole::panel)});
+  application_.set("radio", {.role = AtspiRole::radioButton, .parent = "row"});
+  application_.set("row", {.role = AtspiRole::filler, .parent = "sizes"});
+  application_.set("sizes", {.role = AtspiRole::panel, .parent = "all"});
+  application_.set("all", {.role = AtspiRole::panel});
   EXPECT_EQ(text("sizes", "AXRole"), "AXGroup");
-  read<AXUIElement>(element("radio"), "AXParent");
-  read<AXUIElement>(element("row"), "AXParent");
+  read<AXUIElement>("radio", "AXParent");
+  read<AXUIElement>("row", "AXParent");
   EXPECT_EQ(text("sizes", "AXRole"), "AXGroup");
   elements_.epoch.begin();
   elements_.session.reader().notePointed(application_.reference("radio"));
@@ -249,8 +221,8 @@ TEST_F(Elements, OfASilentApplicationFailWithoutHarmToOthers) {
   FakeApplication silent;
   silent.set("save", button);
   application_.set("save", button);
-  const auto slow = elements_.handles.element(silent.reference("save"));
-  EXPECT_EQ(text(slow, "AXTitle"), "Save");
+  const auto slow = elementOf(silent, "save");
+  EXPECT_EQ(textOf(slow, "AXTitle"), "Save");
   silent.setSilent(true);
   elements_.epoch.begin();
   EXPECT_EQ(slow.primitives().copyAttributeValue("AXRole").error, axError::cannotComplete);
@@ -277,7 +249,7 @@ TEST_F(Elements, OfAnApplicationThatGoesOnAreReadAgain) {
   std::optional<std::string> name;
   for (int i = 0; i < 1000 && !name; ++i) {
     elements_.epoch.begin();
-    EXPECT_EQ(text(elements_.handles.element(other.reference("open")), "AXTitle"), "Save");
+    EXPECT_EQ(textOf(elementOf(other, "open"), "AXTitle"), "Save");
     name = text("save", "AXTitle");
   }
   EXPECT_EQ(name, "Save");

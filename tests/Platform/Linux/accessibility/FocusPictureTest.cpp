@@ -1,56 +1,43 @@
 // What a key press is told by when its application acts on it before anybody asks.
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <chrono>
 
 #include "Platform/Linux/accessibility/FocusPicture.h"
-#include "Platform/Linux/atspi/AtspiRole.h"
 #include "Platform/Linux/runtime/EventLoop.h"
-#include "tests/Platform/Linux/FakeApplication.h"
-#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::uint64_t editable = std::uint64_t{1} << static_cast<unsigned>(AtspiState::editable);
+constexpr std::uint64_t editable = bit(AtspiState::editable);
 constexpr auto limit = std::chrono::seconds(10);
-
-std::string textOf(const AXUIElement& element, const char* attribute) {
-  const auto result = element.primitives().copyAttributeValue(attribute);
-  const auto* text = std::get_if<std::string>(&result.value);
-  return result.error == axError::success && text ? *text : std::string();
-}
 
 bool askAll(const AXUIElement& focused) {
   for (const auto* attribute : {"AXTitle", "AXValue", "AXRoleDescription"}) textOf(focused, attribute);
-  return !textOf(focused, "AXRole").empty() && focused.primitives().getPid().value != 0;
+  return textOf(focused, "AXRole") && focused.primitives().getPid().value != 0;
 }
 
-class FocusPictureTest : public testing::Test {
+class FocusPictureTest : public FakeApplicationTest {
  protected:
-  FocusPictureTest() {
-    application_.set("root", {.role = 75, .children = {"button", "field"}});
+  FocusPictureTest() : FakeApplicationTest("Qt", "5.15.8") {
+    application_.set("root", {.role = AtspiRole::application, .children = {"button", "field"}});
     setButton("Play");
     setField("tea");
   }
 
   void setButton(std::string name) {
-    application_.set("button", {.role = 43, .name = std::move(name), .children = {"label"}});
+    application_.set("button", {.role = AtspiRole::pushButton, .name = std::move(name), .children = {"label"}});
   }
   void setField(std::string text, AtspiRole role = AtspiRole::entry) {
-    application_.set("field", {.role = static_cast<std::uint32_t>(role),
-                               .states = editable,
-                               .interfaces = {"Text"},
-                               .text = std::move(text)});
+    application_.set("field", {.role = role, .states = editable, .interfaces = {"Text"}, .text = std::move(text)});
   }
 
   AXUIElement focus(const char* key) {
     elements_.epoch.begin();
-    picture_.take(application_.reference(key));
+    picture_.take(reference(key));
     elements_.epoch.begin();
-    return picture_.of(application_.reference(key)).value();
+    return picture_.of(reference(key)).value();
   }
 
   // Serves the loop until the focused element is called so.
@@ -60,15 +47,11 @@ class FocusPictureTest : public testing::Test {
       send();
       sd_event_run(loop_.event(), 20'000);
       elements_.epoch.begin();
-      if (textOf(picture_.of(application_.reference(key)).value(), "AXTitle") == name) return true;
+      if (textOf(picture_.of(reference(key)).value(), "AXTitle") == name) return true;
     }
     return false;
   }
 
-  PrivateAccessibilityBus bus_;
-  OneWindow windows_;
-  FakeApplication application_{"Qt", "5.15.8"};
-  TestElements elements_{windows_};
   EventLoop loop_;
   AtspiEvents events_{loop_.event(), elements_.session.shared, [](const std::string&) {}};
   FocusPicture picture_{elements_.session, elements_.handles, events_, askAll};
@@ -81,7 +64,7 @@ TEST_F(FocusPictureTest, ShowsWhatHadTheFocusWithoutACall) {
   setButton("Pause");
   EXPECT_EQ(textOf(button, "AXTitle"), "Play");
   application_.remove("button");
-  EXPECT_EQ(textOf(picture_.of(application_.reference("button")).value(), "AXTitle"), "Play");
+  EXPECT_EQ(textOf(picture_.of(reference("button")).value(), "AXTitle"), "Play");
   EXPECT_EQ(textOf(button, "AXRole"), "AXButton");
   EXPECT_EQ(button.primitives().getPid().value, getpid());
   EXPECT_EQ(application_.calls(), calls);
@@ -107,21 +90,21 @@ TEST_F(FocusPictureTest, ShowsTheValueThatWasToldLastAndNoSecret) {
   setField("teapot");
   EXPECT_EQ(textOf(field, "AXValue"), "tea");
   elements_.epoch.begin();
-  picture_.noteValue(application_.reference("field"));
+  picture_.noteValue(reference("field"));
   EXPECT_EQ(textOf(field, "AXValue"), "teapot");
   setField("hunter2", AtspiRole::passwordText);
   elements_.epoch.begin();
-  picture_.noteValue(application_.reference("field"));
-  EXPECT_EQ(textOf(field, "AXValue").find("hunter2"), std::string::npos);
+  picture_.noteValue(reference("field"));
+  EXPECT_EQ(textOf(field, "AXValue").value().find("hunter2"), std::string::npos);
 }
 
 TEST_F(FocusPictureTest, IsOfTheElementThatHasTheFocusAndOnlyWhileItIsUsed) {
   focus("button");
-  EXPECT_FALSE(picture_.of(application_.reference("field")));
+  EXPECT_FALSE(picture_.of(reference("field")));
   use_.reset();
-  EXPECT_FALSE(picture_.of(application_.reference("button")));
-  picture_.take(application_.reference("button"));
-  EXPECT_FALSE(picture_.of(application_.reference("button")));
+  EXPECT_FALSE(picture_.of(reference("button")));
+  picture_.take(reference("button"));
+  EXPECT_FALSE(picture_.of(reference("button")));
 }
 
 }  // namespace

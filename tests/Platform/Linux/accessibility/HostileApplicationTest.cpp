@@ -1,11 +1,9 @@
 // All that is read of an application for a click and for a key, where the application is hostile.
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <cctype>
 
 #include "tests/Platform/Linux/HostileFaults.h"
-#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
@@ -21,21 +19,15 @@ std::string wordOf(const testing::TestParamInfo<HostileFault>& fault) {
   return word;
 }
 
-class HostileApplication : public testing::TestWithParam<HostileFault> {
+class HostileApplication : public FakeApplicationTest, public testing::WithParamInterface<HostileFault> {
  protected:
   HostileApplication() {
     showReef(application_);
-    innocent_.set("save", {.role = 43, .name = "Save"});
+    innocent_.set("save", {.role = AtspiRole::pushButton, .name = "Save"});
   }
 
   std::optional<AXUIElement> clicked() {
     return elements_.handles.systemWide().primitives().copyElementAtPosition(10, 10).value;
-  }
-
-  static std::optional<AXUIElement> elementIn(const AXUIElement& element, const char* attribute) {
-    const auto result = element.primitives().copyAttributeValue(attribute);
-    const auto* value = std::get_if<AXUIElement>(&result.value);
-    return value ? std::optional(*value) : std::nullopt;
   }
 
   // copyAttributeNames reads every attribute.
@@ -43,22 +35,15 @@ class HostileApplication : public testing::TestWithParam<HostileFault> {
     for (int level = 0; element && level < maxAncestors; ++level) {
       element->primitives().copyAttributeNames();
       element->primitives().copyActionNames();
-      element = elementIn(*element, "AXParent");
+      element = valueOf<AXUIElement>(*element, "AXParent");
     }
   }
 
   std::optional<std::string> nameOfTheInnocent() {
-    const auto result =
-        elements_.handles.element(innocent_.reference("save")).primitives().copyAttributeValue("AXTitle");
-    const auto* name = std::get_if<std::string>(&result.value);
-    return name ? std::optional(*name) : std::nullopt;
+    return textOf(elements_.handles.element(innocent_.reference("save")), "AXTitle");
   }
 
-  PrivateAccessibilityBus bus_;
-  OneWindow windows_;
-  TestElements elements_{windows_};
   FakeApplication innocent_;
-  FakeApplication application_;
 };
 
 TEST_P(HostileApplication, CostsBoundedlyManyCallsAndHarmsNoOther) {
@@ -71,7 +56,7 @@ TEST_P(HostileApplication, CostsBoundedlyManyCallsAndHarmsNoOther) {
     const auto before = elements_.session.shared.statistics.reads.load();
     elements_.epoch.begin();
     readWithAncestors(clicked());
-    readWithAncestors(elementIn(elements_.handles.systemWide(), "AXFocusedUIElement"));
+    readWithAncestors(valueOf<AXUIElement>(elements_.handles.systemWide(), "AXFocusedUIElement"));
     EXPECT_LT(elements_.session.shared.statistics.reads - before, maxCalls);
     elements_.epoch.begin();
     EXPECT_EQ(nameOfTheInnocent(), "Save");

@@ -1,15 +1,11 @@
 // What a click is told by when its application acts on it before anybody asks.
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include <atomic>
 #include <chrono>
 #include <thread>
 
 #include "Platform/Linux/accessibility/PressPictures.h"
-#include "Platform/Linux/atspi/AtspiRole.h"
-#include "tests/Platform/Linux/FakeApplication.h"
-#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
@@ -17,25 +13,18 @@ namespace {
 
 constexpr CGPoint place{10, 10};
 constexpr CGPoint elsewhere{30, 10};
-constexpr std::uint64_t checked = std::uint64_t{1} << static_cast<unsigned>(AtspiState::checked);
+constexpr auto checked = bit(AtspiState::checked);
 
-template <typename Value>
-std::optional<Value> read(const AXUIElement& element, const char* attribute) {
-  const auto result = element.primitives().copyAttributeValue(attribute);
-  const auto* value = std::get_if<Value>(&result.value);
-  return result.error == axError::success && value ? std::optional(*value) : std::nullopt;
-}
+std::optional<std::string> nameOf(const AXUIElement& element) { return textOf(element, "AXTitle"); }
 
-std::optional<std::string> nameOf(const AXUIElement& element) { return read<std::string>(element, "AXTitle"); }
-
-std::optional<std::int64_t> valueOf(const AXUIElement& element) {
-  const auto number = read<NSNumber>(element, "AXValue");
+std::optional<std::int64_t> numberOf(const AXUIElement& element) {
+  const auto number = valueOf<NSNumber>(element, "AXValue");
   return number ? std::optional(std::get<std::int64_t>(number->value)) : std::nullopt;
 }
 
 // As the core asks: the element, its ancestors, and whose it is. Told is what has a name.
 bool askAll(const AXUIElement& clicked) {
-  for (auto element = std::optional(clicked); element; element = read<AXUIElement>(*element, "AXParent")) {
+  for (auto element = std::optional(clicked); element; element = valueOf<AXUIElement>(*element, "AXParent")) {
     for (const auto* attribute : {"AXRole", "AXTitle", "AXValue", "AXSelected"}) {
       element->primitives().copyAttributeValue(attribute);
     }
@@ -43,19 +32,19 @@ bool askAll(const AXUIElement& clicked) {
   return nameOf(clicked) && clicked.primitives().getPid().value != 0;
 }
 
-class PressPicturesTest : public testing::Test {
+class PressPicturesTest : public FakeApplicationTest {
  protected:
   explicit PressPicturesTest(std::string toolkit = "Qt", std::string version = "5.15.8")
-      : application_(std::move(toolkit), std::move(version)) {
-    application_.set("root", {.role = 75, .children = {"window"}});
-    application_.set("window", {.role = 23,
-                                .states = std::uint64_t{1} << static_cast<unsigned>(AtspiState::visible),
+      : FakeApplicationTest(std::move(toolkit), std::move(version)) {
+    application_.set("root", {.role = AtspiRole::application, .children = {"window"}});
+    application_.set("window", {.role = AtspiRole::frame,
+                                .states = bit(AtspiState::visible),
                                 .children = {"target"},
                                 .extents = {0, 0, 100, 100}});
-    set(43, "Play");
+    set(AtspiRole::pushButton, "Play");
   }
 
-  void set(std::uint32_t role, std::string name, std::uint64_t states = 0) {
+  void set(AtspiRole role, std::string name, std::uint64_t states = 0) {
     application_.set("target", {.role = role, .name = std::move(name), .states = states, .parent = "window"});
   }
 
@@ -71,31 +60,27 @@ class PressPicturesTest : public testing::Test {
     return release().value();
   }
 
-  PrivateAccessibilityBus bus_;
-  OneWindow windows_;
-  FakeApplication application_;
-  TestElements elements_{windows_};
   PressPictures pictures_{elements_.session, elements_.pointed, elements_.handles, askAll};
 };
 
 TEST_F(PressPicturesTest, ShowWhatWasPressedWithoutACall) {
   const auto element = pressed();
   const auto calls = application_.calls();
-  set(43, "Pause");
+  set(AtspiRole::pushButton, "Pause");
   EXPECT_EQ(nameOf(element), "Play");
   application_.remove("target");
   EXPECT_EQ(nameOf(element), "Play");
-  EXPECT_EQ(read<std::string>(element, "AXRole"), "AXButton");
+  EXPECT_EQ(textOf(element, "AXRole"), "AXButton");
   EXPECT_EQ(element.primitives().getPid().value, getpid());
   EXPECT_EQ(application_.calls(), calls);
 }
 
 TEST_F(PressPicturesTest, TellWhatTheClickDidByOneCall) {
-  set(7, "Lanterns");
+  set(AtspiRole::checkBox, "Lanterns");
   const auto element = pressed();
-  set(7, "No lanterns", checked);
+  set(AtspiRole::checkBox, "No lanterns", checked);
   const auto calls = application_.calls();
-  EXPECT_EQ(valueOf(element), 1);
+  EXPECT_EQ(numberOf(element), 1);
   EXPECT_EQ(nameOf(element), "Lanterns");
   EXPECT_EQ(application_.calls(), calls + 1);
 }
@@ -106,14 +91,14 @@ class PressPicturesInFirefoxTest : public PressPicturesTest {
 };
 
 TEST_F(PressPicturesInFirefoxTest, WaitForAStateThatComesAMomentLater) {
-  set(7, "Lanterns");
+  set(AtspiRole::checkBox, "Lanterns");
   const auto element = pressed();
   std::atomic<int> asked = 0;
   application_.answer("GetState", [&](sd_bus_message*) {
-    if (++asked == 2) set(7, "Lanterns", checked);
+    if (++asked == 2) set(AtspiRole::checkBox, "Lanterns", checked);
     return -1;
   });
-  EXPECT_EQ(valueOf(element), 1);
+  EXPECT_EQ(numberOf(element), 1);
 }
 
 TEST_F(PressPicturesTest, KnowTheWindowThatHasComeToTheFrontBeforeAPress) {
@@ -123,28 +108,29 @@ TEST_F(PressPicturesTest, KnowTheWindowThatHasComeToTheFrontBeforeAPress) {
   while (elements_.pointed.knownTopLevelOf(window).isNull() && std::chrono::steady_clock::now() < end) {
     std::this_thread::yield();
   }
-  EXPECT_EQ(elements_.pointed.knownTopLevelOf(window), application_.reference("window"));
+  EXPECT_EQ(elements_.pointed.knownTopLevelOf(window), reference("window"));
 }
 
 TEST_F(PressPicturesTest, DoNotKnowTheStateOfWhatHasGoneAndTakeItForChosen) {
-  set(7, "Lanterns", checked);
+  set(AtspiRole::checkBox, "Lanterns", checked);
   const auto element = pressed();
   application_.remove("target");
-  EXPECT_EQ(valueOf(element), std::nullopt);
-  EXPECT_EQ(std::get<bool>(read<NSNumber>(element, "AXSelected")->value), true);
+  EXPECT_EQ(numberOf(element), std::nullopt);
+  EXPECT_EQ(std::get<bool>(valueOf<NSNumber>(element, "AXSelected")->value), true);
 }
 
 TEST_F(PressPicturesTest, AreOfThePlaceOfThePressAndOfWhatIsTold) {
   press();
   EXPECT_FALSE(release(elsewhere));
   EXPECT_TRUE(release());
-  set(43, "");
+  set(AtspiRole::pushButton, "");
   press();
   EXPECT_FALSE(release());
 }
 
 TEST_F(PressPicturesTest, AreOfAllThatWasPressed) {
-  application_.set("target", {.role = 43, .name = "Play", .parent = "window", .extents = {0, 0, 50, 20}});
+  application_.set("target",
+                   {.role = AtspiRole::pushButton, .name = "Play", .parent = "window", .extents = {0, 0, 50, 20}});
   press();
   EXPECT_TRUE(release(elsewhere));
   EXPECT_FALSE(release({60, 10}));
@@ -152,7 +138,7 @@ TEST_F(PressPicturesTest, AreOfAllThatWasPressed) {
 
 TEST_F(PressPicturesTest, AreOfTheLastPressThatWasReleased) {
   const auto first = pressed();
-  set(43, "Pause");
+  set(AtspiRole::pushButton, "Pause");
   press();
   EXPECT_EQ(nameOf(pictures_.elementAt(place).value()), "Play") << "its second look";
   EXPECT_EQ(nameOf(release().value()), "Pause");

@@ -1,8 +1,4 @@
-#include <gtest/gtest.h>
-
 #include "Platform/Linux/following/LastInput.h"
-#include "tests/Platform/Linux/FakeApplication.h"
-#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
@@ -14,23 +10,18 @@ using std::chrono::steady_clock;
 constexpr CGPoint inField{150, 110};
 constexpr CGPoint beside{10, 10};
 
-class LastInputBesideAField : public testing::Test {
+class LastInputBesideAField : public FakeApplicationTest {
  protected:
-  LastInputBesideAField() {
-    application_.set("field", {.role = static_cast<std::uint32_t>(AtspiRole::text), .extents = {100, 100, 100, 20}});
-    application_.set("list", {.role = static_cast<std::uint32_t>(AtspiRole::list), .extents = {100, 100, 100, 20}});
+  LastInputBesideAField() : FakeApplicationTest("Qt", "5.15.8") {
+    application_.set("field", {.role = AtspiRole::text, .extents = {100, 100, 100, 20}});
+    application_.set("list", {.role = AtspiRole::list, .extents = {100, 100, 100, 20}});
   }
 
   bool wasElsewhere(const std::string& key, steady_clock::duration followedBefore) {
     elements_.epoch.begin();
-    return input_.wasElsewhere({elements_.session.reader(), application_.reference(key)},
-                               steady_clock::now() - followedBefore);
+    return input_.wasElsewhere(view(key), steady_clock::now() - followedBefore);
   }
 
-  PrivateAccessibilityBus bus_;
-  NoWindowsOnScreen windows_;
-  TestElements elements_{windows_};
-  FakeApplication application_{"Qt", "5.15.8"};
   LastInput input_;
 };
 

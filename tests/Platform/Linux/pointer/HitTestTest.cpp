@@ -1,42 +1,28 @@
 // Which element is found at a point, where toolkits count in other pixels or stop too early.
 #include <gmock/gmock.h>
-#include <unistd.h>
 
-#include "tests/Platform/Linux/FakeApplication.h"
-#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
-constexpr auto number(AtspiRole role) { return static_cast<std::uint32_t>(role); }
 constexpr auto shown = bit(AtspiState::visible) | bit(AtspiState::showing);
 using Place = std::array<std::int32_t, 4>;
-
-class Window final : public WindowsOnScreen {
- public:
-  std::optional<WindowOnScreen> topLevelWindowAt(CGPoint) override { return here; }
-  std::optional<WindowOnScreen> activeWindow() override { return here; }
-
-  WindowOnScreen here{.window = 1, .process = getpid(), .frame = {}, .client = {}, .shadow = {}, .title = "Ledger"};
-};
 
 class HitTest : public testing::Test {
  protected:
   // With a hit test that knows nothing but the window.
   void open(const std::string& toolkit, ScreenRectangle client) {
     application_.emplace(toolkit, "4.8.3");
-    window_.here.frame = window_.here.client = client;
-    application_->answer("GetAccessibleAtPoint", [](sd_bus_message* call) {
-      return sd_bus_reply_method_return(call, "(so)", "", AtspiReference::nullPath);
-    });
-    application_->set("root", {.role = number(AtspiRole::application), .children = {"frame"}});
+    windows_.pointed = TestWindows::ofProcess(getpid(), client, "Ledger");
+    windows_.pointed->window = ++window_;
+    application_->answerWith("GetAccessibleAtPoint", "(so)", "", AtspiReference::nullPath);
+    application_->set("root", {.role = AtspiRole::application, .children = {"frame"}});
   }
   void add(const std::string& key, AtspiRole role, Place place, std::vector<std::string> children = {},
            std::uint64_t states = shown) {
     auto& element = elements_[key];
-    element = {.role = number(role), .states = states, .children = std::move(children), .extents = place};
+    element = {.role = role, .states = states, .children = std::move(children), .extents = place};
     application_->set(key, element);
   }
   AtspiReference at(CGPoint point) {
@@ -48,8 +34,9 @@ class HitTest : public testing::Test {
   PrivateAccessibilityBus bus_;
   std::optional<FakeApplication> application_;
   std::map<std::string, FakeElement> elements_;
-  Window window_;
-  TestElements read_{window_};
+  std::uint32_t window_ = 0;
+  TestWindows windows_;
+  TestElements read_{windows_};
 };
 
 TEST_F(HitTest, CountsInThePixelsOfTheApplication) {
@@ -76,7 +63,6 @@ TEST_F(HitTest, CountsInThePixelsOfTheApplication) {
     add("button", AtspiRole::pushButton, row.button);
     for (int again = 0; again < 2; ++again) EXPECT_EQ(at(row.point), reference("button"));
     EXPECT_NE(at({row.point.x - 250, row.point.y}), reference("button"));
-    ++window_.here.window;
     application_.reset();
     read_.session.processes.clear();
   }
@@ -101,15 +87,9 @@ TEST_F(HitTest, AsksOnlyTablesForTheirHeaders) {
   add("table", AtspiRole::table, {0, 0, 400, 200}, {"cell"});
   add("cell", AtspiRole::tableCell, {0, 20, 400, 20});
   add("header", AtspiRole::columnHeader, {0, 0, 400, 20});
-  application_->answer("GetAccessibleAtPoint", [this](sd_bus_message* call) {
-    return sd_bus_reply_method_return(call, "(so)", reference("table").busName.c_str(),
-                                      reference("table").path.c_str());
-  });
-  application_->answer("GetColumnHeader", [this](sd_bus_message* call) {
-    return sd_bus_reply_method_return(call, "(so)", reference("header").busName.c_str(),
-                                      reference("header").path.c_str());
-  });
-  application_->answer("NColumns", [](sd_bus_message* call) { return sd_bus_reply_method_return(call, "v", "i", 1); });
+  application_->answerWithElement("GetAccessibleAtPoint", "table");
+  application_->answerWithElement("GetColumnHeader", "header");
+  application_->answerWith("NColumns", "v", "i", 1);
   EXPECT_EQ(at({10, 10}), reference("table"));
   EXPECT_EQ(application_->calls("GetColumnHeader") + application_->calls("NColumns"), 0);
   elements_["table"].interfaces = {"Table"};

@@ -1,49 +1,21 @@
 // What GTK 3 means by its tables, lists and expanders.
-#include <gmock/gmock.h>
-
 #include "Platform/Linux/following/WatchedEvents.h"
-#include "tests/Platform/Linux/FakeApplication.h"
-#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
-constexpr auto number(AtspiRole role) { return static_cast<std::uint32_t>(role); }
-
-class Gtk3 : public testing::Test {
+class Gtk3 : public FakeApplicationTest {
  protected:
-  AXUIElement element(const std::string& key) { return elements_.handles.element(application_.reference(key)); }
-
-  template <typename Value>
-  std::optional<Value> read(const std::string& key, const char* attribute) {
-    const auto result = element(key).primitives().copyAttributeValue(attribute);
-    const auto* value = std::get_if<Value>(&result.value);
-    return result.error == axError::success && value ? std::optional(*value) : std::nullopt;
-  }
-  std::optional<std::string> text(const std::string& key, const char* attribute) {
-    return read<std::string>(key, attribute);
-  }
-  std::string_view selectionOf(const std::string& key) {
-    return selectionNotification({elements_.session.reader(), application_.reference(key)});
-  }
-
-  PrivateAccessibilityBus bus_;
-  NoWindowsOnScreen windows_;
-  TestElements elements_{windows_};
-  FakeApplication application_;
+  std::string_view selectionOf(const std::string& key) { return selectionNotification(view(key)); }
 };
 
 TEST_F(Gtk3, AsksTheTableWhereACellIsThatCannotSay) {
-  application_.set("table",
-                   {.role = number(AtspiRole::treeTable), .interfaces = {"Table", "Selection"}, .children = {"cell"}});
-  application_.set("cell", {.role = number(AtspiRole::tableCell), .interfaces = {"TableCell"}, .parent = "table"});
-  for (const auto* member : {"GetRowAtIndex", "GetColumnAtIndex"}) {
-    application_.answer(member, [](sd_bus_message* call) { return sd_bus_reply_method_return(call, "i", 0); });
+  application_.set("table", {.role = AtspiRole::treeTable, .interfaces = {"Table", "Selection"}, .children = {"cell"}});
+  application_.set("cell", {.role = AtspiRole::tableCell, .interfaces = {"TableCell"}, .parent = "table"});
+  for (const auto* member : {"GetRowAtIndex", "GetColumnAtIndex", "GetIndexInParent"}) {
+    application_.answerWith(member, "i", 0);
   }
-  application_.answer("GetIndexInParent",
-                      [](sd_bus_message* call) { return sd_bus_reply_method_return(call, "i", 0); });
   const auto row = read<CFRange>("cell", "AXRowIndexRange");
   const auto column = read<CFRange>("cell", "AXColumnIndexRange");
   ASSERT_TRUE(row && column);
@@ -56,8 +28,8 @@ TEST_F(Gtk3, TakesFlowBoxesAndIconViewsForListsAndAsksThemForNoTable) {
   for (const auto& [box, item] :
        {std::pair(AtspiRole::table, AtspiRole::tableCell), std::pair(AtspiRole::layeredPane, AtspiRole::icon)}) {
     elements_.epoch.begin();
-    application_.set("box", {.role = number(box), .interfaces = {"Selection"}, .children = {"item"}});
-    application_.set("item", {.role = number(item), .interfaces = {"Text"}, .parent = "box", .text = "Alpha"});
+    application_.set("box", {.role = box, .interfaces = {"Selection"}, .children = {"item"}});
+    application_.set("item", {.role = item, .interfaces = {"Text"}, .parent = "box", .text = "Alpha"});
     EXPECT_EQ(text("box", "AXRole"), "AXList");
     EXPECT_EQ(selectionOf("box"), "AXSelectedChildrenChanged");
     EXPECT_EQ(text("item", "AXValue"), "Alpha");
@@ -69,9 +41,9 @@ TEST_F(Gtk3, TakesFlowBoxesAndIconViewsForListsAndAsksThemForNoTable) {
 }
 
 TEST_F(Gtk3, KeepsTreesAndLayoutsWhatTheyAre) {
-  application_.set("tree", {.role = number(AtspiRole::treeTable), .interfaces = {"Table", "Selection"}});
-  application_.set("table", {.role = number(AtspiRole::table), .interfaces = {"Table", "Selection"}});
-  application_.set("layout", {.role = number(AtspiRole::layeredPane)});
+  application_.set("tree", {.role = AtspiRole::treeTable, .interfaces = {"Table", "Selection"}});
+  application_.set("table", {.role = AtspiRole::table, .interfaces = {"Table", "Selection"}});
+  application_.set("layout", {.role = AtspiRole::layeredPane});
   EXPECT_EQ(text("tree", "AXRole"), "AXOutline");
   EXPECT_EQ(text("table", "AXRole"), "AXTable");
   EXPECT_EQ(text("layout", "AXRole"), "AXGroup");
@@ -79,29 +51,27 @@ TEST_F(Gtk3, KeepsTreesAndLayoutsWhatTheyAre) {
 
 TEST_F(Gtk3, KnowsSwitchesByWhatTheyDoAndCallsWhatIsWrittenIntoAComboBoxAsThat) {
   constexpr std::uint32_t labelledBy = 2;
-  application_.set("switch",
-                   {.role = number(AtspiRole::toggleButton), .interfaces = {"Action"}, .actions = {"toggle"}});
-  application_.set("toggle", {.role = number(AtspiRole::toggleButton), .interfaces = {"Action"}, .actions = {"click"}});
+  application_.set("switch", {.role = AtspiRole::toggleButton, .interfaces = {"Action"}, .actions = {"toggle"}});
+  application_.set("toggle", {.role = AtspiRole::toggleButton, .interfaces = {"Action"}, .actions = {"click"}});
   EXPECT_EQ(text("switch", "AXSubrole"), "AXSwitch");
   EXPECT_EQ(text("toggle", "AXSubrole"), "AXToggle");
-  application_.set("label", {.role = number(AtspiRole::label), .name = "Metal"});
-  application_.set(
-      "box",
-      {.role = number(AtspiRole::comboBox), .children = {"menu", "field"}, .relations = {{labelledBy, "label"}}});
-  application_.set("field", {.role = number(AtspiRole::text), .parent = "box"});
+  application_.set("label", {.role = AtspiRole::label, .name = "Metal"});
+  application_.set("box",
+                   {.role = AtspiRole::comboBox, .children = {"menu", "field"}, .relations = {{labelledBy, "label"}}});
+  application_.set("field", {.role = AtspiRole::text, .parent = "box"});
   EXPECT_EQ(read<AXUIElement>("field", "AXTitleUIElement"), element("label"));
 }
 
 TEST_F(Gtk3, LetsOnlyTheLabelOfAnExpanderBelongToIt) {
   const auto expandable = bit(AtspiState::expandable);
-  application_.set("box", {.role = number(AtspiRole::filler), .children = {"expander"}});
-  application_.set("expander", {.role = number(AtspiRole::toggleButton),
+  application_.set("box", {.role = AtspiRole::filler, .children = {"expander"}});
+  application_.set("expander", {.role = AtspiRole::toggleButton,
                                 .name = "More",
                                 .states = expandable,
                                 .parent = "box",
                                 .children = {"content", "label"}});
-  application_.set("content", {.role = number(AtspiRole::filler), .parent = "expander"});
-  application_.set("label", {.role = number(AtspiRole::label), .name = "More", .parent = "expander"});
+  application_.set("content", {.role = AtspiRole::filler, .parent = "expander"});
+  application_.set("label", {.role = AtspiRole::label, .name = "More", .parent = "expander"});
   EXPECT_EQ(read<AXUIElement>("content", "AXParent"), element("box"));
   EXPECT_EQ(read<AXUIElement>("label", "AXParent"), element("expander"));
 }

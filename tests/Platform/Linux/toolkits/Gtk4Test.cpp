@@ -4,45 +4,41 @@
 #include <chrono>
 
 #include "Platform/Linux/following/FocusEvents.h"
-#include "tests/Platform/Linux/FakeApplication.h"
-#include "tests/Platform/Linux/PrivateBus.h"
+#include "Platform/Linux/runtime/EventLoop.h"
 #include "tests/Platform/Linux/TestElements.h"
 
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::uint64_t bit(AtspiState state) { return std::uint64_t{1} << static_cast<unsigned>(state); }
 constexpr auto limit = std::chrono::seconds(10);
 
-FakeElement text(std::uint64_t states) {
-  return {.role = static_cast<std::uint32_t>(AtspiRole::text), .states = states, .interfaces = {"Text"}};
-}
-
-class Gtk4Focus : public testing::Test {
+class Gtk4Focus : public FakeApplicationTest {
  protected:
-  Gtk4Focus() {
-    application_.set("page", text(editable | focusable | bit(AtspiState::multiLine)));
-    application_.set("search", text(editable));
-    application_.set("field", text(editable | focusable));
-    application_.set("notes", text(editable | bit(AtspiState::multiLine)));
+  Gtk4Focus() : FakeApplicationTest("GTK", "4.8.3") {
+    const auto set = [this](const char* key, std::uint64_t states) {
+      application_.set(key, {.role = AtspiRole::text, .states = editable | states, .interfaces = {"Text"}});
+    };
+    set("page", focusable | bit(AtspiState::multiLine));
+    set("search", 0);
+    set("field", focusable);
+    set("notes", bit(AtspiState::multiLine));
   }
-  ~Gtk4Focus() override { sd_event_unref(loop_); }
 
   // Sent again until it comes: the bus may not know yet that it is listened to.
   bool isFollowed(const std::string& key, const std::function<void()>& send) {
     const auto end = std::chrono::steady_clock::now() + limit;
     while (std::chrono::steady_clock::now() < end) {
       send();
-      sd_event_run(loop_, 20'000);
-      while (sd_event_run(loop_, 0) > 0) {
+      sd_event_run(loop_.event(), 20'000);
+      while (sd_event_run(loop_.event(), 0) > 0) {
       }
-      if (followed() == application_.reference(key)) return true;
+      if (followed() == reference(key)) return true;
     }
     return false;
   }
   AtspiReference followed() {
     elements_.epoch.begin();
-    return elements_.focus.settle(application_.reference("page").busName);
+    return elements_.focus.settle(reference("page").busName);
   }
   void focus(const char* key, int isGained) { application_.sendEvent(key, "StateChanged", "focused", isGained); }
   void moveCaret(const char* key) { application_.sendEvent(key, "TextCaretMoved", "", 1); }
@@ -50,16 +46,8 @@ class Gtk4Focus : public testing::Test {
   static constexpr auto editable = bit(AtspiState::editable);
   static constexpr auto focusable = bit(AtspiState::focusable);
 
-  PrivateAccessibilityBus bus_;
-  NoWindowsOnScreen windows_;
-  TestElements elements_{windows_};
-  FakeApplication application_{"GTK", "4.8.3"};
-  sd_event* loop_ = [] {
-    sd_event* loop = nullptr;
-    sd_event_new(&loop);
-    return loop;
-  }();
-  AtspiEvents events_{loop_, elements_.session.shared, [](const std::string&) {}};
+  EventLoop loop_;
+  AtspiEvents events_{loop_.event(), elements_.session.shared, [](const std::string&) {}};
   FocusEvents focusEvents_{elements_.focus, events_};
   std::unique_ptr<Registration> listening_ = focusEvents_.listen([](const AtspiReference&) {});
 };
@@ -84,7 +72,7 @@ TEST_F(Gtk4Focus, IsTakenFromNothingElseThatTheApplicationWrites) {
   ASSERT_TRUE(isFollowed("page", [this] { focus("page", 1); }));
   // Told last: by then the others were heard.
   EXPECT_TRUE(isFollowed("search", [this] {
-    if (followed() != application_.reference("page")) return;
+    if (followed() != reference("page")) return;
     moveCaret("field");
     focus("page", 0);
     for (const auto* key : {"field", "notes", "page"}) moveCaret(key);
@@ -97,7 +85,7 @@ TEST_F(Gtk4Focus, StaysWhereItIsWhileNothingLostIt) {
   EXPECT_TRUE(isFollowed("field", [this] {
     moveCaret("search");
     focus("field", 1);
-    EXPECT_NE(followed(), application_.reference("search"));
+    EXPECT_NE(followed(), reference("search"));
   }));
 }
 
