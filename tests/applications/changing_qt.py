@@ -1,34 +1,30 @@
 #!/usr/bin/python3
 """A Qt window whose widgets change with the click; changing.py says which. The argument: PyQt5 (default) or PyQt6."""
-import sys
-
+import qt_app
 from changing import Cases
-from control import Control
-from qt_app import Invoker, Places, QtCore, QtWidgets
+from qt_app import Named, QtWidgets
 
 
-class Kit:
+class Kit(Named):
     def __init__(self):
-        self.main = QtWidgets.QMainWindow()
-        self.main.setWindowTitle("Tide changes")
-        self.main.resize(420, 360)
-        self.widgets = {}
+        super().__init__("Tide changes", 420, 360)
         self.others = []
+        self.commands = {"show": Cases(self).show}
 
     def clear(self):
         for window in self.others:
             window.close()
             window.deleteLater()
-        self.others, self.widgets = [], {}
+        self.others = []
+        self.widgets.clear()
         self.main.menuBar().clear()
         centre = QtWidgets.QWidget()
         self.column = QtWidgets.QVBoxLayout(centre)
         self.main.setCentralWidget(centre)
 
     def add(self, text, widget, box=None):
-        self.widgets[text] = widget
         (self.column if box is None else box).addWidget(widget)
-        return widget
+        return self.named(text, widget)
 
     def button(self, text, act, box=None):
         button = QtWidgets.QPushButton(text)
@@ -136,23 +132,10 @@ class Kit:
         self.opened(window)
 
 
-def main():
-    application = QtWidgets.QApplication(sys.argv)
-    application.setQuitOnLastWindowClosed(False)
-    kit = Kit()
-    cases, places = Cases(kit), Places(kit)
-    kit.clear()
-
-    def place(name):
-        places.widgets = kit.widgets
-        return places.place({"Helm": "Duties 0 0"}.get(name, name) if "Duties" in kit.widgets else name)
-
-    invoker = Invoker()
-    control = Control({"place": place, "show": cases.show, "focus": lambda name: kit.widgets[name].setFocus()}, invoker.invoked.emit)
-    kit.main.show()
-    QtCore.QTimer.singleShot(0, control.begin)
-    sys.exit(application.exec())
+class Places(qt_app.Places):
+    def place(self, name):
+        return super().place("Duties 0 0" if name == "Helm" and "Duties" in self.widgets else name)
 
 
 if __name__ == "__main__":
-    main()
+    qt_app.run(Kit, Places)

@@ -6,43 +6,27 @@ import gi
 
 gi.require_version("Gdk", "3.0")
 gi.require_version("Gtk", "3.0")
-from gi.repository import Gdk, GLib, Gtk
+from gi.repository import GLib, Gtk
 
-from control import Control
+from gtk_windows import Ledger, Values, put, run, set_accessible_name
 
 HARBOURS = [("Lisbon", "12 m"), ("Bergen", "30 m"), ("Genoa", "15 m"), ("Cork", "9 m")]
 FLEETS = [("Northern", ["Gull", "Tern"]), ("Southern", ["Petrel"])]
 
 
-class Window(Gtk.Window):
+class Window(Ledger):
     def __init__(self):
-        super().__init__(title="Harbour ledger")
-        self.set_default_size(760, 700)
-        self.set_decorated("WAYLAND_DISPLAY" not in os.environ)  # what it draws itself is not in the places of its widgets
-        self.widgets = {}
-        self.connect("destroy", Gtk.main_quit)
+        super().__init__("Harbour ledger", 760, 700)
+        self.main.set_decorated("WAYLAND_DISPLAY" not in os.environ)  # what it draws itself is not in the places of its widgets
         rows = Gtk.Box(orientation=Gtk.Orientation.VERTICAL, spacing=4)
-        self.add(rows)
+        self.main.add(rows)
         rows.add(self.menu_bar())
         columns = Gtk.Box(spacing=8, homogeneous=True)
         rows.pack_start(columns, True, True, 0)
-        for build in (self.controls, self.texts, self.views):
+        for build in (self.controls, self.entries, self.views):
             column = Gtk.Box(orientation=Gtk.Orientation.VERTICAL, spacing=4)
             columns.add(column)
             build(column)
-        self.show_all()
-
-    def named(self, name, widget):
-        self.widgets[name] = widget
-        return widget
-
-    def labelled(self, text, widget):
-        label = self.named(f"{text} around", Gtk.Label(label=text, xalign=0))
-        label.set_mnemonic_widget(widget)
-        box = Gtk.Box(spacing=4)
-        box.add(label)
-        box.pack_start(self.named(text, widget), True, True, 0)
-        return box
 
     def menu_bar(self):
         bar = Gtk.MenuBar()
@@ -61,22 +45,21 @@ class Window(Gtk.Window):
 
     def controls(self, column):
         for text in ("Weigh anchor", "Drop anchor"):
-            column.add(self.named(text, Gtk.Button(label=text)))
-        column.add(self.named("Lanterns", Gtk.CheckButton(label="Lanterns")))
-        column.add(self.courses())
-        column.add(self.labelled("Speed", Gtk.Scale.new_with_range(Gtk.Orientation.HORIZONTAL, 0, 100, 1)))
-        column.add(self.labelled("Crew", Gtk.SpinButton.new_with_range(0, 100, 1)))
+            put(column, self.named(text, Gtk.Button(label=text)))
+        put(column, self.named("Lanterns", Gtk.CheckButton(label="Lanterns")))
+        put(column, self.courses())
+        self.numbers(column)
         cargo = Gtk.ComboBoxText()
         for text in ("Tea", "Salt", "Rope"):
             cargo.append_text(text)
         cargo.set_active(0)
-        column.add(self.labelled("Cargo", cargo))
+        put(column, self.labelled("Cargo", cargo))
         flag = Gtk.ComboBoxText.new_with_entry()
         flag.append_text("Blue Peter")
-        column.add(self.labelled("Flag", flag))
+        put(column, self.labelled("Flag", flag))
         link = Gtk.LinkButton.new_with_label("https://tides.example/", "Tide tables")
         link.connect("activate-link", lambda _: True)  # or the user's browser would start
-        column.add(self.named("Tide tables", link))
+        put(column, self.named("Tide tables", link))
 
     def courses(self):
         frame, box, first = Gtk.Frame(label="Course"), Gtk.Box(spacing=4), None
@@ -87,23 +70,14 @@ class Window(Gtk.Window):
         frame.add(box)
         return frame
 
-    def texts(self, column):
-        column.add(self.labelled("Ship", Gtk.Entry()))
-        column.add(self.labelled("Captain", Gtk.Entry()))
-        column.add(self.labelled("Passphrase", Gtk.Entry(visibility=False)))
-        column.add(self.labelled("Telegram", self.telegram()))
-        book = Gtk.TextView()
-        book.get_accessible().set_name("Log book")
-        book.set_size_request(-1, 60)
-        column.add(self.named("Log book", book))
-        column.add(self.labelled("Letter", Gtk.TextView()))
-        column.add(self.named("Nameless around", Gtk.Frame(label="Notes", child=self.named("Nameless", Gtk.TextView()))))
+    def entries(self, column):
+        self.texts(column, Passphrase=Gtk.Entry(visibility=False), Telegram=self.telegram())
         pages = Gtk.Notebook()
         for tab, text in (("Charts", "Unroll"), ("Stores", "Count")):
             label = self.named(tab, Gtk.Label(label=tab))
             pages.append_page(self.named(text, Gtk.Button(label=text)), label)
-        column.add(pages)
-        column.add(self.list_box())
+        put(column, pages)
+        put(column, self.duties())
 
     @staticmethod
     def telegram():
@@ -112,18 +86,11 @@ class Window(Gtk.Window):
         entry.connect("changed", lambda _: len(entry.get_text()) >= 30 and GLib.idle_add(entry.set_text, ""))
         return entry
 
-    def list_box(self):
-        box = Gtk.ListBox()
-        box.get_accessible().set_name("Duties")
-        for text in ("Helm", "Lookout", "Galley"):
-            box.add(self.named(text, Gtk.Label(label=text, xalign=0)))
-        return self.named("Duties", box)
-
     def views(self, column):
         harbours = Gtk.ListStore(str, str)
         for row in HARBOURS:
             harbours.append(row)
-        column.add(self.view("Harbours", harbours, ("Harbour", "Depth")))
+        put(column, self.view("Harbours", harbours, ("Harbour", "Depth")))
         fleets = Gtk.TreeStore(str)
         for fleet, ships in FLEETS:
             parent = fleets.append(None, (fleet,))
@@ -131,21 +98,18 @@ class Window(Gtk.Window):
                 fleets.append(parent, (ship,))
         tree = self.view("Fleets", fleets, ("Fleet",))
         tree.expand_all()
-        column.add(tree)
+        put(column, tree)
 
     def view(self, name, model, titles):
         view = Gtk.TreeView(model=model)
-        view.get_accessible().set_name(name)
+        set_accessible_name(view, name)
         for index, title in enumerate(titles):
             view.append_column(Gtk.TreeViewColumn(title, Gtk.CellRendererText(), text=index))
         return self.named(name, view)
 
 
-class Places:
+class Places(Values):
     """Where a widget is on the screen. "Harbours 1 0" is a cell: the view, its row (2:0 below row 2) and its column."""
-
-    def __init__(self, window):
-        self.widgets = window.widgets
 
     def place(self, name):
         view, *cell = name.rsplit(" ", 2)
@@ -178,34 +142,6 @@ class Places:
         x, y = view.convert_bin_window_to_widget_coords(area.x, area.y)
         return self.place_in(view, x, y, area.width, area.height)
 
-    def focus(self, name):
-        widget = self.widgets[name]
-        if isinstance(widget, Gtk.ListBox):
-            widget.child_focus(Gtk.DirectionType.TAB_FORWARD)
-        else:
-            (widget.grab_focus_without_selecting if isinstance(widget, Gtk.Entry) else widget.grab_focus)()
-
-    def value(self, name):
-        widget = self.widgets[name]
-        if isinstance(widget, Gtk.TextView):
-            return widget.get_buffer().props.text
-        if isinstance(widget, Gtk.ToggleButton):
-            return widget.get_active()
-        if isinstance(widget, Gtk.ComboBoxText):
-            return widget.get_active_text()
-        return widget.get_value() if isinstance(widget, (Gtk.Scale, Gtk.SpinButton)) else widget.get_text()
-
-
-def main():
-    Gtk.Settings.get_default().set_property("gtk-enable-animations", False)
-    window = Window()
-    places = Places(window)
-    commands = {"place": places.place, "value": places.value,
-                "focus": places.focus}
-    control = Control(commands, lambda function: GLib.idle_add(function))
-    window.connect_after("map-event", lambda *_: control.begin())
-    Gtk.main()
-
 
 if __name__ == "__main__":
-    main()
+    run(Window, Places)

@@ -7,83 +7,48 @@ import gi
 
 gi.require_version("GdkX11", "4.0")
 gi.require_version("Gtk", "4.0")
-from gi.repository import GdkX11, Gio, GLib, Gtk  # a surface of X11 has its own methods only when the first is there
+from gi.repository import GdkX11, Gio, Gtk  # a surface of X11 has its own methods only when the first is there
 
-from control import Control
+from gtk_windows import Ledger, Values, put, run
 
 
-class Window(Gtk.Window):
+class Window(Ledger):
     def __init__(self):
-        super().__init__(title="Pilot ledger")
-        self.set_default_size(420, 560)
-        self.widgets = {}
+        super().__init__("Pilot ledger", 420, 560)
         column = Gtk.Box(orientation=Gtk.Orientation.VERTICAL, spacing=4)
-        self.set_child(column)
+        self.main.set_child(column)
         self.controls(column)
-        self.texts(column)
-        duties = self.named("Duties", Gtk.ListBox())
-        duties.update_property([Gtk.AccessibleProperty.LABEL], ["Duties"])
-        for text in ("Helm", "Lookout", "Galley"):
-            duties.append(self.named(text, Gtk.Label(label=text, xalign=0)))
-        column.append(duties)
-
-    def named(self, name, widget):
-        self.widgets[name] = widget
-        return widget
-
-    def labelled(self, text, widget):
-        label = self.named(f"{text} around", Gtk.Label(label=text, xalign=0))
-        label.set_mnemonic_widget(widget)
-        box = Gtk.Box(spacing=4)
-        box.append(label)
-        widget.set_hexpand(True)
-        box.append(self.named(text, widget))
-        return box
+        self.texts(column, Passphrase=Gtk.PasswordEntry(), Cipher=Gtk.Entry(visibility=False))
+        put(column, self.duties())
 
     def controls(self, column):
-        column.append(self.named("Weigh anchor", Gtk.Button(label="Weigh anchor")))
-        column.append(self.named("Voyage", Gtk.MenuButton(label="Voyage", popover=self.popover())))
-        column.append(self.named("Tools", Gtk.MenuButton(label="Tools", menu_model=self.menu())))
-        column.append(self.labelled("Cargo", Gtk.DropDown.new_from_strings(["Tea", "Salt", "Rope"])))
-        column.append(self.named("Lanterns", Gtk.CheckButton(label="Lanterns")))
-        column.append(self.labelled("Autopilot", Gtk.Switch(halign=Gtk.Align.START)))
-        column.append(self.labelled("Speed", Gtk.Scale.new_with_range(Gtk.Orientation.HORIZONTAL, 0, 100, 1)))
-        column.append(self.labelled("Crew", Gtk.SpinButton.new_with_range(0, 100, 1)))
+        put(column, self.named("Weigh anchor", Gtk.Button(label="Weigh anchor")))
+        put(column, self.named("Voyage", Gtk.MenuButton(label="Voyage", popover=self.popover())))
+        put(column, self.named("Tools", Gtk.MenuButton(label="Tools", menu_model=self.menu())))
+        put(column, self.labelled("Cargo", Gtk.DropDown.new_from_strings(["Tea", "Salt", "Rope"])))
+        put(column, self.named("Lanterns", Gtk.CheckButton(label="Lanterns")))
+        put(column, self.labelled("Autopilot", Gtk.Switch(halign=Gtk.Align.START)))
+        self.numbers(column)
 
     def popover(self):
         box = Gtk.Box(orientation=Gtk.Orientation.VERTICAL)
         for text in ("Depart", "Return"):
-            box.append(self.named(text, Gtk.Button(label=text)))
+            put(box, self.named(text, Gtk.Button(label=text)))
         return Gtk.Popover(child=box)
 
     def menu(self):
         menu, actions = Gio.Menu(), Gio.SimpleActionGroup()
-        self.insert_action_group("tools", actions)
+        self.main.insert_action_group("tools", actions)
         for text in ("Chart", "Compass"):
             actions.add_action(Gio.SimpleAction.new(text, None))
             menu.append(text, f"tools.{text}")
         return menu
 
-    def texts(self, column):
-        column.append(self.labelled("Ship", Gtk.Entry()))
-        column.append(self.labelled("Captain", Gtk.Entry()))
-        column.append(self.labelled("Passphrase", Gtk.PasswordEntry()))
-        column.append(self.labelled("Cipher", Gtk.Entry(visibility=False)))
-        book = self.named("Log book", Gtk.TextView(height_request=60))
-        book.update_property([Gtk.AccessibleProperty.LABEL], ["Log book"])
-        column.append(book)
-        column.append(self.labelled("Letter", Gtk.TextView()))
-        frame = Gtk.Frame(label="Notes", child=self.named("Nameless", Gtk.TextView()))
-        column.append(self.named("Nameless around", frame))
 
-
-class Places:
+class Places(Values):
     """Where a widget is on the screen: its window's place, as the window manager has it (under Wayland nobody has), and its
     own place in it.
     "Cargo: 1" is an item of what pops up."""
-
-    def __init__(self, window):
-        self.widgets = window.widgets
 
     def place(self, name):
         name, _, number = name.partition(": ")
@@ -118,34 +83,6 @@ class Places:
         answer = subprocess.run(command, capture_output=True, text=True, check=True).stdout
         return [int(number) for number in re.findall(r"Absolute upper-left .:\s+(-?\d+)", answer)]
 
-    def focus(self, name):
-        widget = self.widgets[name]
-        (widget.grab_focus_without_selecting if isinstance(widget, Gtk.Entry) else widget.grab_focus)()
-
-    def value(self, name):
-        widget = self.widgets[name]
-        if isinstance(widget, Gtk.TextView):
-            return widget.get_buffer().props.text
-        for answer in ("get_value", "get_active", "get_text"):
-            if hasattr(widget, answer):
-                return getattr(widget, answer)()
-        return None
-
-
-def main():
-    Gtk.init()
-    loop = GLib.MainLoop()
-    Gtk.Settings.get_default().set_property("gtk-enable-animations", False)
-    window = Window()
-    places = Places(window)
-    commands = {"place": places.place, "value": places.value,
-                "focus": places.focus}
-    control = Control(commands, lambda function: GLib.idle_add(function))
-    window.connect("close-request", lambda *_: loop.quit())
-    window.connect("map", lambda *_: control.begin())
-    window.present()
-    loop.run()
-
 
 if __name__ == "__main__":
-    main()
+    run(Window, Places)

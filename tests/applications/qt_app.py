@@ -12,30 +12,39 @@ HARBOURS = [("Lisbon", "12 m"), ("Bergen", "30 m"), ("Genoa", "15 m"), ("Cork", 
 FLEETS = [("Northern", ["Gull", "Tern"]), ("Southern", ["Petrel"])]
 
 
-class Window(QtWidgets.QMainWindow):
-    def __init__(self):
-        super().__init__()
-        self.setWindowTitle("Quay ledger")
-        self.resize(900, 640)
+class Named:
+    """A main window that knows its widgets by their names, and may obey further commands."""
+
+    commands = {}
+
+    def __init__(self, title, width, height):
+        self.main = QtWidgets.QMainWindow()
+        self.main.setWindowTitle(title)
+        self.main.resize(width, height)
         self.widgets = {}
-        voyage = self.menuBar().addMenu("Voyage")
+
+    def named(self, name, widget):
+        self.widgets[name] = widget
+        return widget
+
+
+class Window(Named):
+    def __init__(self):
+        super().__init__("Quay ledger", 900, 640)
+        voyage = self.main.menuBar().addMenu("Voyage")
         past = voyage.addMenu("Past")
         for menu, text in ((past, "Lisbon 1920"), (past, "Cork 1921"), (voyage, "Depart")):
             self.widgets[text] = (menu, menu.addAction(text))
-        self.widgets["Voyage"] = (self.menuBar(), voyage.menuAction())
+        self.widgets["Voyage"] = (self.main.menuBar(), voyage.menuAction())
         self.widgets["Past"] = (voyage, past.menuAction())
         centre = QtWidgets.QWidget()
-        self.setCentralWidget(centre)
+        self.main.setCentralWidget(centre)
         columns = QtWidgets.QHBoxLayout(centre)
         for build in (self.controls, self.texts, self.views):
             column = QtWidgets.QVBoxLayout()
             columns.addLayout(column)
             build(column)
             column.addStretch()
-
-    def named(self, name, widget):
-        self.widgets[name] = widget
-        return widget
 
     def labelled(self, text, widget):
         label = self.named(f"{text} around", QtWidgets.QLabel(text))
@@ -157,18 +166,18 @@ class Invoker(QtCore.QObject):
         self.invoked.connect(lambda function: function())
 
 
-def main():
+def run(make, places_in):
+    """`make` gives what has the `main` window, and `places_in` of it what is asked for places and values."""
     application = QtWidgets.QApplication(sys.argv)
-    window = Window()
-    places = Places(window)
-    invoker = Invoker()
-    commands = {"place": places.place, "value": places.value,
-                "focus": lambda name: window.widgets[name].setFocus()}
-    window.show()
-    control = Control(commands, invoker.invoked.emit)
+    application.setQuitOnLastWindowClosed(False)
+    made, invoker = make(), Invoker()
+    places = places_in(made)
+    control = Control({"place": places.place, "value": places.value,
+                       "focus": lambda name: made.widgets[name].setFocus(), **made.commands}, invoker.invoked.emit)
+    made.main.show()
     QtCore.QTimer.singleShot(0, control.begin)
     sys.exit(application.exec())
 
 
 if __name__ == "__main__":
-    main()
+    run(Window, Places)
