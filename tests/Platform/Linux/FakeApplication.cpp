@@ -1,6 +1,7 @@
 #include "tests/Platform/Linux/FakeApplication.h"
 
 #include <cstdlib>
+#include <deque>
 #include <stdexcept>
 
 namespace norra::linux_desktop {
@@ -13,19 +14,15 @@ std::string keyOf(const std::string& path) {
   return path.starts_with(pathPrefix) ? path.substr(pathPrefix.size()) : "";
 }
 
-int appendTexts(sd_bus_message* reply, const std::map<std::string, std::string>& texts) {
-  sd_bus_message_open_container(reply, 'a', "{ss}");
-  for (const auto& [key, value] : texts) sd_bus_message_append(reply, "{ss}", key.c_str(), value.c_str());
-  return sd_bus_message_close_container(reply);
-}
-
-// Sends a reply that `fill` fills.
-template <typename Fill>
-int replyWith(sd_bus_message* call, const Fill& fill) {
+// Replies with an array: `append` appends one of the items.
+template <typename Items, typename Append>
+int replyArray(sd_bus_message* call, const char* type, const Items& items, const Append& append) {
   sd_bus_message* handle = nullptr;
   sd_bus_message_new_method_return(call, &handle);
   const MessagePtr reply(handle);
-  fill(handle);
+  sd_bus_message_open_container(handle, 'a', type);
+  for (const auto& item : items) append(handle, item);
+  sd_bus_message_close_container(handle);
   return sd_bus_send(nullptr, handle, nullptr);
 }
 
@@ -169,14 +166,16 @@ FakeElement FakeApplication::elementOf(sd_bus_message* call) const {
   return found != elements_.end() ? found->second : elsewhere_.value();
 }
 
-void FakeApplication::appendFieldsBelow(sd_bus_message* reply, const FakeElement& element) const {
-  for (const auto& key : element.children) {
-    const auto child = elements_.find(key);
+std::vector<std::string> FakeApplication::fieldsBelow(const FakeElement& element) const {
+  const std::lock_guard lock(mutex_);
+  std::vector<std::string> fields;
+  for (auto keys = std::deque(element.children.begin(), element.children.end()); !keys.empty(); keys.pop_front()) {
+    const auto child = elements_.find(keys.front());
     if (child == elements_.end()) continue;
-    if (hasState(child->second.states, AtspiState::editable))
-      sd_bus_message_append(reply, "(so)", name_.c_str(), pathOf(key).c_str());
-    appendFieldsBelow(reply, child->second);
+    if (hasState(child->second.states, AtspiState::editable)) fields.push_back(child->first);
+    keys.insert(keys.end(), child->second.children.begin(), child->second.children.end());
   }
+  return fields;
 }
 
 int FakeApplication::replyReference(sd_bus_message* call, const std::string& key) {
@@ -217,42 +216,27 @@ int FakeApplication::replyMethod(sd_bus_message* call, const std::string& member
     return sd_bus_reply_method_return(call, "au", 2, static_cast<std::uint32_t>(element.states),
                                       static_cast<std::uint32_t>(element.states >> 32));
   }
+  const auto appendReference = [this](sd_bus_message* reply, const std::string& key) {
+    sd_bus_message_append(reply, "(so)", name_.c_str(), pathOf(key).c_str());
+  };
   if (member == "GetAttributes") {
-    return replyWith(call, [&](sd_bus_message* reply) { appendTexts(reply, element.attributes); });
+    return replyArray(call, "{ss}", element.attributes, [](sd_bus_message* reply, const auto& text) {
+      sd_bus_message_append(reply, "{ss}", text.first.c_str(), text.second.c_str());
+    });
   }
   if (member == "GetInterfaces") {
-    return replyWith(call, [&](sd_bus_message* reply) {
-      sd_bus_message_open_container(reply, 'a', "s");
-      for (const auto& one : element.interfaces) sd_bus_message_append(reply, "s", ("org.a11y.atspi." + one).c_str());
-      sd_bus_message_close_container(reply);
+    return replyArray(call, "s", element.interfaces, [](sd_bus_message* reply, const std::string& name) {
+      sd_bus_message_append(reply, "s", ("org.a11y.atspi." + name).c_str());
     });
   }
   if (member == "GetRelationSet") {
-    return replyWith(call, [&](sd_bus_message* reply) {
-      sd_bus_message_open_container(reply, 'a', "(ua(so))");
-      for (const auto& [type, key] : element.relations) {
-        sd_bus_message_append(reply, "(ua(so))", type, 1, name_.c_str(), pathOf(key).c_str());
-      }
-      sd_bus_message_close_container(reply);
+    return replyArray(call, "(ua(so))", element.relations, [this](sd_bus_message* reply, const auto& relation) {
+      const auto& [type, key] = relation;
+      sd_bus_message_append(reply, "(ua(so))", type, 1, name_.c_str(), pathOf(key).c_str());
     });
   }
-  if (member == "GetChildren") {
-    return replyWith(call, [&](sd_bus_message* reply) {
-      sd_bus_message_open_container(reply, 'a', "(so)");
-      for (const auto& key : element.children) {
-        sd_bus_message_append(reply, "(so)", name_.c_str(), pathOf(key).c_str());
-      }
-      sd_bus_message_close_container(reply);
-    });
-  }
-  if (member == "GetMatches") {
-    return replyWith(call, [&](sd_bus_message* reply) {
-      sd_bus_message_open_container(reply, 'a', "(so)");
-      const std::lock_guard lock(mutex_);
-      appendFieldsBelow(reply, element);
-      sd_bus_message_close_container(reply);
-    });
-  }
+  if (member == "GetChildren") return replyArray(call, "(so)", element.children, appendReference);
+  if (member == "GetMatches") return replyArray(call, "(so)", fieldsBelow(element), appendReference);
   if (member == "GetExtents") {
     const auto& [x, y, width, height] = element.extents;
     return sd_bus_reply_method_return(call, "(iiii)", x, y, width, height);

@@ -91,7 +91,7 @@ class FakeApplication {
   int replyProperty(sd_bus_message* call, const std::string& property);
   int replyMethod(sd_bus_message* call, const std::string& member);
   int replyReference(sd_bus_message* call, const std::string& key);
-  void appendFieldsBelow(sd_bus_message* reply, const FakeElement& element) const;
+  std::vector<std::string> fieldsBelow(const FakeElement& element) const;
   FakeElement elementOf(sd_bus_message* call) const;
   bool isKnown(sd_bus_message* call) const;
   std::string pathOf(const std::string& key) const;

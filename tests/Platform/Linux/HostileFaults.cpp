@@ -17,36 +17,17 @@ constexpr std::size_t hugeText = std::size_t{64} << 20;
 constexpr int manyChildren = 1'000'000;
 constexpr auto lowest = std::numeric_limits<std::int32_t>::min();
 
-constexpr std::array members{"GetRole",
-                             "GetState",
-                             "GetInterfaces",
-                             "GetAttributes",
-                             "GetRelationSet",
-                             "GetChildren",
-                             "Name",
-                             "GetIndexInParent",
-                             "GetLocalizedRoleName",
-                             "GetChildAtIndex",
-                             "GetExtents",
-                             "GetName",
-                             "GetText",
-                             "GetAccessibleAtPoint",
-                             "GetStringAtOffset",
-                             "ToolkitName",
-                             "Version",
-                             "Description",
-                             "Parent",
-                             "ChildCount",
-                             "CharacterCount",
-                             "NActions",
-                             "CurrentValue",
-                             "AccessibleId",
-                             "HelpText",
-                             "NColumns",
-                             "NSelectedChildren"};
-
 void answerAll(FakeApplication& application, const FakeApplication::Answer& answer) {
-  for (const auto* member : members) application.answer(member, answer);
+  for (const auto* method : {"GetRole", "GetState", "GetInterfaces", "GetAttributes", "GetRelationSet", "GetChildren",
+                             "GetIndexInParent", "GetLocalizedRoleName", "GetChildAtIndex", "GetExtents", "GetName",
+                             "GetText", "GetAccessibleAtPoint", "GetStringAtOffset"}) {
+    application.answer(method, answer);
+  }
+  for (const auto* property :
+       {"Name", "ToolkitName", "Version", "Description", "Parent", "ChildCount", "CharacterCount", "NActions",
+        "CurrentValue", "AccessibleId", "HelpText", "NColumns", "NSelectedChildren"}) {
+    application.answer(property, answer);
+  }
 }
 
 int neverAnswer(sd_bus_message* /*call*/) { return 0; }

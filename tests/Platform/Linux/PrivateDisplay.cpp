@@ -2,13 +2,11 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <iterator>
@@ -16,18 +14,6 @@
 
 namespace norra::linux_desktop {
 namespace {
-
-constexpr std::chrono::seconds patience{20};
-constexpr std::chrono::milliseconds turn{5};
-
-bool repeatUntil(const std::function<bool()>& condition, const std::function<void()>& pass) {
-  const auto end = std::chrono::steady_clock::now() + patience;
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > end) return false;
-    pass();
-  }
-  return true;
-}
 
 // The X server writes its number, and a line's end, when it is ready.
 std::string numberFrom(int descriptor) {
@@ -111,14 +97,6 @@ void PrivateDisplay::startWindowManager() {
 }
 
 void PrivateDisplay::endWindowManager() { windowManager_.reset(); }
-
-bool waitUntil(const std::function<bool()>& condition) {
-  return repeatUntil(condition, [] { poll(nullptr, 0, static_cast<int>(turn.count())); });
-}
-
-bool serveUntil(sd_event* event, const std::function<bool()>& condition) {
-  return repeatUntil(condition, [&] { sd_event_run(event, std::chrono::microseconds(turn).count()); });
-}
 
 void serveWhile(sd_event* event, const std::string& command) {
   std::istringstream stream(command);

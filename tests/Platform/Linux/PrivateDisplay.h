@@ -2,14 +2,13 @@
 #pragma once
 
 #include <sys/types.h>
-#include <systemd/sd-event.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "Platform/Linux/x11/X11Connection.h"
+#include "tests/Platform/Linux/Waiting.h"
 
 namespace norra::linux_desktop {
 
@@ -50,11 +49,6 @@ class PrivateDisplay {
   std::unique_ptr<ChildProgram> server_;
   std::unique_ptr<ChildProgram> windowManager_;
 };
-
-/// Gives the condition all the time it may need, and no more. False: it did not come about.
-bool waitUntil(const std::function<bool()>& condition);
-/// The same while the loop's sources are served.
-bool serveUntil(sd_event* event, const std::function<bool()>& condition);
 
 /// Runs a command line such as xdotool's to its end while the loop's sources are served; a failure of it fails the
 /// test.

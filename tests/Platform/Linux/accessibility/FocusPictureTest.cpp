@@ -1,17 +1,15 @@
 // What a key press is told by when its application acts on it before anybody asks.
 #include <gmock/gmock.h>
 
-#include <chrono>
-
 #include "Platform/Linux/accessibility/FocusPicture.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "tests/Platform/Linux/TestElements.h"
+#include "tests/Platform/Linux/Waiting.h"
 
 namespace norra::linux_desktop {
 namespace {
 
 constexpr std::uint64_t editable = bit(AtspiState::editable);
-constexpr auto limit = std::chrono::seconds(10);
 
 bool askAll(const AXUIElement& focused) {
   for (const auto* attribute : {"AXTitle", "AXValue", "AXRoleDescription"}) textOf(focused, attribute);
@@ -42,14 +40,12 @@ class FocusPictureTest : public FakeApplicationTest {
 
   // Serves the loop until the focused element is called so.
   bool becomes(const char* key, const std::string& name, const std::function<void()>& send) {
-    const auto end = std::chrono::steady_clock::now() + limit;
-    while (std::chrono::steady_clock::now() < end) {
-      send();
-      sd_event_run(loop_.event(), 20'000);
+    return serveUntil(loop_.event(), [&] {
       elements_.epoch.begin();
       if (textOf(picture_.of(reference(key)).value(), "AXTitle") == name) return true;
-    }
-    return false;
+      send();
+      return false;
+    });
   }
 
   EventLoop loop_;

@@ -2,11 +2,10 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
-#include <chrono>
-#include <thread>
 
 #include "Platform/Linux/accessibility/PressPictures.h"
 #include "tests/Platform/Linux/TestElements.h"
+#include "tests/Platform/Linux/Waiting.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -104,10 +103,7 @@ TEST_F(PressPicturesInFirefoxTest, WaitForAStateThatComesAMomentLater) {
 TEST_F(PressPicturesTest, KnowTheWindowThatHasComeToTheFrontBeforeAPress) {
   pictures_.noteActivation();
   const auto window = windows_.activeWindow().value();
-  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
-  while (elements_.pointed.knownTopLevelOf(window).isNull() && std::chrono::steady_clock::now() < end) {
-    std::this_thread::yield();
-  }
+  waitUntil([&] { return !elements_.pointed.knownTopLevelOf(window).isNull(); });
   EXPECT_EQ(elements_.pointed.knownTopLevelOf(window), reference("window"));
 }
 

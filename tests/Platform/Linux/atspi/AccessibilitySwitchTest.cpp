@@ -2,20 +2,17 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <chrono>
 #include <cstdlib>
-#include <functional>
 #include <optional>
 #include <thread>
 
 #include "Platform/Linux/atspi/AccessibilitySwitch.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "tests/Platform/Linux/PrivateBus.h"
+#include "tests/Platform/Linux/Waiting.h"
 
 namespace norra::linux_desktop {
 namespace {
-
-using std::chrono_literals::operator""s;
 
 enum class Kind { setByHand, followsListeners };
 
@@ -70,21 +67,15 @@ class AccessibilitySwitchTest : public testing::Test {
  protected:
   AccessibilitySwitchTest() { setenv("XDG_RUNTIME_DIR", runtimeFolder.path().c_str(), 1); }
 
-  bool serveUntil(const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + 20s;
-    while (!condition() && std::chrono::steady_clock::now() < deadline) sd_event_run(loop.event(), 10'000);
-    return condition();
-  }
-
   /// One that knows how the switch stands.
   void start(std::optional<AccessibilitySwitch>& service, const Launcher& launcher) {
     const int before = launcher.timesAsked();
     service.emplace(loop.event());
-    ASSERT_TRUE(serveUntil([&] { return launcher.timesAsked() == before + 2; }));
+    ASSERT_TRUE(serveUntil(loop.event(), [&] { return launcher.timesAsked() == before + 2; }));
     awaitAnswersBefore();
     while (sd_event_run(loop.event(), 0) > 0) {
     }
-    ASSERT_TRUE(serveUntil([&] { return launcher.isOn(); }));
+    ASSERT_TRUE(serveUntil(loop.event(), [&] { return launcher.isOn(); }));
   }
 
   /// When the launcher has answered this, what it answered before has arrived too.

@@ -5,6 +5,7 @@
 #include "Platform/Linux/service/ServiceProcess.h"
 #include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestClient.h"
+#include "tests/Platform/Linux/Waiting.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -64,12 +65,7 @@ class BusListenerTest : public testing::Test {
  protected:
   BusListenerTest() { listener->setDelegate(&delegate); }
 
-  /// Serves the loop until the condition holds. False: it did not within a generous limit.
-  bool runUntil(const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (!condition() && std::chrono::steady_clock::now() < deadline) sd_event_run(loop.event(), 10'000);
-    return condition();
-  }
+  bool runUntil(const std::function<bool()>& condition) { return serveUntil(loop.event(), condition); }
 
   std::string ask(TestClient& client, const char* method, const char* argument = nullptr) {
     const auto before = client.replies().size();

@@ -14,16 +14,15 @@
 #include "UserInteractionsCollectorService/ServiceEntry.h"
 #include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestClient.h"
+#include "tests/Platform/Linux/Waiting.h"
 
 namespace norra::linux_desktop {
 namespace {
 
-using std::chrono_literals::operator""s;
 using testing::Each;
 using testing::ElementsAre;
 using testing::SizeIs;
 
-constexpr auto limit = 20s;
 constexpr auto* start = "startCollectorWith";
 constexpr auto* stop = "stopCollectorWith";
 constexpr auto* pause = "pauseCollectorWith";
@@ -80,11 +79,7 @@ class ClientFaults : public testing::Test {
     EXPECT_EQ(service->status(), 0);
   }
 
-  bool runUntil(const std::function<bool()>& condition) {
-    const auto deadline = std::chrono::steady_clock::now() + limit;
-    while (!condition() && std::chrono::steady_clock::now() < deadline) sd_event_run(loop.event(), 10'000);
-    return condition();
-  }
+  bool runUntil(const std::function<bool()>& condition) { return serveUntil(loop.event(), condition); }
 
   bool awaitReplies(const TestClient& client, std::size_t count) {
     return runUntil([&] { return client.replies().size() >= count; });

@@ -1,16 +1,13 @@
 // What GTK 4 tells of the focus, and what it does not.
 #include <gmock/gmock.h>
 
-#include <chrono>
-
 #include "Platform/Linux/following/FocusEvents.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "tests/Platform/Linux/TestElements.h"
+#include "tests/Platform/Linux/Waiting.h"
 
 namespace norra::linux_desktop {
 namespace {
-
-constexpr auto limit = std::chrono::seconds(10);
 
 class Gtk4Focus : public FakeApplicationTest {
  protected:
@@ -26,15 +23,14 @@ class Gtk4Focus : public FakeApplicationTest {
 
   // Sent again until it comes: the bus may not know yet that it is listened to.
   bool isFollowed(const std::string& key, const std::function<void()>& send) {
-    const auto end = std::chrono::steady_clock::now() + limit;
-    while (std::chrono::steady_clock::now() < end) {
+    const auto turn = [&] {
       send();
       sd_event_run(loop_.event(), 20'000);
       while (sd_event_run(loop_.event(), 0) > 0) {
       }
-      if (followed() == reference(key)) return true;
-    }
-    return false;
+    };
+    turn();
+    return repeatUntil([&] { return followed() == reference(key); }, turn);
   }
   AtspiReference followed() {
     elements_.epoch.begin();

@@ -160,13 +160,6 @@ TEST_F(X11EventTapsTest, FollowsHeldModifiers) {
   EXPECT_THAT(keyOf("xdotool key shift+Tab"), specialKeyPress(0x19, shift));
 }
 
-TEST_F(X11EventTapsTest, NamesKeysWithoutModifiers) {
-  EXPECT_THAT(keyOf("xdotool key Return"), specialKeyPress(0x0D, 0));
-  EXPECT_THAT(keyOf("xdotool key Left"), specialKeyPress(0xF702, numericPad | function));
-  EXPECT_THAT(keyOf("xdotool key F5"), specialKeyPress(0xF708, function));
-  EXPECT_THAT(keyOf("xdotool key a"), key(std::nullopt, 0));
-}
-
 TEST_F(X11EventTapsTest, FollowsCapsLock) {
   EXPECT_THAT(keyOf("xdotool key Caps_Lock key ctrl+c"), key("c", control | capsLock));
   EXPECT_THAT(keyOf("xdotool key Caps_Lock key ctrl+c"), key("c", control));
