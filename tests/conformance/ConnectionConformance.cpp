@@ -1,6 +1,7 @@
 #include <future>
 
 #include "tests/conformance/ConformanceTest.h"
+#include "tests/conformance/ExportedObject.h"
 
 namespace norra::conformance {
 namespace {
@@ -10,48 +11,12 @@ using testing::IsEmpty;
 
 using Texts = std::vector<std::string>;
 
-/// Answers with the number of its connection, and takes the client's proxy when it is started.
-class Exported final : public ServiceProtocol {
- public:
-  Exported(std::shared_ptr<NSXPCConnection> connection, std::size_t number)
-      : connection_(std::move(connection)), number_(std::to_string(number)) {}
-
-  void startCollectorWith(const ServiceReply& reply) override {
-    client = connection_->remoteObjectProxy([errors = errors](const std::string& error) { errors->push_back(error); });
-    reply(client ? "started " + number_ : "not usable");
-  }
-  void stopCollectorWith(const ServiceReply& reply) override { reply("stopped " + number_); }
-  void pauseCollectorWith(const ServiceReply& reply) override { reply("paused " + number_); }
-  void resumeCollectorWith(const ServiceReply& reply) override { reply("resumed " + number_); }
-
-  std::shared_ptr<ClientProtocol> client;
-  const std::shared_ptr<Texts> errors = std::make_shared<Texts>();
-
- private:
-  std::shared_ptr<NSXPCConnection> connection_;
-  std::string number_;
-};
-
-/// Keeps no connection and no exported object alive.
-class Delegate final : public NSXPCListenerDelegate {
+class Delegate final : public AcceptingDelegate {
  public:
   explicit Delegate(NSXPCListener& listener) : listener_(listener) { listener_.setDelegate(this); }
   ~Delegate() override { listener_.setDelegate(nullptr); }
   Delegate(const Delegate&) = delete;
   Delegate& operator=(const Delegate&) = delete;
-
-  bool shouldAcceptNewConnection(std::shared_ptr<NSXPCConnection> connection) override {
-    const auto object = std::make_shared<Exported>(connection, objects.size() + 1);
-    objects.push_back(object);
-    connection->setExportedObject(object);
-    connection->setInvalidationHandler([this, number = objects.size()] { invalidated.push_back(number); });
-    if (accepts) connection->activate();
-    return accepts;
-  }
-
-  bool accepts = true;
-  std::vector<std::weak_ptr<Exported>> objects;
-  std::vector<std::size_t> invalidated;
 
  private:
   NSXPCListener& listener_;

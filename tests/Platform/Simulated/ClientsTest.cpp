@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "Platform/Simulated/Clients.h"
+#include "tests/conformance/ExportedObject.h"
 
 namespace norra::simulated {
 namespace {
@@ -22,25 +23,13 @@ class Client final : public ClientProtocol {
   Lines& lines_;
 };
 
-/// Answers each operation with its number.
-class Service final : public ServiceProtocol {
- public:
-  explicit Service(std::string number) : number_(std::move(number)) {}
-  void startCollectorWith(const ServiceReply& reply) override { reply("start " + number_); }
-  void stopCollectorWith(const ServiceReply& reply) override { reply("stop " + number_); }
-  void pauseCollectorWith(const ServiceReply& reply) override { reply("pause " + number_); }
-  void resumeCollectorWith(const ServiceReply& reply) override { reply("resume " + number_); }
-
- private:
-  std::string number_;
-};
-
 class ClientsTest : public testing::Test, public NSXPCListenerDelegate {
  protected:
   ClientsTest() { clients_.setDelegate(this); }
+  ~ClientsTest() override { clients_.dropConnections(); }
 
   bool shouldAcceptNewConnection(std::shared_ptr<NSXPCConnection> connection) override {
-    connection->setExportedObject(std::make_shared<Service>(std::to_string(proxies_.size() + 1)));
+    connection->setExportedObject(std::make_shared<conformance::ExportedObject>(connection, proxies_.size() + 1));
     connection->setInvalidationHandler([this] { lines_.push_back("invalidated"); });
     connection->setInterruptionHandler([this] { lines_.push_back("interrupted"); });
     proxies_.push_back(connection->remoteObjectProxy([this](const auto& error) { lines_.push_back(error); }));
@@ -65,7 +54,7 @@ TEST_F(ClientsTest, ANameMeansItsNewestConnection) {
   clients_.disconnect("a");
   proxies_[0]->addEvent("of the first", {}, false);
   proxies_[1]->addEvent("of the second", {}, false);
-  EXPECT_THAT(lines_, ElementsAre("pause 2", "invalidated", "event of the first", "connection invalidated"));
+  EXPECT_THAT(lines_, ElementsAre("paused 2", "invalidated", "event of the first", "connection invalidated"));
   EXPECT_FALSE(clients_.isConnected("a"));
 }
 
@@ -74,7 +63,7 @@ TEST_F(ClientsTest, AnInterruptedConnectionStillCarriesMessages) {
   clients_.interrupt("a");
   proxies_[0]->addEvent("x", {}, false);
   call("a", ServiceOperation::start);
-  EXPECT_THAT(lines_, ElementsAre("interrupted", "event x", "start 1"));
+  EXPECT_THAT(lines_, ElementsAre("interrupted", "event x", "started 1"));
 }
 
 TEST_F(ClientsTest, ClientsThatAreNotConnectedAreNotDisturbed) {

@@ -6,6 +6,7 @@
 #include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/TestClient.h"
 #include "tests/Platform/Linux/Waiting.h"
+#include "tests/conformance/ExportedObject.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -20,47 +21,6 @@ using testing::SizeIs;
 
 constexpr auto limit = 20s;
 
-/// Answers with its own name, and takes the client's proxy when it is started.
-class ExportedObject final : public ServiceProtocol {
- public:
-  ExportedObject(std::shared_ptr<NSXPCConnection> connection, std::string name)
-      : connection_(std::move(connection)), name_(std::move(name)) {}
-
-  void startCollectorWith(const ServiceReply& reply) override {
-    client = connection_->remoteObjectProxy([this](const std::string& error) { errors.push_back(error); });
-    reply(client ? name_ + " started" : "no proxy");
-  }
-  void stopCollectorWith(const ServiceReply& reply) override { reply(name_ + " stopped"); }
-  void pauseCollectorWith(const ServiceReply& reply) override { reply(name_ + " paused"); }
-  void resumeCollectorWith(const ServiceReply& reply) override { reply(name_ + " resumed"); }
-
-  std::shared_ptr<ClientProtocol> client;
-  std::vector<std::string> errors;
-
- private:
-  std::shared_ptr<NSXPCConnection> connection_;
-  std::string name_;
-};
-
-class Delegate final : public NSXPCListenerDelegate {
- public:
-  bool shouldAcceptNewConnection(std::shared_ptr<NSXPCConnection> connection) override {
-    const auto name = std::to_string(++connections);
-    auto object = std::make_shared<ExportedObject>(connection, name);
-    objects.push_back(object);
-    connection->setExportedObject(object);
-    connection->setInvalidationHandler([this, name] { log.push_back(name + " invalidated"); });
-    connection->setInterruptionHandler([this, name] { log.push_back(name + " interrupted"); });
-    connection->activate();
-    return accepts;
-  }
-
-  bool accepts = true;
-  int connections = 0;
-  std::vector<std::weak_ptr<ExportedObject>> objects;
-  std::vector<std::string> log;
-};
-
 class BusListenerTest : public testing::Test {
  protected:
   BusListenerTest() { listener->setDelegate(&delegate); }
@@ -73,7 +33,7 @@ class BusListenerTest : public testing::Test {
     return runUntil([&] { return client.replies().size() > before; }) ? client.replies().back() : "no reply";
   }
 
-  std::shared_ptr<ExportedObject> started(TestClient& client) {
+  std::shared_ptr<conformance::ExportedObject> started(TestClient& client) {
     ask(client, "startCollectorWith");
     return delegate.objects.back().lock();
   }
@@ -81,7 +41,7 @@ class BusListenerTest : public testing::Test {
   PrivateBus bus;
   EventLoop loop;
   std::unique_ptr<BusListener> listener = BusListener::open(loop).listener;
-  Delegate delegate;
+  conformance::AcceptingDelegate delegate;
 };
 
 TEST_F(BusListenerTest, AnswersTheCallsOfOneClientInTheirOrder) {
@@ -90,14 +50,14 @@ TEST_F(BusListenerTest, AnswersTheCallsOfOneClientInTheirOrder) {
     client.call(method);
   }
   ASSERT_TRUE(runUntil([&] { return client.replies().size() == 4; }));
-  EXPECT_THAT(client.replies(), ElementsAre("1 started", "1 paused", "1 started", "1 stopped"));
+  EXPECT_THAT(client.replies(), ElementsAre("started 1", "paused 1", "started 1", "stopped 1"));
 }
 
 TEST_F(BusListenerTest, AWrongCallGetsAnErrorAndTheServiceGoesOn) {
   TestClient client(loop.event());
   EXPECT_EQ(ask(client, "pauseCollectorWith", "surplus"), "org.freedesktop.DBus.Error.InvalidArgs");
   EXPECT_EQ(ask(client, "noSuchMethod"), "org.freedesktop.DBus.Error.UnknownMethod");
-  EXPECT_EQ(ask(client, "pauseCollectorWith"), "1 paused");
+  EXPECT_EQ(ask(client, "pauseCollectorWith"), "paused 1");
 }
 
 TEST_F(BusListenerTest, ARefusedConnectionGetsAnError) {
@@ -113,7 +73,7 @@ TEST_F(BusListenerTest, LosingTheBusInterruptsEveryConnectionAndEndsTheService) 
   ask(second, "pauseCollectorWith");
   bus.kill();
   EXPECT_EQ(listener->activate(), std::nullopt);
-  EXPECT_THAT(delegate.log, testing::UnorderedElementsAre("1 interrupted", "2 interrupted"));
+  EXPECT_THAT(delegate.interrupted, testing::UnorderedElementsAre(1, 2));
 }
 
 TEST_F(BusListenerTest, ASecondServiceIsToldWhoHasTheName) {
@@ -138,7 +98,7 @@ TEST_P(ClientObjectTest, DecidesWhetherThereIsAProxy) {
   client.call("startCollectorWith");
   if (!GetParam().reads) {
     client.stopReading();
-    ASSERT_TRUE(runUntil([&] { return delegate.connections == 1 && delegate.objects[0].lock()->client; }));
+    ASSERT_TRUE(runUntil([&] { return delegate.objects.size() == 1 && delegate.objects[0].lock()->client; }));
     client.readAgain(loop.event());
   }
   ASSERT_TRUE(runUntil([&] { return !client.replies().empty(); }));
@@ -147,8 +107,8 @@ TEST_P(ClientObjectTest, DecidesWhetherThereIsAProxy) {
 
 INSTANTIATE_TEST_SUITE_P(
     , ClientObjectTest,
-    testing::Values(ObjectCase{"WithoutAddEvent", TestClient::Object::withoutAddEvent, true, "no proxy"},
-                    ObjectCase{"OfAClientThatWaitsForTheReply", TestClient::Object::usable, false, "1 started"}),
+    testing::Values(ObjectCase{"WithoutAddEvent", TestClient::Object::withoutAddEvent, true, "not usable"},
+                    ObjectCase{"OfAClientThatWaitsForTheReply", TestClient::Object::usable, false, "started 1"}),
     [](const auto& testCase) { return testCase.param.name; });
 
 TEST_F(BusListenerTest, ReportsToAClientThatDoesNotReadAreLostBeyondALimitAndComeAgainAfterwards) {
@@ -157,15 +117,15 @@ TEST_F(BusListenerTest, ReportsToAClientThatDoesNotReadAreLostBeyondALimitAndCom
   const auto object = started(client);
   client.stopReading();
   for (std::size_t report = 0; report < most + 3; ++report) object->client->addEvent("early", {}, false);
-  EXPECT_THAT(object->errors, AllOf(SizeIs(3), testing::Each(HasSubstr("does not read"))));
+  EXPECT_THAT(*object->errors, AllOf(SizeIs(3), testing::Each(HasSubstr("does not read"))));
   EXPECT_EQ(listener->counts().lost, 3U);
   client.readAgain(loop.event());
   ASSERT_TRUE(runUntil([&] { return client.events().size() == most; }));
   EXPECT_EQ(listener->counts().sent, most);
   ASSERT_TRUE(runUntil([&] {
-    object->errors.clear();
+    object->errors->clear();
     object->client->addEvent("late", {}, false);
-    return object->errors.empty();
+    return object->errors->empty();
   }));
   EXPECT_TRUE(runUntil([&] { return client.events().back().event == "late"; }));
 }
@@ -178,17 +138,17 @@ TEST_F(BusListenerTest, AClientThatReadsButNeverAnswersGetsEverything) {
     object->client->addEvent("report", {}, false);
     ASSERT_TRUE(runUntil([&] { return client.events().size() == report + 1; }));
   }
-  EXPECT_THAT(object->errors, ElementsAre());
+  EXPECT_THAT(*object->errors, ElementsAre());
 }
 
 TEST_F(BusListenerTest, AReportToAVanishedClientGivesWhatTheBusSays) {
   TestClient client(loop.event());
   const auto object = started(client);
   client.vanish();
-  ASSERT_TRUE(runUntil([&] { return !delegate.log.empty(); }));
+  ASSERT_TRUE(runUntil([&] { return !delegate.invalidated.empty(); }));
   object->client->addEvent("lost", {}, false);
-  ASSERT_TRUE(runUntil([&] { return !object->errors.empty(); }));
-  EXPECT_THAT(object->errors, ElementsAre(HasSubstr("ServiceUnknown")));
+  ASSERT_TRUE(runUntil([&] { return !object->errors->empty(); }));
+  EXPECT_THAT(*object->errors, ElementsAre(HasSubstr("ServiceUnknown")));
   EXPECT_EQ(listener->counts().lost, 1U);
 }
 
@@ -199,8 +159,8 @@ TEST_F(BusListenerTest, EveryReportThatAClientHadNotReadWhenItVanishedIsToldAsLo
   for (int report = 0; report < 5; ++report) object->client->addEvent("unread", {}, false);
   ASSERT_TRUE(runUntil([&] { return listener->counts().sent == 5; }));
   client.vanish();
-  ASSERT_TRUE(runUntil([&] { return !object->errors.empty(); }));
-  EXPECT_THAT(object->errors, ElementsAre(HasSubstr("5 reports were lost: ")));
+  ASSERT_TRUE(runUntil([&] { return !object->errors->empty(); }));
+  EXPECT_THAT(*object->errors, ElementsAre(HasSubstr("5 reports were lost: ")));
   EXPECT_EQ(listener->counts().lost, 5U);
 }
 
@@ -213,7 +173,7 @@ TEST_F(BusListenerTest, AReportBehindTheOneThatWasAnsweredIsToldAsLostToo) {
   ASSERT_TRUE(runUntil([&] { return listener->counts().sent == 2; }));
   client.readEvents(1, limit);
   client.vanish();
-  ASSERT_TRUE(runUntil([&] { return !object->errors.empty(); }));
+  ASSERT_TRUE(runUntil([&] { return !object->errors->empty(); }));
   EXPECT_EQ(listener->counts().lost, 1U);
 }
 
@@ -250,12 +210,12 @@ TEST_F(ServiceProcessTest, EndsByItselfAfterTheLastClientAndTransaction) {
   process.beginTransaction();
   process.setAutomaticTerminationSupportEnabled(true);
   TestClient client(loop.event());
-  EXPECT_EQ(ask(client, "pauseCollectorWith"), "1 paused") << "an open transaction keeps it";
+  EXPECT_EQ(ask(client, "pauseCollectorWith"), "paused 1") << "an open transaction keeps it";
   process.endTransaction();
-  EXPECT_EQ(ask(client, "pauseCollectorWith"), "1 paused") << "a client keeps it";
+  EXPECT_EQ(ask(client, "pauseCollectorWith"), "paused 1") << "a client keeps it";
   client.vanish();
   EXPECT_EQ(listener->activate(), std::nullopt);
-  EXPECT_THAT(delegate.log, ElementsAre("1 invalidated"));
+  EXPECT_THAT(delegate.invalidated, ElementsAre(1));
 }
 
 // A call that came in while the name was given back is answered, and the service stays.
@@ -264,7 +224,7 @@ TEST_F(ServiceProcessTest, ACallDuringItsEndKeepsTheService) {
   client.call("pauseCollectorWith");
   listener->endIfUnused();
   ASSERT_TRUE(runUntil([&] { return !client.replies().empty(); }));
-  EXPECT_EQ(ask(client, "resumeCollectorWith"), "1 resumed") << "the name is its own again";
+  EXPECT_EQ(ask(client, "resumeCollectorWith"), "resumed 1") << "the name is its own again";
 }
 
 }  // namespace
