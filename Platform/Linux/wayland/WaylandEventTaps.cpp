@@ -4,7 +4,6 @@
 #include <systemd/sd-login.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -39,62 +38,36 @@ bool hasSeat() {
   return sd_session_is_active(session) != 0;
 }
 
-}  // namespace
-
-struct WaylandEventTaps::Subscription {
-  CGEventMask eventsOfInterest = 0;
-  CGEventTapCallback callback;
-  bool isEnabled = false;
-  bool isOnRunLoop = false;
-
-  bool wantsAnything() const { return isEnabled && isOnRunLoop; }
-  bool wants(CGEventMask events) const { return wantsAnything() && (eventsOfInterest & events) != 0; }
-};
-
-class WaylandEventTaps::Tap final : public EventTap {
+/// Hears of what is done in windows of X11 and of what is done in others.
+class TapInBoth final : public EventTap {
  public:
-  Tap(WaylandEventTaps& taps, std::shared_ptr<Subscription> subscription, std::unique_ptr<EventTap> ofX11)
-      : taps_(taps), subscription_(std::move(subscription)), ofX11_(std::move(ofX11)) {}
-
-  ~Tap() override {
-    setOnRunLoop(false);
-    std::erase(taps_.subscriptions_, subscription_);
-  }
+  TapInBoth(std::unique_ptr<EventTap> ofX11, std::unique_ptr<EventTap> ofOthers)
+      : ofX11_(std::move(ofX11)), ofOthers_(std::move(ofOthers)) {}
 
   void addSourceToMainRunLoop() override {
-    if (ofX11_) ofX11_->addSourceToMainRunLoop();
-    setOnRunLoop(true);
+    ofX11_->addSourceToMainRunLoop();
+    ofOthers_->addSourceToMainRunLoop();
   }
   void removeSourceFromMainRunLoop() override {
-    if (ofX11_) ofX11_->removeSourceFromMainRunLoop();
-    setOnRunLoop(false);
+    ofX11_->removeSourceFromMainRunLoop();
+    ofOthers_->removeSourceFromMainRunLoop();
   }
   void enable() override {
-    if (ofX11_) ofX11_->enable();
-    subscription_->isEnabled = true;
-    taps_.didChangeTaps();
+    ofX11_->enable();
+    ofOthers_->enable();
   }
 
  private:
-  void setOnRunLoop(bool isOnRunLoop) {
-    subscription_->isOnRunLoop = isOnRunLoop;
-    taps_.didChangeTaps();
-  }
-
-  WaylandEventTaps& taps_;
-  const std::shared_ptr<Subscription> subscription_;
   const std::unique_ptr<EventTap> ofX11_;
+  const std::unique_ptr<EventTap> ofOthers_;
 };
+
+}  // namespace
 
 std::unique_ptr<EventTap> WaylandEventTaps::createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) {
   auto ofX11 = surroundings_.ofX11 ? surroundings_.ofX11->createEventTap(eventsOfInterest, callback) : nullptr;
-  auto subscription = std::make_shared<Subscription>(Subscription{eventsOfInterest, std::move(callback)});
-  subscriptions_.push_back(subscription);
-  return std::make_unique<Tap>(*this, std::move(subscription), std::move(ofX11));
-}
-
-bool WaylandEventTaps::isWanted() const {
-  return std::ranges::any_of(subscriptions_, [](const auto& each) { return each->wantsAnything(); });
+  auto ofOthers = taps_.createTap(eventsOfInterest, std::move(callback));
+  return ofX11 ? std::make_unique<TapInBoth>(std::move(ofX11), std::move(ofOthers)) : std::move(ofOthers);
 }
 
 // Whoever ends the last tap may be handling what a device told.
@@ -147,7 +120,7 @@ void WaylandEventTaps::handleRelease(std::uint16_t button, const std::optional<P
   std::optional<ClickTimes::Handling> handling;
   if (listeners_.clickTimes) handling.emplace(*listeners_.clickTimes, std::chrono::steady_clock::now());
   if (listeners_.released) listeners_.released();
-  if (pointed) return deliver({clickTypeOf(button), pointed->pointer, std::nullopt});
+  if (pointed) return taps_.deliver({clickTypeOf(button), pointed->pointer, std::nullopt});
   clickLogger().debug("A click gives no report: the compositor does not say where the pointer is");
 }
 
@@ -157,17 +130,9 @@ void WaylandEventTaps::handleKey(const InputKey& key) {
   if (isPressed && hasSeat() && !surroundings_.windows.isX11InFront()) {
     auto keyEvent = keyboard_->translate(key.code);
     if (keyEvent) keyEvent->isARepeat = key.action == InputKey::Action::repeated;
-    if (keyEvent) deliver({CGEventType::keyDown, {}, std::move(keyEvent)});
+    if (keyEvent) taps_.deliver({CGEventType::keyDown, {}, std::move(keyEvent)});
   }
   if (key.action != InputKey::Action::repeated) keyboard_->note(key.code, isPressed);
-}
-
-// A callback may end its tap, or others.
-void WaylandEventTaps::deliver(const CGEvent& event) {
-  const auto subscriptions = subscriptions_;
-  for (const auto& subscription : subscriptions) {
-    if (subscription->wants(maskOf(event.type))) subscription->callback(event);
-  }
 }
 
 }  // namespace norra::linux_desktop

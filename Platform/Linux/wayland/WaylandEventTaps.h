@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "Platform/Linux/display/DisplayServer.h"
+#include "Platform/Linux/display/TapBook.h"
 #include "Platform/Linux/runtime/DeferredRun.h"
 #include "Platform/Linux/wayland/InputDevices.h"
 #include "Platform/Linux/wayland/WaylandKeyboard.h"
@@ -38,10 +39,7 @@ class WaylandEventTaps final : public EventTaps {
   std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
 
  private:
-  class Tap;
-  struct Subscription;
-
-  bool isWanted() const;
+  bool isWanted() const { return taps_.wantedEvents() != 0; }
   void didChangeTaps();
   void closeIfUnwanted();
   void handle(const InputKey& key);
@@ -50,11 +48,10 @@ class WaylandEventTaps final : public EventTaps {
   void handlePress(const std::optional<PointedWindow>& pointed);
   void handleRelease(std::uint16_t button, const std::optional<PointedWindow>& pointed);
   void handleKey(const InputKey& key);
-  void deliver(const CGEvent& event);
 
   const Surroundings surroundings_;
   const InputListeners listeners_;
-  std::vector<std::shared_ptr<Subscription>> subscriptions_;
+  TapBook taps_{[this] { didChangeTaps(); }};
   std::unique_ptr<WaylandKeyboard> keyboard_;
   std::unique_ptr<InputDevices> devices_;  // while a tap wants anything
   DeferredRun closing_;

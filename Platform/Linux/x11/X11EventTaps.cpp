@@ -45,43 +45,6 @@ std::optional<CGEventType> clickTypeOf(std::uint32_t button) {
 
 }  // namespace
 
-struct X11EventTaps::Subscription {
-  CGEventMask eventsOfInterest = 0;
-  CGEventTapCallback callback;
-  bool isEnabled = false;
-  bool isOnRunLoop = false;
-
-  bool wants(CGEventMask events) const { return isEnabled && isOnRunLoop && (eventsOfInterest & events) != 0; }
-};
-
-class X11EventTaps::Tap final : public EventTap {
- public:
-  Tap(X11EventTaps& taps, std::shared_ptr<Subscription> subscription)
-      : taps_(taps), subscription_(std::move(subscription)) {}
-
-  ~Tap() override {
-    setOnRunLoop(false);
-    std::erase(taps_.subscriptions_, subscription_);
-  }
-
-  void addSourceToMainRunLoop() override { setOnRunLoop(true); }
-  void removeSourceFromMainRunLoop() override { setOnRunLoop(false); }
-
-  void enable() override {
-    subscription_->isEnabled = true;
-    taps_.didChangeTaps();
-  }
-
- private:
-  void setOnRunLoop(bool isOnRunLoop) {
-    subscription_->isOnRunLoop = isOnRunLoop;
-    taps_.didChangeTaps();
-  }
-
-  X11EventTaps& taps_;
-  std::shared_ptr<Subscription> subscription_;
-};
-
 std::unique_ptr<X11EventTaps> X11EventTaps::open(sd_event* event, std::unique_ptr<X11Connection> connection,
                                                  InputListeners listeners, std::function<void()> activeWindowChanged) {
   if (!speaksInput(*connection)) return nullptr;
@@ -102,21 +65,11 @@ X11EventTaps::X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> conne
           SD_EVENT_PRIORITY_IMPORTANT) {}
 
 std::unique_ptr<EventTap> X11EventTaps::createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) {
-  auto subscription = std::make_shared<Subscription>(Subscription{eventsOfInterest, std::move(callback)});
-  subscriptions_.push_back(subscription);
-  return std::make_unique<Tap>(*this, std::move(subscription));
-}
-
-CGEventMask X11EventTaps::wantedEvents() const {
-  CGEventMask wanted = 0;
-  for (const auto& subscription : subscriptions_) {
-    if (subscription->wants(~CGEventMask{0})) wanted |= subscription->eventsOfInterest;
-  }
-  return wanted;
+  return taps_.createTap(eventsOfInterest, std::move(callback));
 }
 
 void X11EventTaps::didChangeTaps() {
-  const auto wanted = wantedEvents();
+  const auto wanted = taps_.wantedEvents();
   const bool wantsClicks = (wanted & clicks) != 0;
   const bool wantsKeys = (wanted & keyPresses) != 0;
   selectEvents((wantsClicks ? rawClicks : 0) | (wantsKeys ? rawKeys : 0));
@@ -195,7 +148,7 @@ void X11EventTaps::handleButtonRelease(std::uint32_t button, xcb_timestamp_t tim
   if (!type) return;
   if (listeners_.released) listeners_.released();
   if (!place) return clickLogger().debug("A click gives no report: the X server does not say where the pointer is");
-  deliver({*type, *place, std::nullopt});
+  taps_.deliver({*type, *place, std::nullopt});
 }
 
 std::optional<CGPoint> X11EventTaps::placeAt(xcb_timestamp_t time) {
@@ -216,7 +169,7 @@ void X11EventTaps::handleKeyPress(std::uint32_t key, bool isMarkedRepeat) {
   heldKeys_.set(key);
   auto keyEvent = keyboard_->translate(static_cast<xcb_keycode_t>(key));
   keyEvent.isARepeat = isARepeat;
-  deliver({CGEventType::keyDown, {}, std::move(keyEvent)});
+  taps_.deliver({CGEventType::keyDown, {}, std::move(keyEvent)});
 }
 
 // Raw events know the buttons of the device; which of them is the left one is the user's choice.
@@ -229,14 +182,6 @@ std::uint32_t X11EventTaps::logicalButton(std::uint32_t button) {
     buttonMapping_.assign(map, map + xcb_get_pointer_mapping_map_length(mapping.get()));
   }
   return button >= 1 && button <= buttonMapping_.size() ? buttonMapping_[button - 1] : button;
-}
-
-// A callback may end its tap, or others.
-void X11EventTaps::deliver(const CGEvent& event) {
-  const auto subscriptions = subscriptions_;
-  for (const auto& subscription : subscriptions) {
-    if (subscription->wants(maskOf(event.type))) subscription->callback(event);
-  }
 }
 
 }  // namespace norra::linux_desktop

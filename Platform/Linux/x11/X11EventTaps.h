@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "Platform/Linux/display/DisplayServer.h"
+#include "Platform/Linux/display/TapBook.h"
 #include "Platform/Linux/x11/X11ClickPlaces.h"
 #include "Platform/Linux/x11/X11EventSource.h"
 #include "Platform/Linux/x11/X11Keyboard.h"
@@ -34,13 +35,9 @@ class X11EventTaps final : public EventTaps {
   std::unique_ptr<EventTap> createEventTap(CGEventMask eventsOfInterest, CGEventTapCallback callback) override;
 
  private:
-  class Tap;
-  struct Subscription;
-
   X11EventTaps(sd_event* event, std::unique_ptr<X11Connection> connection, InputListeners listeners,
                std::function<void()> activeWindowChanged);
   void didChangeTaps();
-  CGEventMask wantedEvents() const;
   void selectEvents(std::uint32_t events);
   void followClicks(bool isWanted);
   void followKeyboard(bool isWanted);
@@ -55,13 +52,12 @@ class X11EventTaps final : public EventTaps {
   std::optional<CGPoint> placeOfPointer();
   void handleKeyPress(std::uint32_t key, bool isMarkedRepeat);
   std::uint32_t logicalButton(std::uint32_t button);
-  void deliver(const CGEvent& event);
 
   const std::unique_ptr<X11Connection> connection_;
   const InputListeners listeners_;
   const std::function<void()> activeWindowChanged_;
   const std::uint8_t inputExtension_;
-  std::vector<std::shared_ptr<Subscription>> subscriptions_;
+  TapBook taps_{[this] { didChangeTaps(); }};
   std::uint32_t selectedEvents_ = 0;
   std::uint32_t selectedOfRoot_ = 0;
   std::unique_ptr<X11ClickPlaces> clickPlaces_;
