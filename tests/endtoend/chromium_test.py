@@ -3,14 +3,15 @@
 from functools import partial
 
 import hands
+import toolkits
 from browser import Chromium
 from desktop import EndToEndTest, main
 from expected import change, special_key
 from page_tests import PageTests
 
 
-class ChromiumPage(PageTests, EndToEndTest):
-    opened = Chromium
+class ChromiumPage(toolkits.PageInChromium, PageTests, EndToEndTest):
+    pass
 
 
 class SearchPage(EndToEndTest):

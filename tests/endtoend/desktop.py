@@ -120,10 +120,22 @@ class EndToEndTest(unittest.TestCase):
     def open_own(cls, script, *arguments):
         return cls.open(ControlledApplication(script, *arguments))
 
+    def started(self, script, *arguments):
+        """The same for one test, and its report is left to the test."""
+        application = ControlledApplication(script, *arguments)
+        self.addCleanup(application.close)
+        return application
+
     def expect(self, *reports, patience=PATIENCE):
         """Exactly these are the next reports."""
         found = self.collection.next(len(reports), patience)
         self.assertEqual(one_a_line(found), one_a_line(reports))
+
+    def expect_among(self, *reports):
+        """These come, in this order; others may come before each."""
+        for report in reports:
+            found = self.collection.until(lambda other: other == report)
+            self.assertEqual(found[-1:], [report], one_a_line(found))
 
     def expect_in_any_order(self, *reports):
         """For what a toolkit does at the same moment as the user: the selection when the button is released."""

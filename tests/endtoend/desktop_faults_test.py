@@ -10,7 +10,7 @@ import hands
 from collection import Collection
 from desktop import PROGRAMS, Service, main
 from expected import change, change_application, collector
-from faults import DBUS, REGISTRY, FaultTest, desktop_process, is_focus_wanted, owner_on_accessibility_bus
+from faults import DBUS, REGISTRY, FaultTest, desktop_process, is_focus_wanted, owner_on_accessibility_bus, server, x_server
 from waiting import wait_until
 
 
@@ -73,21 +73,15 @@ class PartsThatDoNot(unittest.TestCase):
         self.assertEqual(client.wait(), 3)
         self.assertIn(told, client.process.stderr.read())
 
-    def start(self, command, **options):
-        server = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, **options)
-        self.addCleanup(server.wait)
-        self.addCleanup(server.kill)
-        return server, server.stdout.readline().strip()
-
     def test_the_x_server(self):
-        server, number = self.start(["Xvfb", "-displayfd", "1", "-nolisten", "tcp"])
-        with mock.patch.dict(os.environ, DISPLAY=f":{number}"):
-            self.expect_the_end(server, 1, "The X server has gone", "The service ended while it was collecting.")
+        process, environment = x_server(self)
+        with mock.patch.dict(os.environ, environment):
+            self.expect_the_end(process, 1, "The X server has gone", "The service ended while it was collecting.")
 
     def test_the_session_bus(self):
-        server, address = self.start(["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"])
+        process, address = server(self, "dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1")
         with mock.patch.dict(os.environ, DBUS_SESSION_BUS_ADDRESS=address):
-            self.expect_the_end(server, 0, "The session bus was lost", "The session bus was lost.")
+            self.expect_the_end(process, 0, "The session bus was lost", "The session bus was lost.")
 
 
 if __name__ == "__main__":

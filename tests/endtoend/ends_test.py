@@ -14,6 +14,7 @@ import dbus
 from collection import Collection
 from desktop import PROGRAMS, Service, main
 from expected import collector
+from faults import x_server
 from waiting import wait_until
 
 STATUS = "org.a11y.Status"
@@ -102,12 +103,8 @@ class EndsTest(unittest.TestCase):
                 self.assertEqual(lines[-1], "UserInteractionsCollectorService: Service stopped")
 
     def test_the_loss_of_the_x_server_puts_it_back(self):
-        server = subprocess.Popen(["Xvfb", "-displayfd", "1", "-nolisten", "tcp"], stdout=subprocess.PIPE,
-                                  stderr=subprocess.DEVNULL, text=True)
-        self.addCleanup(server.stdout.close)
-        self.addCleanup(server.wait)
-        self.addCleanup(server.kill)
-        with mock.patch.dict(os.environ, DISPLAY=f":{server.stdout.readline().strip()}"):
+        server, environment = x_server(self)
+        with mock.patch.dict(os.environ, environment):
             self.expect_switched_back(self.start(), lambda _: server.kill(), status=1)
 
     def test_what_a_crash_left_on_is_not_the_users_wish(self):

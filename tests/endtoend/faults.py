@@ -9,7 +9,7 @@ import dbus
 
 import hands
 from applications import Application
-from desktop import PROGRAMS, EndToEndTest, one_a_line
+from desktop import PROGRAMS, EndToEndTest
 from expected import click, key_combination
 from waiting import wait_until
 
@@ -54,12 +54,6 @@ def is_focus_wanted():
 
 
 class FaultTest(EndToEndTest):
-    def expect_among(self, *reports):
-        """These come, in this order; others, of what the faulty application is still seen to do, may come before each."""
-        for report in reports:
-            found = self.collection.until(lambda other: other == report)
-            self.assertEqual(found[-1:], [report], one_a_line(found))
-
     def expect_click(self, application, widget, case=""):
         """Clicks a button that is on the screen; prints how long after the release its report was forwarded."""
         application.press(widget)
@@ -81,6 +75,20 @@ class FaultTest(EndToEndTest):
         application.click(widget)
         report = click(widget, "push button")
         return self.collection.until(lambda other: other == report, patience=0.5)[-1:] == [report]
+
+
+def server(test, *command):
+    """A process of the test's own, and the first line that it prints: where it is found."""
+    process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    for end in (process.stdout.close, process.wait, process.kill):
+        test.addCleanup(end)
+    return process, process.stdout.readline().strip()
+
+
+def x_server(test):
+    """And the environment of those who are to use it."""
+    process, number = server(test, "Xvfb", "-displayfd", "1", "-nolisten", "tcp")
+    return process, {"DISPLAY": f":{number}"}
 
 
 def hostile_faults():

@@ -1,13 +1,12 @@
 #!/usr/bin/python3
 """Clicks, texts and values in a page that Firefox shows."""
-from browser import Firefox
+import toolkits
 from desktop import EndToEndTest, main
 from expected import change, click
 from page_tests import PageTests
 
 
-class FirefoxPage(PageTests, EndToEndTest):
-    opened = Firefox
+class FirefoxPage(toolkits.PageInFirefox, PageTests, EndToEndTest):
     menu_opens_under_pointer = False
 
     def test_clicks_on_a_check_box(self):

@@ -30,13 +30,8 @@ def locale(name):
 class Foreign(EndToEndTest):
     def show(self, script, *arguments, **environment):
         with mock.patch.dict(os.environ, environment):
-            self.application = ControlledApplication(script, *arguments)
-        self.addCleanup(self.application.close)
+            self.application = self.started(script, *arguments)
         self.follow(self.application)
-
-    def expect_among(self, told):
-        """Others may come before it: of what follows from a click."""
-        self.assertIn(told, self.collection.until(lambda report: report == told, patience=5))
 
     def expect_clicks(self, *clicks):
         for widget, told in clicks:

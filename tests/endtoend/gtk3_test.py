@@ -1,18 +1,14 @@
 #!/usr/bin/python3
 """Clicks, keys, texts, passwords, values and selections in a GTK 3 application."""
-from functools import partial
-
 import hands
-from applications import ControlledApplication
+import toolkits
 from desktop import EndToEndTest, main
 from expected import change, click, click_combo_box, click_link, click_list_item, key_combination, special_key
 from text_tests import SelectionTests, TextTests
 from widgets import clicked, menus, mouse_buttons, option, radio_button, selected, slider, tab, toggle
 
 
-class Gtk3Clicks(EndToEndTest):
-    opened = partial(ControlledApplication, "gtk3_app.py")
-
+class Gtk3Clicks(toolkits.Gtk3, EndToEndTest):
     test_a_button = mouse_buttons("Drop anchor", "push button", "left", "right", "middle")
     test_a_check_box = toggle("Lanterns", "check box")
     test_a_radio_button = radio_button()
@@ -58,14 +54,8 @@ class Gtk3Clicks(EndToEndTest):
     ]
 
 
-class Gtk3Texts(TextTests, SelectionTests, EndToEndTest):
-    opened = Gtk3Clicks.opened
-    password = "password text"
-    selections = [
-        ("Harbours", "table", "SelectedRows", '["Bergen"]', '["Genoa"]'),
-        ("Fleets", "tree table", "SelectedRows", '["Gull"]', '["Tern"]'),
-        ("Duties", "list box", "SelectedChildren", '["Lookout"]', '["Galley"]'),
-    ]
+class Gtk3Texts(toolkits.Gtk3, TextTests, SelectionTests, EndToEndTest):
+    pass
 
 
 if __name__ == "__main__":

@@ -1,9 +1,7 @@
 #!/usr/bin/python3
 """Clicks, texts and values in a GTK 4 application."""
-from functools import partial
-
 import hands
-from applications import ControlledApplication
+import toolkits
 from desktop import EndToEndTest, main
 from expected import change, click
 from text_tests import TextTests
@@ -11,12 +9,7 @@ from waiting import wait_until
 from widgets import clicked, mouse_buttons, toggle
 
 
-class Gtk4(TextTests, EndToEndTest):
-    opened = partial(ControlledApplication, "gtk4_app.py")
-    text = "text box"
-    password = "text box"
-    check_box = "checkbox"
-
+class Gtk4(toolkits.Gtk4, TextTests, EndToEndTest):
     test_a_button = mouse_buttons("Weigh anchor", "button", "left", "right", "middle")
     test_clicks_on_a_check_box = toggle("Lanterns", "checkbox", across=0.03)
     test_clicks_on_a_switch = toggle("Autopilot", "switch")
@@ -46,8 +39,7 @@ class Gtk4(TextTests, EndToEndTest):
         self.application.click("Cargo")
         self.expect(click("Cargo", "combo box"))
         self.click_in_what_opened("Cargo: 1")
-        chosen = click("Salt", "list item")
-        self.assertIn(chosen, self.collection.until(lambda report: report == chosen))
+        self.expect_among(click("Salt", "list item"))
 
     def test_a_hidden_text_is_told_as_a_password(self):
         self.focus("Cipher", "text box")

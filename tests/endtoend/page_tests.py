@@ -7,12 +7,9 @@ from widgets import clicked, mouse_buttons, radio_button, toggle
 
 
 class PageTests(TextTests, SelectionTests):
-    """Mixed into an EndToEndTest."""
+    """Mixed into an EndToEndTest, with one of toolkits.py."""
 
     menu_opens_under_pointer = True
-    text = "entry"
-    password = "password text"
-    selections = [("Duties", "list box", "SelectedChildren", '["Helm"]', '["Lookout"]')]
 
     test_a_button = mouse_buttons("Weigh anchor", "push button", "left", "middle")  # its text, in fact
     test_clicks_on_a_check_box = toggle("Lanterns", "check box")

@@ -6,10 +6,12 @@ import mmap
 import secrets
 import subprocess
 import tempfile
+from functools import partial
 from pathlib import Path
 
 import hands
-from applications import FOLDER, ControlledApplication
+import toolkits
+from applications import FOLDER
 from browser import Chromium, Firefox
 from desktop import EndToEndTest, main
 from waiting import wait_until
@@ -47,6 +49,10 @@ def encodings_in(path, text):
         return [encoding for encoding in ENCODINGS if content.find(text.encode(encoding)) >= 0]
 
 
+def checked(open_application, *arguments):
+    return lambda self: self.check(open_application(), *arguments)
+
+
 class PrivacyTest(EndToEndTest):
     def begin(self, application):
         self.addCleanup(application.close)
@@ -69,22 +75,12 @@ class Passwords(PrivacyTest):
         cls.clipboard = Clipboard()
         cls.addClassCleanup(cls.clipboard.close)
 
-    def test_gtk3(self):
-        self.check(ControlledApplication("gtk3_app.py"), ["Passphrase"])
-
-    def test_gtk4(self):
-        self.check(ControlledApplication("gtk4_app.py"), ["Passphrase", "Cipher"])
-
-    def test_qt(self):
-        for binding in ("PyQt5", "PyQt6"):
-            with self.subTest(binding):
-                self.check(ControlledApplication("qt_app.py", binding), ["Passphrase"])
-
-    def test_chromium(self):
-        self.check(Chromium(), ["Passphrase"])
-
-    def test_firefox(self):
-        self.check(Firefox(), ["Passphrase"])
+    test_gtk3 = checked(toolkits.Gtk3.opened, ["Passphrase"])
+    test_gtk4 = checked(toolkits.Gtk4.opened, ["Passphrase", "Cipher"])
+    test_qt5 = checked(toolkits.Qt5.opened, ["Passphrase"])
+    test_qt6 = checked(toolkits.Qt6.opened, ["Passphrase"])
+    test_chromium = checked(Chromium, ["Passphrase"])
+    test_firefox = checked(Firefox, ["Passphrase"])
 
     def check(self, application, widgets):
         self.begin(application)
@@ -154,40 +150,24 @@ class Editors(PrivacyTest):
         "Open cell": "", "Summary": "", "Option": "", "Check": "", "Group": "", "Pointed at": "", "Describing": "",
         "Keys": "", "Design": None}
 
-    def test_gtk3(self):
-        self.check(ControlledApplication("gtk3_app.py"), {**self.EDITORS, "Nameless": ""})
+    test_gtk3 = checked(toolkits.Gtk3.opened, {**EDITORS, "Nameless": ""})
+    test_gtk4 = checked(toolkits.Gtk4.opened, EDITORS)
+    test_qt5 = checked(toolkits.Qt5.opened, EDITORS)
+    test_qt6 = checked(toolkits.Qt6.opened, EDITORS)
+    test_chromium = checked(partial(Chromium, page="editors.html"), EDITORS_OF_PAGES, ("Email", "Passphrase"))
+    test_firefox = checked(partial(Firefox, page="editors.html"), EDITORS_OF_PAGES, ("Email", "Passphrase"))
 
-    def test_gtk4(self):
-        self.check(ControlledApplication("gtk4_app.py"), self.EDITORS)
-
-    def test_qt5(self):
-        self.check(ControlledApplication("qt_app.py", "PyQt5"), self.EDITORS)
-
-    def test_qt6(self):
-        self.check(ControlledApplication("qt_app.py", "PyQt6"), self.EDITORS)
-
-    def test_chromium(self):
-        self.check(Chromium(page="editors.html"), self.EDITORS_OF_PAGES)
-        self.check_fields()
-
-    def test_firefox(self):
-        self.check(Firefox(page="editors.html"), self.EDITORS_OF_PAGES)
-        self.check_fields()
-
-    def check(self, application, editors):
+    def check(self, application, editors, fields=()):
         self.begin(application)
         for editor, name in editors.items():
             with self.subTest(editor):
                 text, lines = self.write_and_click(editor, name)
                 self.assertNotIn(text, "".join(lines))
-
-    def check_fields(self):
-        """What is written into a field of one line is its value, and in no name."""
-        for field, secret in (("Email", None), ("Passphrase", "\u2022")):
+        for field in fields:  # what is written into one of one line is its value, and in no name
             with self.subTest(field):
                 text, lines = self.write_and_click(field, field)
-                reports = [{**json.loads(line), "newValue": None} for line in lines]
-                self.assertNotIn(secret or text, str(reports))
+                secret = "\u2022" if field == "Passphrase" else text
+                self.assertNotIn(secret, str([{**json.loads(line), "newValue": None} for line in lines]))
 
     def write_and_click(self, editor, name):
         """Gives how the text begins that was written, and what was reported since."""

@@ -1,8 +1,6 @@
 #!/usr/bin/python3
 """Clicks, texts, passwords, values and selections in an application of Qt 5 and in one of Qt 6."""
-from functools import partial
-
-from applications import ControlledApplication
+import toolkits
 from desktop import EndToEndTest, main
 from expected import click, click_list_item
 from text_tests import SelectionTests, TextTests
@@ -26,29 +24,20 @@ class QtClicks:
     test_an_item_of_a_list = selected("Duties", "list", "Duties 1 0", "SelectedChildren", "Lookout", click("Lookout", "list item"))
 
 
-class QtTexts(TextTests, SelectionTests):
-    spin_button = "spin box"
-    selections = [
-        ("Harbours", "table", "SelectedCells", '["Bergen"]', '["Genoa"]'),
-        ("Fleets", "tree", "SelectedRows", '["Gull"]', '["Tern"]'),
-        ("Duties", "list", "SelectedChildren", '["Lookout"]', '["Galley"]'),
-    ]
+class Qt5Clicks(toolkits.Qt5, QtClicks, EndToEndTest):
+    pass
 
 
-class Qt5Clicks(QtClicks, EndToEndTest):
-    opened = partial(ControlledApplication, "qt_app.py", "PyQt5")
+class Qt6Clicks(toolkits.Qt6, QtClicks, EndToEndTest):
+    pass
 
 
-class Qt6Clicks(QtClicks, EndToEndTest):
-    opened = partial(ControlledApplication, "qt_app.py", "PyQt6")
+class Qt5Texts(toolkits.Qt5, TextTests, SelectionTests, EndToEndTest):
+    pass
 
 
-class Qt5Texts(QtTexts, EndToEndTest):
-    opened = Qt5Clicks.opened
-
-
-class Qt6Texts(QtTexts, EndToEndTest):
-    opened = Qt6Clicks.opened
+class Qt6Texts(toolkits.Qt6, TextTests, SelectionTests, EndToEndTest):
+    pass
 
 
 if __name__ == "__main__":

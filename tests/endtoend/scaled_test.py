@@ -32,7 +32,7 @@ class ScaledTest:
                     self.point_to(widget)
                     self.application.click(widget)
                     if told:
-                        self.assertIn(told, self.collection.until(lambda report: report == told, patience=5))
+                        self.expect_among(told)
 
     def point_to(self, widget):
         """Menus open and close in their own time, and may be moved before they are seen."""

@@ -40,9 +40,7 @@ class Switching(EndToEndTest):
             application.close()
 
     def test_the_keys_of_an_application_without_accessibility_belong_to_its_window(self):
-        application = ControlledApplication("plain_window.py", "Bare hull")
-        self.addCleanup(application.close)
-        self.follow(application)
+        self.follow(self.started("plain_window.py", "Bare hull"))
         hands.key("ctrl+b")
         self.expect(key_combination("Control + b", "Bare hull", "window"))
 
@@ -52,21 +50,18 @@ class Switching(EndToEndTest):
         other.process.send_signal(signal.SIGKILL)
         other.process.wait()
         wait_until(lambda: "Connection was invalidated." in self.service.logged(), "the warning")
-        application = ControlledApplication("plain_window.py", "Bare hull")
-        self.addCleanup(application.close)
+        application = self.started("plain_window.py", "Bare hull")
         self.expect(change_application(application.pid, "plain_window.py", "plain_window.py", "Bare hull"))
 
     def test_an_application_that_does_not_answer_disturbs_no_other(self):
-        stuck = ControlledApplication("gtk3_app.py")
-        self.addCleanup(stuck.close)
+        stuck = self.started("gtk3_app.py")
         self.follow(stuck)
         place = stuck.place("Drop anchor")
         stuck.process.send_signal(signal.SIGSTOP)
         hands.point_to(place)
         hands.press()
         hands.release()
-        self.application = ControlledApplication("qt_app.py")
-        self.addCleanup(self.application.close)
+        self.application = self.started("qt_app.py")
         self.follow(self.application)
         self.focus("Ship", "text")
         hands.key("ctrl+b")

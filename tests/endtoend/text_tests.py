@@ -6,12 +6,7 @@ from waiting import wait_until
 
 
 class TextTests:
-    """Mixed into an EndToEndTest. The control types are as the toolkit names them."""
-
-    text = "text"
-    password = "text"
-    check_box = "check box"
-    spin_button = "spin button"
+    """Mixed into an EndToEndTest, with one of toolkits.py."""
 
     def type_into(self, widget, text):
         """Types and waits until the widget has it all, so that what follows is not ahead of the application."""
@@ -89,10 +84,7 @@ class TextTests:
 
 
 class SelectionTests:
-    """Mixed into an EndToEndTest: selections by keyboard; `down` is what an arrow key is told as."""
-
-    # The view, its control type, the kind of change and what is selected after one arrow key downwards and after two.
-    selections = ()
+    """The same: selections by keyboard."""
 
     def test_arrow_keys_tell_what_they_select(self):
         for view, control, kind, *selected in self.selections:

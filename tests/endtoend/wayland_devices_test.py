@@ -3,12 +3,11 @@
 import os
 import struct
 import tempfile
-from functools import partial
 from unittest import mock
 
 import hands
+import toolkits
 import wayland_desktop
-from applications import ControlledApplication
 from desktop import EndToEndTest, main
 from expected import change, click, key_combination, special_key
 from wayland import BUTTONS
@@ -59,9 +58,7 @@ class DevicesTest(EndToEndTest):
 
 
 class Keys:
-    """Mixed into a DevicesTest. The control types are as the toolkit names them."""
-
-    button, check_box, text, password = "push button", "check box", "text", "text"
+    """Mixed into a DevicesTest, with one of toolkits.py."""
 
     def test_keys_that_do_something_are_told_and_typing_is_not(self):
         self.focus("Weigh anchor", self.button)
@@ -76,11 +73,8 @@ class Keys:
         self.expect(change("Password", "Passphrase", self.password, ""))
 
 
-class KeysInGtk3(Keys, DevicesTest):
+class KeysInGtk3(toolkits.Gtk3, Keys, DevicesTest):
     """For compositors that do not say where the pointer is."""
-
-    opened = partial(ControlledApplication, "gtk3_app.py")
-    password = "password text"
 
 
 class Toolkit(Keys):
@@ -97,22 +91,20 @@ class Toolkit(Keys):
                         change("Toggle", "Lanterns", self.check_box, str(state)))
 
 
-class Gtk3(Toolkit, DevicesTest):
-    opened = partial(ControlledApplication, "gtk3_app.py")
-    password = "password text"
+class Gtk3(toolkits.Gtk3, Toolkit, DevicesTest):
+    pass
 
 
-class Gtk4(Toolkit, DevicesTest):
-    opened = partial(ControlledApplication, "gtk4_app.py")
-    button, check_box, password = "button", "checkbox", "text box"
+class Gtk4(toolkits.Gtk4, Toolkit, DevicesTest):
+    pass
 
 
-class Qt5(Toolkit, DevicesTest):
-    opened = partial(ControlledApplication, "qt_app.py", "PyQt5")
+class Qt5(toolkits.Qt5, Toolkit, DevicesTest):
+    pass
 
 
-class Qt6(Toolkit, DevicesTest):
-    opened = partial(ControlledApplication, "qt_app.py", "PyQt6")
+class Qt6(toolkits.Qt6, Toolkit, DevicesTest):
+    pass
 
 
 if __name__ == "__main__":

@@ -3,14 +3,12 @@
 import os
 import signal
 import subprocess
-from functools import partial
 from unittest import mock
 
 import dbus
 
 import hands
-from applications import ControlledApplication
-from browser import Chromium, Firefox
+import toolkits
 from desktop import BUS_NAME, PROGRAMS, EndToEndTest, main
 from expected import change, change_application, click, special_key
 from faults import desktop_process
@@ -45,10 +43,7 @@ class WaylandTest(EndToEndTest):
 
 
 class Toolkit:
-    """Mixed into a WaylandTest. The control types are as the toolkit names them."""
-
-    text, password, check_box, spin_button, slider = "text", "text", "check box", "spin button", {}
-    selections = ()
+    """Mixed into a WaylandTest, with one of toolkits.py."""
 
     @classmethod
     def setUpClass(cls):
@@ -113,61 +108,40 @@ class Toolkit:
                     self.expect(change(kind, view, control, names))
 
 
-class Gtk3(Toolkit, WaylandTest):
-    opened = partial(ControlledApplication, "gtk3_app.py")
-    password, slider = "password text", {"down": 0.7}
-    selections = [
-        ("Harbours", "table", "SelectedRows", '["Bergen"]', '["Genoa"]'),
-        ("Fleets", "tree table", "SelectedRows", '["Gull"]', '["Tern"]'),
-        ("Duties", "list box", "SelectedChildren", '["Lookout"]', '["Galley"]'),
-    ]
+class Gtk3(toolkits.Gtk3, Toolkit, WaylandTest):
+    pass
 
 
-class Gtk4(Toolkit, WaylandTest):
-    opened = partial(ControlledApplication, "gtk4_app.py")
-    text = password = "text box"
-    check_box = "checkbox"
+class Gtk4(toolkits.Gtk4, Toolkit, WaylandTest):
+    pass
 
 
-class Qt5(Toolkit, WaylandTest):
-    opened = partial(ControlledApplication, "qt_app.py", "PyQt5")
-    spin_button = "spin box"
-    selections = [
-        ("Harbours", "table", "SelectedCells", '["Bergen"]', '["Genoa"]'),
-        ("Fleets", "tree", "SelectedRows", '["Gull"]', '["Tern"]'),
-        ("Duties", "list", "SelectedChildren", '["Lookout"]', '["Galley"]'),
-    ]
+class Qt5(toolkits.Qt5, Toolkit, WaylandTest):
+    pass
 
 
-class Qt6(Qt5):
-    opened = partial(ControlledApplication, "qt_app.py", "PyQt6")
+class Qt6(toolkits.Qt6, Toolkit, WaylandTest):
+    pass
 
 
-class PageInChromium(Toolkit, WaylandTest):
-    opened = Chromium
-    text, password = "entry", "password text"
-    selections = [("Duties", "list box", "SelectedChildren", '["Helm"]', '["Lookout"]')]
+class PageInChromium(toolkits.PageInChromium, Toolkit, WaylandTest):
+    pass
 
 
-class PageInFirefox(PageInChromium):
-    opened = Firefox
+class PageInFirefox(toolkits.PageInFirefox, Toolkit, WaylandTest):
+    pass
 
 
 class Switches(WaylandTest):
     """With an X server beside."""
 
-    APPLICATIONS = [("gtk3_app.py", "gtk3_app.py", "Harbour ledger"), ("gtk4_app.py", "gtk4_app.py", "Pilot ledger"),
-                    ("qt_app.py", "qt_app.py", "Quay ledger"), ("plain_window.py", "plain_window.py", "Bare hull")]
-
-    def start(self, script, *_):
-        application = ControlledApplication(script, *(["Bare hull"] if script == "plain_window.py" else []))
-        self.addCleanup(application.close)
-        return application
+    APPLICATIONS = {"gtk3_app.py": "Harbour ledger", "gtk4_app.py": "Pilot ledger", "qt_app.py": "Quay ledger",
+                    "plain_window.py": "Bare hull"}
 
     def test_each_is_told_once(self):
         running = []
-        for script, name, title in self.APPLICATIONS:
-            application = self.start(script)
+        for name, title in self.APPLICATIONS.items():
+            application = self.started(name, *([title] if name == "plain_window.py" else []))
             self.expect(change_application(application.pid, name, name, title))
             running.append((application, name, title))
         for application, name, title in 2 * running:
@@ -177,7 +151,7 @@ class Switches(WaylandTest):
 
     def test_clicks_and_keys_of_an_application_of_x11_are_told(self):
         with mock.patch.dict(os.environ, GDK_BACKEND="x11"):
-            self.application = self.start("gtk3_app.py")
+            self.application = self.started("gtk3_app.py")
         self.follow(self.application)
         self.application.click("Weigh anchor")
         self.expect(click("Weigh anchor", "push button"))
@@ -199,8 +173,7 @@ class SwitchesWithoutTheCompositor(Switches):
 class WindowsOfTheCompositor(WaylandTest):
     def test_an_application_without_accessibility_is_told(self):
         with mock.patch.dict(os.environ, NO_AT_BRIDGE="1"):
-            application = ControlledApplication("gtk3_app.py")
-        self.addCleanup(application.close)
+            application = self.started("gtk3_app.py")
         self.expect(change_application(application.pid, "gtk3_app.py", "gtk3_app.py", "Harbour ledger"))
 
 
