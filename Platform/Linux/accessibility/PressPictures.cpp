@@ -147,15 +147,29 @@ bool PressPictures::isInWebPage(const AtspiReference& element) const {
 // Whether another look may find more.
 bool PressPictures::look(Press& press) {
   const AtspiReader::Reading reading(session_.reader());
-  const auto pressed = pointed_.atPress(press.place);
+  const auto pressed = press.wasLookedAt ? pointed_.stillAtPress(*press.place) : pointed_.atPress(press.place);
+  press.wasLookedAt = true;
   if (pressed.isNull()) return false;
-  AXUIElement element(std::make_shared<PicturedElement>(session_, press.picture, handles_.element(pressed)));
-  const bool isTold = rehearse_(element);
-  if (isTold) press.element = std::move(element);
-  if (isTold) press.area = pointed_.areaOf(pressed);
-  noteNumber(ElementView(session_.reader(), pressed));
+  const bool isTold = rehearse(press, pressed);
+  if (isTold && pointed_.isGuess(pressed)) makeSure(press, pressed);
   press.picture->keepFacts(session_.reader().allKnown());
   return !isTold && (pressed.path == AtspiReference::rootPath || isInWebPage(pressed));
+}
+
+// What is found out by and by is right, unless the page has acted on the press.
+void PressPictures::makeSure(Press& press, const AtspiReference& guessed) {
+  mayLookAfter(pauses[1], press);
+  const auto found = pointed_.stillAtPress(*press.place);
+  if (!found.isNull() && found != guessed && !pointed_.hasActed(guessed, *press.place)) rehearse(press, found);
+}
+
+bool PressPictures::rehearse(Press& press, const AtspiReference& pressed) {
+  AXUIElement element(std::make_shared<PicturedElement>(session_, press.picture, handles_.element(pressed)));
+  const bool isTold = rehearse_(element);
+  press.element = isTold ? std::optional(std::move(element)) : std::nullopt;
+  press.area = isTold ? pointed_.areaOf(pressed) : std::nullopt;
+  noteNumber(ElementView(session_.reader(), pressed));
+  return isTold;
 }
 
 }  // namespace norra::linux_desktop

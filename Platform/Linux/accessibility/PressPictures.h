@@ -49,6 +49,7 @@ class PressPictures {
 
     const std::optional<CGPoint> place;
     const std::shared_ptr<Picture> picture = std::make_shared<Picture>();
+    bool wasLookedAt = false;
     // written before the picture is finished
     std::optional<AXUIElement> element;
     std::optional<AtspiRectangle> area;  // of what was pressed, on the screen; nothing: not known
@@ -62,6 +63,8 @@ class PressPictures {
   bool mayLookAfter(std::chrono::milliseconds pause, const Press& press);
   bool isInWebPage(const AtspiReference& element) const;
   bool look(Press& press);
+  void makeSure(Press& press, const AtspiReference& guessed);
+  bool rehearse(Press& press, const AtspiReference& pressed);
   bool isSamePress(const Press& press, CGPoint released) const;
 
   AtspiSession& session_;

@@ -157,6 +157,13 @@ AttributeResult attributeNamed(const ElementView& view, std::string_view name) {
   return found == attributes.end() ? noValue() : textOrNoValue(found->second);
 }
 
+// One that has gone meanwhile is called by what it is no longer.
+bool stillHasRole(const ElementView& view) {
+  AtspiFacts now;
+  store(Ask::role, view.reader().call(callFor(Ask::role, view.reference())), now);
+  return now.role == view.need(Ask::role).role;
+}
+
 }  // namespace
 
 std::string properName(std::string_view name, AtspiRole role, const Toolkit& toolkit) {
@@ -214,8 +221,10 @@ AttributeResult roleDescriptionOf(const ElementView& view) {
   const auto role = view.need(Ask::role).role;
   if (auto name = view.application().roleName(role); !name.empty()) return valueOf(std::move(name));
   auto name = view.need(Ask::localizedRoleName).localizedRoleName;
-  if (!name.empty() && view.toolkit().hasOneNameForEachRole) view.application().noteRoleName(role, name);
-  return textOrNoValue(std::move(name));
+  if (name.empty() || !view.toolkit().hasOneNameForEachRole) return textOrNoValue(std::move(name));
+  if (!stillHasRole(view)) return noValue();
+  view.application().noteRoleName(role, name);
+  return valueOf(std::move(name));
 }
 
 AttributeResult titleElementOf(const ElementView& view) {

@@ -24,6 +24,8 @@ void wake(AtspiSession& session, ProcessIdentifier process) {
   std::vector<AtspiQuestion> questions;
   for (const auto& window : windows) questions.push_back({window, Asks{Ask::attributes, Ask::extents}});
   reader.read(questions);
+  // What is found in the middle, which may be the page as a whole, would be the answer for whatever lies in it.
+  if (view.toolkit().guessesAtFirst) return;
   std::vector<AtspiCall> hitTests;
   for (const auto& window : windows) hitTests.push_back(hitTestInTheMiddle(window, reader.known(window).extents));
   std::vector<AtspiQuestion> shown;

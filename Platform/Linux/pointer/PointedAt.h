@@ -13,6 +13,8 @@ struct PointedAt {
   CGPoint point;
   /// The window there.
   WindowOnScreen window;
+  /// A button was just pressed there. What the application has not found out yet is asked for again a moment later.
+  bool isPress = false;
   /// Gives the element of the application that has the keyboard focus; null: none is known. It may read.
   std::function<AtspiReference()> focused = [] { return AtspiReference{}; };
   /// The same, if it got the focus since the button was pressed.

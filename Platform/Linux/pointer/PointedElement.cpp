@@ -62,15 +62,15 @@ AtspiReference PointedElement::comboBoxThatOpens(const AtspiReference& hit) {
   return focus_.highlightedItems().isOpen(comboBox, steady_clock::now()) ? hit : comboBox;
 }
 
-AtspiReference PointedElement::hitTestBelow(const FoundTopLevel& topLevel, CGPoint point,
-                                            const WindowOnScreen& window) {
+AtspiReference PointedElement::hitTestBelow(const FoundTopLevel& topLevel, PointedAt at) {
   const auto& reference = topLevel.reference;
   const auto application = session_.applications.of(reference.busName);
   application->notePixels(topLevel.pixels);
-  const auto focused = [application] { return application->focus.followed(); };
-  const auto focusedByPress = [this, application] { return application->focus.followedSince(pressTime_); };
-  const auto hit = hitTest(view(reference),
-                           {topLevel.pixels.of(point), inOwnPixels(window, topLevel.pixels), focused, focusedByPress});
+  at.point = topLevel.pixels.of(at.point);
+  at.window = inOwnPixels(std::move(at.window), topLevel.pixels);
+  at.focused = [application] { return application->focus.followed(); };
+  at.focusedByPress = [this, application] { return application->focus.followedSince(pressTime_); };
+  const auto hit = hitTest(view(reference), at);
   session_.reader().notePath(hit);
   if (hit.busName != reference.busName) session_.processes.adopt(hit.busName, reference.busName);
   return comboBoxThatOpens(hit);
@@ -138,17 +138,18 @@ AtspiReference PointedElement::itemOrApplication(const AtspiReference& applicati
   return item.isNull() ? application : item;
 }
 
-AtspiReference PointedElement::elementIn(const WindowOnScreen& window, CGPoint point) {
+AtspiReference PointedElement::elementIn(const PointedAt& at) {
   auto& reader = session_.reader();
+  const auto& window = at.window;
   const auto known = knownTopLevel(window);
   if (!known.reference.isNull()) {
-    auto hit = hitTestBelow(known, point, window);
+    auto hit = hitTestBelow(known, at);
     if (reader.read(known.reference, Ask::role).answered(Ask::role)) return hit;
     topLevels_.forget(window);
   }
   const auto topLevel = findTopLevel(window);
-  if (!topLevel.reference.isNull()) return hitTestBelow(topLevel, point, window);
-  if (window.overrideRedirect) return itemOrApplication(session_.processes.rootOf(window.process, reader), point);
+  if (!topLevel.reference.isNull()) return hitTestBelow(topLevel, at);
+  if (window.overrideRedirect) return itemOrApplication(session_.processes.rootOf(window.process, reader), at.point);
   if (session_.processes.busNamesOf(window.process, reader).empty()) noteMissing(window);
   return {};
 }
@@ -190,7 +191,17 @@ AtspiReference PointedElement::pressedAt(CGPoint place) {
   if (!highlighted.isNull()) return noted(std::move(highlighted));
   if (!window || window->process == 0) return {};
   auto option = optionOfPage(*window, inside);
-  return noted(option.isNull() ? elementIn(*window, inside) : std::move(option));
+  return noted(option.isNull() ? elementIn({inside, *window, true}) : std::move(option));
+}
+
+bool PointedElement::hasActed(const AtspiReference& pressed, CGPoint place) {
+  session_.reader().askAnew(pressed);
+  const auto element = view(pressed);
+  const auto& facts = element.needOnly({Ask::role, Ask::states, Ask::extents});
+  const bool isThere = facts.answered(Ask::role) && !hasState(facts.states, AtspiState::defunct) &&
+                       contains(element.application().pixels().onScreen(facts.extents), place);
+  const bool opensMore = hasState(facts.states, AtspiState::hasPopup) || hasState(facts.states, AtspiState::expandable);
+  return !isThere || opensMore;
 }
 
 // A control that shows an image and a text is pressed on one of them.
@@ -224,7 +235,7 @@ AtspiReference PointedElement::at(CGPoint point) {
   auto clicked = focus_.highlightedItems().clicked(inside, steady_clock::now());
   if (!clicked.isNull()) return noted(std::move(clicked));
   const auto window = windows_.topLevelWindowAt(point);
-  if (window && window->process != 0) clicked = elementIn(*window, inside);
+  if (window && window->process != 0) clicked = elementIn({inside, *window});
   if (!clicked.isNull()) return noted(std::move(clicked));
   clickLogger().debug("A click at " + std::to_string(std::lround(point.x)) + ", " +
                       std::to_string(std::lround(point.y)) + " gives no report: " + whyNothing(window));

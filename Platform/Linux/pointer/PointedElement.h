@@ -28,6 +28,12 @@ class PointedElement {
   /// The same of a place where a button is pressed: what is highlighted there stays so, since the click is not over,
   /// and lists that are open only now are looked into. Nothing: it is not known where the pointer is.
   AtspiReference atPress(std::optional<CGPoint> place);
+  /// What lies there a moment later, in the window of the press.
+  AtspiReference stillAtPress(CGPoint place) { return pressedAt(place); }
+  /// Whether what was found at the pressed place is only what the application guessed to lie there.
+  bool isGuess(const AtspiReference& pressed) { return view(pressed).toolkit().guessesAtFirst; }
+  /// Whether it has gone from there since, or opens what may lie above it now. Asks it anew.
+  bool hasActed(const AtspiReference& pressed, CGPoint place);
 
   /// Finds out which top-level accessible the active window is, if it is not known, so that a press in it need not.
   void prepare();
@@ -49,12 +55,12 @@ class PointedElement {
   };
   FoundTopLevel findTopLevel(const WindowOnScreen& window);
   FoundTopLevel knownTopLevel(const WindowOnScreen& window);
-  AtspiReference hitTestBelow(const FoundTopLevel& topLevel, CGPoint point, const WindowOnScreen& window);
+  AtspiReference hitTestBelow(const FoundTopLevel& topLevel, PointedAt at);
   AtspiReference comboBoxThatOpens(const AtspiReference& hit);
   AtspiReference optionAt(const std::string& busName, CGPoint point);
   AtspiReference itemOfOpenMenu(const std::string& busName, CGPoint point);
   AtspiReference itemOrApplication(const AtspiReference& application, CGPoint point);
-  AtspiReference elementIn(const WindowOnScreen& window, CGPoint point);
+  AtspiReference elementIn(const PointedAt& at);
   AtspiReference optionOfPage(const WindowOnScreen& window, CGPoint point);
   AtspiReference pressedAt(CGPoint place);
   AtspiReference controlAround(const AtspiReference& pressed);

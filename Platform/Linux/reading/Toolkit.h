@@ -88,6 +88,8 @@ struct Toolkit {
   int actionsReadAhead = 1;
   /// Says of what is written into a combo box, not of the box, that it can be edited.
   bool hidesFieldsInComboBoxes = false;
+  /// Answers a hit test with what it guesses to lie there, at first, and finds out meanwhile.
+  bool guessesAtFirst = false;
   /// How long after a click its check boxes may still say what they were before, in milliseconds.
   int statesAreLateBy = 0;
   /// What is asked for the address of a page, and whether it is worth asking before it is needed.

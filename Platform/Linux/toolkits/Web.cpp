@@ -144,10 +144,17 @@ AtspiReference tickedByUnlistedLabel(const ElementView& hit, const PointedAt& at
   return {};
 }
 
-// The deepest element comes at once, but the first answer may be of the place that was asked for before.
+// The deepest element comes at once. Where it is guessed, it may be what was found last, if that lies there too, or
+// what something else covers.
+AtspiReference answerAt(const ElementView& topLevel, const PointedAt& at) {
+  auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  const bool isFound = !answer.isNull() && answer != topLevel.reference();
+  if (isFound && (at.isPress || !topLevel.toolkit().guessesAtFirst)) return answer;
+  return askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+}
+
 AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
-  askedElementAt(topLevel, at.point, Coordinates::ofScreen);
-  const auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  const auto answer = answerAt(topLevel, at);
   if (answer.isNull()) return topLevel.reference();
   const auto shown = withoutHiddenOption(topLevel, answer);
   auto ticked = tickedByLabel(topLevel.other(shown));
@@ -174,6 +181,7 @@ const Toolkit chromium{
     .listsMereTexts = true,
     .hasOneNameForEachRole = true,
     .actionsReadAhead = 2,
+    .guessesAtFirst = true,
     .answersPageAddressAtOnce = true,
     .placeholderAttribute = "placeholder",
     .asksForRole = asksForRoleInPage,

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <functional>
 
 #include "Platform/Linux/accessibility/PressPictures.h"
 #include "tests/Platform/Linux/TestElements.h"
@@ -98,6 +99,45 @@ TEST_F(PressPicturesInFirefoxTest, WaitForAStateThatComesAMomentLater) {
     return -1;
   });
   EXPECT_EQ(numberOf(element), 1);
+}
+
+class PressPicturesInChromiumTest : public PressPicturesTest {
+ protected:
+  PressPicturesInChromiumTest() : PressPicturesTest("Chromium", "156.0") {
+    application_.set(
+        "cover", {.role = AtspiRole::pushButton, .name = "Accept", .parent = "window", .extents = {0, 0, 100, 100}});
+    application_.answer("GetAccessibleAtPoint", [this](sd_bus_message* call) {
+      const auto found = application_.reference(hitTests_++ == 0 ? "target" : "cover");
+      if (hitTests_ == 2) act_();
+      return sd_bus_reply_method_return(call, "(so)", found.busName.c_str(), found.path.c_str());
+    });
+  }
+  void setTarget(std::int32_t left, std::uint64_t states = 0) {
+    application_.set("target", {.role = AtspiRole::pushButton,
+                                .name = "Play",
+                                .states = states,
+                                .parent = "window",
+                                .extents = {left, 0, 50, 20}});
+  }
+
+  int hitTests_ = 0;
+  std::function<void()> act_ = [] {};
+};
+
+TEST_F(PressPicturesInChromiumTest, AreOfWhatIsFoundOutLaterUnlessThePageHasActed) {
+  constexpr auto opensMore = bit(AtspiState::hasPopup);
+  const std::pair<std::function<void()>, const char*> rows[] = {
+      {[] {}, "Accept"},
+      {[this] { application_.remove("target"); }, "Play"},
+      {[this] { setTarget(60); }, "Play"},
+      {[this] { setTarget(0, opensMore); }, "Play"},
+  };
+  for (const auto& [act, expected] : rows) {
+    setTarget(0);
+    hitTests_ = 0;
+    act_ = act;
+    EXPECT_EQ(nameOf(pressed()), expected);
+  }
 }
 
 TEST_F(PressPicturesTest, KnowTheWindowThatHasComeToTheFrontBeforeAPress) {
