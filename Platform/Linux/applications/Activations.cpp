@@ -1,12 +1,19 @@
 #include "Platform/Linux/applications/Activations.h"
 
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <string>
+#include <string_view>
 #include <vector>
 
 namespace norra::linux_desktop {
 namespace {
 
 constexpr std::uint64_t titleStands = 250'000;  // microseconds
-constexpr int maxTitleChecks = 4;
+constexpr int checksOfFirstWindow = 3;
+constexpr std::size_t leastLettersOfAName = 4;
+constexpr std::array<std::string_view, 4> separators{" - ", " \u2013 ", " \u2014 ", ": "};
 constexpr std::size_t maxKnown = 4096;
 
 std::pair<std::uint32_t, ProcessIdentifier> identityOf(const std::optional<FrontWindow>& window) {
@@ -17,6 +24,32 @@ std::pair<std::uint32_t, ProcessIdentifier> identityOf(const std::optional<Front
 bool hasGoneAgain(const ApplicationWindow& window) { return window.process == 0 && window.className.empty(); }
 
 }  // namespace
+
+std::string inSmallLetters(std::string_view text) {
+  std::string small(text);
+  std::ranges::transform(small, small.begin(), [](unsigned char c) { return std::tolower(c); });
+  return small;
+}
+
+std::vector<std::string> wordsOf(std::string_view name) {
+  std::vector<std::string> words(1);
+  for (const char c : inSmallLetters(name)) {
+    const bool isPart = std::isalnum(static_cast<unsigned char>(c)) != 0;
+    if (isPart) words.back() += c;
+    if (!isPart && !words.back().empty()) words.emplace_back();
+  }
+  std::erase_if(words, [](const auto& word) { return word.size() < leastLettersOfAName; });
+  return words;
+}
+
+// A window that shows nothing yet is often called as its application is.
+bool saysOnlyWhose(const std::string& title, const ApplicationWindow& window) {
+  const auto isIn = [&title](std::string_view part) { return title.find(part) != std::string::npos; };
+  if (std::ranges::any_of(separators, isIn)) return false;
+  const auto small = inSmallLetters(title);
+  return std::ranges::any_of(wordsOf(window.className),
+                             [&](const auto& word) { return small.find(word) != std::string::npos; });
+}
 
 /// Ends the calls of one handler.
 class Activations::Handle final : public Registration {
@@ -60,14 +93,19 @@ bool Activations::isKnown(const Identity& window) {
   return !known_.insert(window).second;
 }
 
+bool Activations::isFirstOfItsProcess(const Identity& window) const {
+  return std::ranges::none_of(known_, [&](const auto& known) { return known.second == window.second; });
+}
+
 void Activations::frontMayHaveChanged() {
   auto front = windows_.front();
   const auto identity = identityOf(front);
   if (std::exchange(front_, identity) == identity || !front) return;
   tellHeld();
   if (hasGoneAgain(front->application)) return;
+  const bool isFirst = isFirstOfItsProcess(identity);
   if (isKnown(identity)) return tell(applications_.applicationOf(front->application));
-  held_ = Held{std::move(*front), maxTitleChecks};
+  held_ = Held{.window = std::move(*front), .checksToStand = isFirst ? checksOfFirstWindow : 1};
   titleCheck_.requestAfter(titleStands);
 }
 
@@ -76,8 +114,11 @@ void Activations::checkTitle() {
   const auto front = windows_.front();
   const bool isStillThere = front && front->application.window == held_->window.application.window;
   auto title = isStillThere ? front->title : held_->window.title;
-  const bool stands = !title.empty() && title == std::exchange(held_->window.title, title);
-  if (stands || --held_->checksLeft == 0) return tellHeld();
+  auto& [window, checksToStand, checksLeft, stoodFor] = *held_;
+  stoodFor = title == window.title ? stoodFor + 1 : 0;
+  window.title = std::move(title);
+  const bool stands = !window.title.empty() && stoodFor >= checksToStand;
+  if (--checksLeft == 0 || (stands && !saysOnlyWhose(window.title, window.application))) return tellHeld();
   titleCheck_.requestAfter(titleStands);
 }
 

@@ -1,8 +1,9 @@
 // Who is told when another application comes to the front, and when.
 //
-// A window that is in front for the first time may have no title yet, or one that says that it is loading. Its
-// activation is told when its title has stood for a moment, at the latest after a second, or when another window comes
-// to the front. Whoever acts in it until then tells of it by that.
+// A window that is in front for the first time may have no title yet, or one that says that it is loading, or merely
+// what application it is of. Its activation is told when its title has stood for a moment, a longer one if it is the
+// first window of its application, at the latest after two seconds, or when another window comes to the front. Whoever
+// acts in it until then tells of it by that.
 #pragma once
 
 #include <systemd/sd-event.h>
@@ -39,13 +40,17 @@ class Activations {
   class Handle;
   // A window's number is given to another window when the process that had it has gone.
   using Identity = std::pair<std::uint32_t, ProcessIdentifier>;
+  static constexpr int maxTitleChecks = 8;
   // A window whose activation was not told yet.
   struct Held {
     FrontWindow window;
-    int checksLeft = 0;
+    int checksToStand = 1;
+    int checksLeft = maxTitleChecks;
+    int stoodFor = 0;  // checks
   };
 
   bool isKnown(const Identity& window);
+  bool isFirstOfItsProcess(const Identity& window) const;
   void checkTitle();
   void tellHeld();
   void tell(const std::optional<NSRunningApplication>& application);

@@ -3,6 +3,7 @@
 
 #include <csignal>
 
+#include "Platform/Linux/runtime/DeferredRun.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "Platform/Linux/x11/X11Workspace.h"
 #include "tests/Platform/Linux/PrivateDisplay.h"
@@ -68,6 +69,21 @@ TEST_F(X11WorkspaceTest, TellsOfANewWindowWhenItsTitleStands) {
   late.set(X11Atom::windowManagerName, XCB_ATOM_STRING, "Harbour ledger");
   ASSERT_TRUE(serve([&] { return !titles.empty(); }));
   EXPECT_THAT(titles, ElementsAre("Harbour ledger"));
+}
+
+TEST_F(X11WorkspaceTest, TellsOfANewWindowWhenItIsCalledByMoreThanItsApplication) {
+  display.startWindowManager();
+  const TestWindow first(*client, {.className = "First"});
+  ASSERT_TRUE(waitUntil([&] { return windows.activeApplication().has_value(); }));
+  open();
+  std::vector<std::string> titles;
+  registration = workspace->onActivation([&](const auto&) { titles.push_back(windows.activeWindow()->title); });
+  TestWindow late(*client, {.title = "Harbour Browser", .className = "browser-esr"});
+  DeferredRun load(loop.event(), [&] { late.set(X11Atom::windowManagerName, XCB_ATOM_STRING, "Tides - Browser"); });
+  load.requestAfter(400'000);
+  activate(late);
+  ASSERT_TRUE(serve([&] { return !titles.empty(); }));
+  EXPECT_THAT(titles, ElementsAre("Tides - Browser"));
 }
 
 TEST_F(X11WorkspaceTest, TellsOfAnApplicationWithoutADesktopFile) {
