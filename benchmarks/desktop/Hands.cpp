@@ -8,7 +8,8 @@ namespace norra::benchmarks {
 namespace {
 
 constexpr std::uint8_t leftButton = 1;
-constexpr std::chrono::milliseconds press{40};
+// As a person does.
+constexpr std::chrono::milliseconds press{80};
 
 }  // namespace
 
