@@ -4,6 +4,7 @@
 
 #include <systemd/sd-event.h>
 
+#include <atomic>
 #include <cstdint>
 #include <optional>
 #include <thread>
@@ -35,14 +36,14 @@ class EventLoopEpoch final : public ReadingEpoch {
   const std::thread::id thread_ = std::this_thread::get_id();
 };
 
-/// Epochs that a program without a loop begins by itself. For one thread.
+/// Epochs that a program without a loop begins by itself, the same for all its threads.
 class CountedEpoch final : public ReadingEpoch {
  public:
   void begin() { ++number_; }
   std::optional<std::uint64_t> current() const override { return number_; }
 
  private:
-  std::uint64_t number_ = 0;
+  std::atomic<std::uint64_t> number_ = 0;
 };
 
 }  // namespace norra::linux_desktop
