@@ -1,11 +1,10 @@
 #include <gmock/gmock.h>
-#include <sys/resource.h>
 
-#include <csignal>
-#include <filesystem>
 #include <fstream>
 
 #include "Fleet/Spool.h"
+#include "tests/Client/FileSizeLimit.h"
+#include "tests/Platform/Linux/PrivateBus.h"
 
 namespace norra::fleet {
 namespace {
@@ -14,9 +13,6 @@ using testing::ElementsAre;
 
 class SpoolInFolder : public testing::Test {
  protected:
-  SpoolInFolder() { std::filesystem::remove_all(folder_); }
-  ~SpoolInFolder() override { std::filesystem::remove_all(folder_); }
-
   Spool open(std::size_t maxBytes = 1000000) { return std::get<Spool>(Spool::open(folder_, maxBytes)); }
 
   static std::vector<std::string> linesOf(const Spool& spool) {
@@ -31,7 +27,8 @@ class SpoolInFolder : public testing::Test {
     return {std::istreambuf_iterator<char>(in), {}};
   }
 
-  const std::string folder_ = testing::TempDir() + "spool-" + std::to_string(getpid()) + "/norra-fleet";
+  const linux_desktop::TemporaryFolder temporary_;
+  const std::string folder_ = temporary_.path() / "state/norra-fleet";
 };
 
 TEST_F(SpoolInFolder, HasALineOnTheDiskAtOnceAndTakesOverWhatIsThere) {
@@ -76,15 +73,11 @@ TEST_F(SpoolInFolder, TheFileDoesNotGrowWithWhatIsReleased) {
 
 TEST_F(SpoolInFolder, WhatADiskDidNotTakeIsWrittenWhenThereIsRoom) {
   auto spool = open();
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit before{};
-  getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit full{6, before.rlim_max};
-  setrlimit(RLIMIT_FSIZE, &full);
+  const FileSizeLimit limit(6);
   spool.append("one");
   spool.append("two");
   EXPECT_NE(spool.save(), 0);
-  setrlimit(RLIMIT_FSIZE, &before);
+  limit.set(1000);
   EXPECT_THAT(linesOf(spool), ElementsAre("one", "two"));
   EXPECT_EQ(spool.save(), 0);
   EXPECT_EQ(file(), "one\ntwo\n");

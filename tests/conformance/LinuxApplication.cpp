@@ -1,7 +1,7 @@
 #include "tests/conformance/LinuxApplication.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,31 +9,18 @@
 #include <csignal>
 
 namespace norra::conformance {
-namespace {
-
-struct Pipe {
-  Pipe() { EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0); }
-  std::array<int, 2> ends{};
-};
-
-[[noreturn]] void become(const std::string& title, int input, int output) {
-  dup2(input, STDIN_FILENO);
-  dup2(output, STDOUT_FILENO);
-  execl(NORRA_TEST_APPLICATION, NORRA_TEST_APPLICATION, title.c_str(), nullptr);
-  _exit(127);
-}
-
-}  // namespace
 
 LinuxApplication::LinuxApplication(const std::string& title) {
-  const Pipe commands;
-  const Pipe answers;
+  std::array<int, 2> ends{};
+  EXPECT_EQ(socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()), 0);
   process_ = fork();
-  if (process_ == 0) become(title, commands.ends[0], answers.ends[1]);
-  close(commands.ends[0]);
-  close(answers.ends[1]);
-  commands_.reset(fdopen(commands.ends[1], "w"));
-  answers_.reset(fdopen(answers.ends[0], "r"));
+  if (process_ == 0) {
+    for (const int standard : {STDIN_FILENO, STDOUT_FILENO}) dup2(ends[1], standard);
+    execl(NORRA_TEST_APPLICATION, NORRA_TEST_APPLICATION, title.c_str(), nullptr);
+    _exit(127);
+  }
+  close(ends[1]);
+  channel_.reset(fdopen(ends[0], "r"));
   EXPECT_EQ(readAnswer(), "ready") << title;
 }
 
@@ -43,14 +30,13 @@ LinuxApplication::~LinuxApplication() {
 }
 
 nlohmann::json LinuxApplication::ask(const std::string& command, const nlohmann::json& argument) const {
-  std::fprintf(commands_.get(), "%s\n", nlohmann::json{{command, argument}}.dump().c_str());
-  std::fflush(commands_.get());
+  dprintf(fileno(channel_.get()), "%s\n", nlohmann::json{{command, argument}}.dump().c_str());
   return readAnswer();
 }
 
 nlohmann::json LinuxApplication::readAnswer() const {
   std::string line;
-  for (int character = 0; (character = std::fgetc(answers_.get())) != EOF && character != '\n';) {
+  for (int character = 0; (character = std::fgetc(channel_.get())) != EOF && character != '\n';) {
     line += static_cast<char>(character);
   }
   EXPECT_NE(line, "") << "the application has ended";

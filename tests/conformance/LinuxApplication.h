@@ -32,8 +32,7 @@ class LinuxApplication {
   nlohmann::json readAnswer() const;
 
   pid_t process_ = -1;
-  std::unique_ptr<std::FILE, CloseFile> commands_;
-  std::unique_ptr<std::FILE, CloseFile> answers_;
+  std::unique_ptr<std::FILE, CloseFile> channel_;  // its input and its output
 };
 
 }  // namespace norra::conformance

@@ -85,10 +85,11 @@ class ApplicationWithWidgets(Application):
 class ControlledApplication(ApplicationWithWidgets):
     """One of our own applications, which answers over its standard input and output (control.py)."""
 
-    def __init__(self, script, *arguments):
+    def __init__(self, script, *arguments, has_window=True):
         super().__init__(["/usr/bin/python3", FOLDER / script, *arguments], stdin=subprocess.PIPE, stdout=subprocess.PIPE)
         assert self._answer() == "ready"
-        self.wait_until_in_front()
+        if has_window:
+            self.wait_until_in_front()
 
     def ask(self, command, argument):
         self.process.stdin.write(json.dumps({command: argument}) + "\n")

@@ -8,8 +8,8 @@ from waiting import wait_until
 WITHIN_THE_LABEL = 0.1
 LONGER_THAN_A_FRAME = 0.1  # seconds
 
-# What there is in applications: the case, what is clicked on, and the kind of element that it is.
-WIDGETS = [
+# The case, what is clicked on, and the kind of element that it is; what it is called, if that is not what stands on it.
+COMMON = [
     ("play", "Play", "button"),
     ("counter", "3 votes", "button"),
     ("follow", "Follow", "toggle"),
@@ -20,59 +20,38 @@ WIDGETS = [
     ("swap", "Move down", "button"),
     ("row", "Delete Lisbon", "button"),
     ("pages", "Next page", "button"),
+    ("ok", "OK", "button"),
+    ("slow", "Reckon", "button"),
+]
+WIDGETS = COMMON + [
     ("tabs", "Close Charts", "button"),
     ("menu", "Show grid", "item of View"),
     ("chosen", "Helm", "item"),
-    ("ok", "OK", "button"),
     ("cancel", "Cancel", "button"),
     ("save", "Save", "button"),
     ("close", "Close", "button"),
     ("files", "Cancel", "button"),
     ("window", "Leave", "button"),
-    ("slow", "Reckon", "button"),
     ("maximised", "Log off", "button"),
 ]
-
-# And in pages.
-PARTS_OF_PAGES = [
-    ("play", "Play", "button"),
-    ("counter", "3 votes", "button"),
-    ("follow", "Follow", "toggle"),
+PARTS_OF_PAGES = COMMON + [
     ("aria", "Sound", "button", "Mute"),
-    ("ruler", "Show ruler", "check"),
-    ("dismiss", "Dismiss", "button"),
-    ("remove", "Remove", "button"),
-    ("disable", "Send", "button"),
-    ("swap", "Move down", "button"),
-    ("row", "Delete Lisbon", "button"),
-    ("pages", "Next page", "button"),
     ("toast", "Archive", "button"),
     ("grab", "Grab", "button"),
     ("vanish", "Vanish", "button"),
     ("chosen", "Salt", "item"),
     ("chosenAtPress", "Salt", "item"),
-    ("ok", "OK", "button"),
-    ("slow", "Reckon", "button"),
 ]
 
+
+def by_return(*cases):
+    return [(case, target, "Return") for case, target, _ in WIDGETS if case in cases]
+
+
 # Keys that change or close what has the keyboard focus.
-KEYS = [
-    ("play", "Play", "Return"),
-    ("counter", "3 votes", "Return"),
-    ("dismiss", "Dismiss", "Return"),
-    ("row", "Delete Lisbon", "Return"),
-    ("pages", "Next page", "Return"),
-    ("slow", "Reckon", "Return"),
-]
-KEYS_IN_DIALOGS = [
-    ("ok", "OK", "Return"),
-    ("cancel", "Cancel", "Return"),
-    ("save", "Save", "Return"),
-    ("close", "Close", "Return"),
-]
-KEYS_IN_WINDOWS = [
-    ("window", "Leave", "alt+F4"),
-]
+KEYS = by_return("play", "counter", "dismiss", "row", "pages", "slow")
+KEYS_IN_DIALOGS = by_return("ok", "cancel", "save", "close")
+KEYS_IN_WINDOWS = [("window", "Leave", "alt+F4")]
 
 # What keys are called.
 SPECIAL_KEYS = {"Return": "carriage return"}

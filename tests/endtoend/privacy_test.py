@@ -11,29 +11,12 @@ from pathlib import Path
 
 import hands
 import toolkits
-from applications import FOLDER
+from applications import ControlledApplication
 from browser import Chromium, Firefox
 from desktop import EndToEndTest, main
 from waiting import wait_until
 
 ENCODINGS = ("utf-8", "utf-16-le", "utf-16-be", "utf-32-le", "utf-32-be")
-
-
-class Clipboard:
-    """Another program that holds the clipboard: what is pasted has not been in any window before."""
-
-    def __init__(self):
-        self.process = subprocess.Popen(["/usr/bin/python3", FOLDER / "clipboard.py"], text=True,
-                                        stdin=subprocess.PIPE, stdout=subprocess.PIPE)
-        self.process.stdout.readline()
-
-    def put(self, text):
-        self.process.stdin.write(json.dumps({"clipboard": text}) + "\n")
-        self.process.stdin.flush()
-        self.process.stdout.readline()
-
-    def close(self):
-        self.process.communicate()
 
 
 def core_image(process, folder):
@@ -72,7 +55,8 @@ class Passwords(PrivacyTest):
     @classmethod
     def setUpClass(cls):
         super().setUpClass()
-        cls.clipboard = Clipboard()
+        # Another program that holds the clipboard: what is pasted has not been in any window before.
+        cls.clipboard = ControlledApplication("clipboard.py", has_window=False)
         cls.addClassCleanup(cls.clipboard.close)
 
     test_gtk3 = checked(toolkits.Gtk3.opened, ["Passphrase"])
@@ -124,7 +108,7 @@ class Passwords(PrivacyTest):
         hands.type_text(text)
 
     def paste(self, text):
-        self.clipboard.put(text)
+        self.clipboard.ask("clipboard", text)
         hands.key("ctrl+v")
 
     def encodings_in_memory(self, texts):

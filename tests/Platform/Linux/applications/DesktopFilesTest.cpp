@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "Platform/Linux/applications/DesktopFiles.h"
+#include "tests/Platform/Linux/PrivateBus.h"
 
 namespace norra::linux_desktop {
 namespace {
@@ -12,12 +13,6 @@ namespace fs = std::filesystem;
 
 class DesktopFilesTest : public testing::Test {
  protected:
-  static fs::path newFolder() {
-    auto pattern = (fs::temp_directory_path() / "desktop-files-XXXXXX").string();
-    return mkdtemp(pattern.data());
-  }
-  ~DesktopFilesTest() override { fs::remove_all(root); }
-
   fs::path first() const { return root / "first"; }
   fs::path second() const { return root / "second"; }
 
@@ -32,7 +27,8 @@ class DesktopFilesTest : public testing::Test {
   }
   std::string findClass(const std::string& className) { return find({"", className, "", "", "", ""}); }
 
-  const fs::path root = newFolder();
+  const TemporaryFolder temporary;
+  const fs::path root = temporary.path();
   DesktopFiles files{{first(), second()}, "de_DE.UTF-8"};
 };
 

@@ -5,6 +5,7 @@
 
 #include "Platform/Linux/applications/RunningApplications.h"
 #include "Platform/Linux/x11/X11Windows.h"
+#include "tests/Platform/Linux/PrivateBus.h"
 #include "tests/Platform/Linux/PrivateDisplay.h"
 
 namespace norra::linux_desktop {
@@ -14,20 +15,14 @@ namespace fs = std::filesystem;
 
 class RunningApplicationsTest : public testing::Test {
  protected:
-  ~RunningApplicationsTest() override { fs::remove_all(folder); }
-
-  static fs::path newFolder() {
-    auto pattern = (fs::temp_directory_path() / "applications-XXXXXX").string();
-    return mkdtemp(pattern.data());
-  }
-
   void install(const std::string& identifier, const std::string& name) const {
     std::ofstream(folder / (identifier + ".desktop")) << "[Desktop Entry]\nType=Application\nName=" << name << "\n";
   }
 
   std::string bundleIdentifier() { return applications.application(getpid())->bundleIdentifier.value_or("none"); }
 
-  const fs::path folder = newFolder();
+  const TemporaryFolder temporary;
+  const fs::path folder = temporary.path();
   PrivateDisplay display;
   const std::unique_ptr<X11Connection> client = display.connect();
   X11Windows windows{display.connect(), display.connect()};
