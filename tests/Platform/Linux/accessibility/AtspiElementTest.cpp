@@ -63,7 +63,7 @@ TEST_F(Elements, AreReadOnceInAnEventAndAnewInTheNext) {
 
 TEST_F(Elements, NeedTwoWavesForTheNameOfAButton) {
   application_.set("save", button);
-  text("save", "AXRole");  // what is read of an application once
+  text("save", "AXRoleDescription");  // what is read of an application once
   elements_.epoch.begin();
   const auto before = waves();
   for (const auto* attribute : {"AXRole", "AXURL", "AXTitle", "AXDescription", "AXPlaceholderValue", "AXValue",

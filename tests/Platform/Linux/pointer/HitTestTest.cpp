@@ -107,7 +107,7 @@ TEST_F(HitTest, FindsTheItemOfAMenuThatIsNotHighlightedYet) {
   application_->set("open", elements_["open"]);
   add("first", AtspiRole::menuItem, {0, 20, 80, 22});
   add("second", AtspiRole::menuItem, {0, 42, 80, 22});
-  window_.here.overrideRedirect = true;
+  windows_.pointed->overrideRedirect = true;
   EXPECT_EQ(at({40, 50}), reference("root"));
   read_.focus.arrived(reference("open"));
   read_.epoch.begin();

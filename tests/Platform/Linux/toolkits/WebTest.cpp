@@ -73,14 +73,14 @@ TEST_P(Web, TellsWhetherADisclosureIsOpen) {
 
 TEST_P(Web, TellsWhatOneThatHasGoneMeanwhileWasByItsRole) {
   application_.answer("GetLocalizedRoleName", [this](sd_bus_message* call) {
-    application_.set("option", {.role = 0});
+    application_.set("option", {.role = AtspiRole{}});
     return sd_bus_reply_method_return(call, "s", "invalid");
   });
-  application_.set("option", {.role = number(AtspiRole::listItem)});
+  application_.set("option", {.role = AtspiRole::listItem});
   EXPECT_EQ(text("option", "AXRoleDescription"), std::nullopt);
   application_.answer("GetLocalizedRoleName",
                       [](sd_bus_message* call) { return sd_bus_reply_method_return(call, "s", "list item"); });
-  application_.set("option", {.role = number(AtspiRole::listItem)});
+  application_.set("option", {.role = AtspiRole::listItem});
   elements_.epoch.begin();
   EXPECT_EQ(text("option", "AXRoleDescription"), "list item");
 }
