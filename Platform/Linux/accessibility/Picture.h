@@ -5,6 +5,7 @@
 #pragma once
 
 #include <atomic>
+#include <chrono>
 #include <list>
 #include <map>
 #include <memory>
@@ -25,6 +26,8 @@ struct PicturedAnswers {
   std::map<std::string, AXResult<AXAttributeValue>, std::less<>> attributes;
   std::optional<AXResult<std::vector<std::string>>> actions;
   std::optional<AXResult<ProcessIdentifier>> process;
+  /// Until when another value is waited for; nothing: that has not begun.
+  std::optional<std::chrono::steady_clock::time_point> awaitedUntil;
 };
 
 /// Made and filled by one thread, and from the time that it is finished on for another.

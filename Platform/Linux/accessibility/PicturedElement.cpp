@@ -11,6 +11,9 @@ namespace {
 
 AXResult<AXAttributeValue> yes() { return {axError::success, NSNumber{true}}; }
 
+// A busy application ticks a box a moment after the click, and a switch may have to move before it is on.
+constexpr std::chrono::milliseconds patienceForStates{100};
+constexpr std::chrono::milliseconds patienceForSwitches{250};
 constexpr std::chrono::milliseconds pauseBetweenStates{10};
 
 bool isUnanswered(AXError error) { return error == axError::cannotComplete || error == axError::invalidUIElement; }
@@ -65,10 +68,14 @@ bool PicturedElement::isAskedAnew(std::string_view attribute) const {
   return attribute == "AXValue" && hasRole({"AXCheckBox", "AXComboBox", "AXSlider"});
 }
 
+bool PicturedElement::hasAnswer(std::string_view attribute, std::initializer_list<std::string_view> texts) const {
+  const auto answer = answers().attributes.find(attribute);
+  const auto* text = answer != answers().attributes.end() ? std::get_if<std::string>(&answer->second.value) : nullptr;
+  return text && std::ranges::find(texts, *text) != texts.end();
+}
+
 bool PicturedElement::hasRole(std::initializer_list<std::string_view> roles) const {
-  const auto answer = answers().attributes.find("AXRole");
-  const auto* role = answer != answers().attributes.end() ? std::get_if<std::string>(&answer->second.value) : nullptr;
-  return role && std::ranges::find(roles, *role) != roles.end();
+  return hasAnswer("AXRole", roles);
 }
 
 AXResult<AXAttributeValue> PicturedElement::askAnew(std::string_view attribute) const {
@@ -81,22 +88,17 @@ AXResult<AXAttributeValue> PicturedElement::askAnew(std::string_view attribute) 
   return error == axError::success ? answer : AXResult<AXAttributeValue>{error, {}};
 }
 
-std::chrono::milliseconds PicturedElement::patienceForStates() const {
-  const auto* element = dynamic_cast<const AtspiElement*>(&own());
-  const auto application = element ? session_.applications.find(element->reference().busName) : nullptr;
-  return std::chrono::milliseconds(application ? application->toolkit().statesAreLateBy : 0);
-}
-
-// What was ticked with the click.
+// What was ticked with the click: a click on what can be ticked changes it as a rule, so its state is waited for.
 AXResult<AXAttributeValue> PicturedElement::awaitOther(std::string_view attribute,
                                                        const AXResult<AXAttributeValue>& before) const {
   auto now = askAnew(attribute);
-  const auto patience = patienceForStates();
-  if (patience.count() == 0 || attribute != "AXValue" || !hasRole({"AXCheckBox"})) return now;
-  const auto end = std::chrono::steady_clock::now() + patience;
+  if (attribute != "AXValue" || !hasRole({"AXCheckBox"})) return now;
+  const auto patience = hasAnswer("AXSubrole", {"AXSwitch"}) ? patienceForSwitches : patienceForStates;
+  auto& end = answers().awaitedUntil;
+  if (!end) end = std::chrono::steady_clock::now() + patience;
   bool isOver = false;
   while (!isOver && now.error == axError::success && now.value == before.value) {
-    isOver = std::chrono::steady_clock::now() >= end;
+    isOver = std::chrono::steady_clock::now() >= *end;
     std::this_thread::sleep_for(pauseBetweenStates);
     session_.reader().askAnew(dynamic_cast<const AtspiElement&>(own()).reference());
     now = askAnew(attribute);

@@ -90,8 +90,6 @@ struct Toolkit {
   bool hidesFieldsInComboBoxes = false;
   /// Answers a hit test with what it guesses to lie there, at first, and finds out meanwhile.
   bool guessesAtFirst = false;
-  /// How long after a click its check boxes may still say what they were before, in milliseconds.
-  int statesAreLateBy = 0;
   /// What is asked for the address of a page, and whether it is worth asking before it is needed.
   Ask pageAddress = Ask::documentURI;
   bool answersPageAddressAtOnce = false;

@@ -193,7 +193,6 @@ const Toolkit gecko{
     .showsWebPages = true,
     .hasOneNameForEachRole = true,
     .countsFromShadow = true,
-    .statesAreLateBy = 60,
     .pageAddress = Ask::documentURL,
     .asksForRole = asksForRoleInPage,
     .ownRole = roleInGecko,
