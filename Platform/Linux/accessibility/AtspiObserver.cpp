@@ -151,7 +151,7 @@ bool AtspiObserver::tellFocusOfChanged() {
   auto& session = services_.session;
   const auto application = session.applications.of(focused_.busName);
   auto former = application->takeFormerValue(focused_);
-  if (!former || application->wasJustChosen(focused_)) return false;
+  if (!former || services_.focus.lastInput().wasChoiceIn(focused_)) return false;
   {
     const AtspiReader::Before before(session.reader(), focused_, *std::move(former));
     tellOfFocus();
@@ -165,17 +165,20 @@ void AtspiObserver::tell(const AXUIElement& element, std::string_view notificati
 }
 
 void AtspiObserver::tellOf(const AtspiReference& element, std::string_view notification) {
-  if (notification == focusChanged || (notification == valueChanged && !isToldAsChange(element))) return tellOfFocus();
+  if (notification == focusChanged || !isToldAsChange(element, notification)) return tellOfFocus();
   tell(services_.handles.element(element), notification);
   if (notification == valueChanged) services_.focusPicture.noteValue(element);
 }
 
-// What was chosen with a click was told as that; what an application writes on its own the user has not done.
-bool AtspiObserver::isToldAsChange(const AtspiReference& element) {
-  auto& focus = services_.focus;
-  if (focus.highlightedItems().wasClicked(element, std::chrono::steady_clock::now())) return false;
+// What was chosen with a click was told as that; what an application writes or selects on its own the user has not
+// done.
+bool AtspiObserver::isToldAsChange(const AtspiReference& element, std::string_view notification) {
+  const auto& lastInput = services_.focus.lastInput();
+  const ElementView view(services_.session.reader(), element);
+  if (notification != valueChanged) return !lastInput.wasOutside(view);
+  if (lastInput.wasChoiceIn(element)) return false;
   const auto* watch = watchOf(element);
-  return !watch || !focus.lastInput().wasElsewhere({services_.session.reader(), element}, watch->since());
+  return !watch || !lastInput.wasElsewhere(view, watch->since());
 }
 
 ElementWatch* AtspiObserver::watchOf(const AtspiReference& element) {

@@ -62,7 +62,7 @@ class AtspiObserver final : public AXObserver {
   bool tellFocusOfChanged();
   void tell(const AXUIElement& element, std::string_view notification);
   void tellOf(const AtspiReference& element, std::string_view notification);
-  bool isToldAsChange(const AtspiReference& element);
+  bool isToldAsChange(const AtspiReference& element, std::string_view notification);
   ElementWatch* watchOf(const AtspiReference& element);
   ElementWatch& newWatch(const AtspiReference& element);
   void end(const AtspiReference& element);

@@ -83,13 +83,12 @@ void ElementWatch::noteInput() {
   changes_.requestAfter(pauseAfterInputMicroseconds);
 }
 
-// Of a silent element every sign counts only if the value is another. What a drop-down holds after the click on one of
-// its items was told with the click.
+// Of a silent element every sign counts only if the value is another.
 bool ElementWatch::isValueNew() {
   if (!isSilent_) return true;
   const ElementView view(session_.reader(), element_);
   const auto before = std::exchange(fingerprint_, valueFingerprint(view));
-  return fingerprint_ != before && !view.application().wasJustChosen(element_);
+  return fingerprint_ != before;
 }
 
 // Items tell of themselves to whoever listens to their application.

@@ -19,6 +19,7 @@ using std::chrono::steady_clock;
 constexpr std::size_t maxElementsSearched = 1200;
 constexpr std::size_t maxChildrenSearched = 40;
 constexpr int maxLevelsOfItems = 4;
+constexpr int maxLevelsInItem = 3;
 constexpr int maxLevelsOfDropDown = 6;
 
 bool isFocused(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::focused); }
@@ -98,6 +99,19 @@ AtspiReference dropDownAround(const ElementView& list) {
   return {};
 }
 
+// The drop-down whose list the element lies in, as an item or a part of one; null: it lies in none.
+AtspiReference dropDownOf(const ElementView& element) {
+  auto item = element.reference();
+  for (int level = 0; level < maxLevelsInItem && !item.isNull(); ++level) {
+    const auto view = element.other(item);
+    const auto container = containerOf(view);
+    if (!container.isNull()) return dropDownAround(element.other(container));
+    const bool mayBePart = is(view.role(), RoleKind::partOfControl) || is(view.role(), RoleKind::mereContainer);
+    item = mayBePart ? view.need(Ask::parent).parent : AtspiReference{};
+  }
+  return {};
+}
+
 // What is followed while the element has the focus.
 AtspiReference followedElement(const ElementView& focused) {
   const bool isButton = focused.role() == AtspiRole::toggleButton || focused.role() == AtspiRole::pushButton;
@@ -149,6 +163,7 @@ void noteSelected(const ElementView& focused, const AtspiReference& followed) {
 }  // namespace
 
 AtspiReference ownerOfOpenList(const ElementView& item) {
+  if (!isItemOfMenu(item)) return dropDownOf(item);
   auto owner = comboBoxOf(item);
   if (owner.isNull() || !item.other(owner).need(Ask::name).name.empty()) return owner;
   auto followed = item.application().focus.followed();

@@ -72,17 +72,8 @@ AtspiReference HighlightedItems::at(CGPoint point, TimePoint now) const {
 AtspiReference HighlightedItems::clicked(CGPoint point, TimePoint now) {
   auto found = at(point, now);
   const std::lock_guard lock(mutex_);
-  const auto item = std::ranges::find(items_, found, &Item::reference);
-  if (item == items_.end()) return found;
-  clickedIn_ = item->owner;
-  clickedAt_ = now;
-  end(found.busName, now);
+  if (std::ranges::find(items_, found, &Item::reference) != items_.end()) end(found.busName, now);
   return found;
-}
-
-bool HighlightedItems::wasClicked(const AtspiReference& comboBox, TimePoint now) const {
-  const std::lock_guard lock(mutex_);
-  return clickedIn_ == comboBox && now - clickedAt_ < grace;
 }
 
 void HighlightedItems::clear() {

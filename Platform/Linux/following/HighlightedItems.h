@@ -48,8 +48,6 @@ class HighlightedItems {
   AtspiReference highlightedIn(std::string_view busName) const;
   /// The last item that was highlighted in the application, in an open menu or a closed one; null: none was.
   AtspiReference lastIn(std::string_view busName) const;
-  /// Whether an item of the combo box's list was clicked a moment ago.
-  bool wasClicked(const AtspiReference& comboBox, TimePoint now) const;
   /// Whether the list of the combo box is open, and for longer than that click.
   bool isOpen(const AtspiReference& comboBox, TimePoint now) const;
 
@@ -74,8 +72,6 @@ class HighlightedItems {
   mutable std::mutex mutex_;
   // guarded by mutex_
   std::deque<Item> items_;  // the last one first
-  AtspiReference clickedIn_;
-  TimePoint clickedAt_;
 };
 
 }  // namespace norra::linux_desktop

@@ -166,8 +166,7 @@ AtspiReference PointedElement::optionOfPage(const WindowOnScreen& window, CGPoin
 
 AtspiReference PointedElement::noted(AtspiReference found) {
   session_.reader().notePointed(found);
-  const auto comboBox = found.isNull() || !isItemOfMenu(view(found)) ? AtspiReference{} : ownerOfOpenList(view(found));
-  if (!comboBox.isNull()) view(comboBox).application().noteChosen(comboBox);
+  if (!found.isNull()) focus_.lastInput().notePressed(view(found), ownerOfOpenList(view(found)));
   return found;
 }
 

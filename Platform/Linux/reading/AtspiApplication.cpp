@@ -8,8 +8,6 @@ namespace norra::linux_desktop {
 namespace {
 
 constexpr std::size_t maxPasswords = 10000;
-// The button is released a while after it was pressed on the item, and the application tells of it a while after that.
-constexpr std::chrono::seconds choiceTakes{2};
 // Whoever reads a list takes no longer.
 constexpr std::chrono::seconds changeTakes{20};
 
@@ -52,17 +50,6 @@ void AtspiApplication::notePassword(const std::string& path) {
   const std::lock_guard lock(mutex_);
   if (passwords_.size() >= maxPasswords) passwords_.clear();
   passwords_.insert(path);
-}
-
-void AtspiApplication::noteChosen(const AtspiReference& comboBox) {
-  const std::lock_guard lock(mutex_);
-  chosen_ = comboBox;
-  chosenAt_ = std::chrono::steady_clock::now();
-}
-
-bool AtspiApplication::wasJustChosen(const AtspiReference& comboBox) const {
-  const std::lock_guard lock(mutex_);
-  return chosen_ == comboBox && std::chrono::steady_clock::now() - chosenAt_ < choiceTakes;
 }
 
 void AtspiApplication::noteFormerValue(const AtspiReference& element, AXAttributeValue value) {

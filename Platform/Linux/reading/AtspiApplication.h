@@ -49,10 +49,6 @@ class AtspiApplication {
   OwnPixels pixels() const;
   void notePixels(const OwnPixels& pixels);
 
-  /// An item of the list of this combo box was clicked, just now; what the box holds then is no news for a moment.
-  void noteChosen(const AtspiReference& comboBox);
-  bool wasJustChosen(const AtspiReference& comboBox) const;
-
   /// What the element held before the user began to change it, for who follows it only afterwards: a number that
   /// changes with the press that gives it the focus, a drop-down whose list has the focus until another item is chosen.
   void noteFormerValue(const AtspiReference& element, AXAttributeValue value);
@@ -74,8 +70,6 @@ class AtspiApplication {
   AtspiReference changing_;
   AXAttributeValue formerValue_;
   std::chrono::steady_clock::time_point changingSince_;
-  AtspiReference chosen_;
-  std::chrono::steady_clock::time_point chosenAt_;
 };
 
 /// Any thread.

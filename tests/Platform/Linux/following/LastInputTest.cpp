@@ -43,5 +43,38 @@ TEST_F(LastInputBesideAField, IsWhatIsTypedAndWhatIsPressedInAMenu) {
   EXPECT_FALSE(wasElsewhere("field", hours(1)));
 }
 
+TEST_F(LastInputBesideAField, WasOutsideAListAfterAPressBesideItOrOnTheHeaderOfAColumn) {
+  const auto view = [this](const std::string& key) {
+    elements_.epoch.begin();
+    return ElementView(elements_.session.reader(), application_.reference(key));
+  };
+  application_.set("header", {.role = static_cast<std::uint32_t>(AtspiRole::columnHeader)});
+  input_.notePress(inField, false);
+  EXPECT_FALSE(input_.wasOutside(view("list")));
+  input_.notePressed(view("header"), {});
+  EXPECT_TRUE(input_.wasOutside(view("list")));
+  input_.notePress(beside, false);
+  EXPECT_TRUE(input_.wasOutside(view("list")));
+  input_.noteKey();
+  EXPECT_FALSE(input_.wasOutside(view("list")));
+}
+
+TEST_F(LastInputBesideAField, WasAChoiceUntilSomethingElseIsDone) {
+  const auto box = application_.reference("box");
+  const auto choose = [&] {
+    elements_.epoch.begin();
+    input_.notePress(beside, true);
+    input_.notePressed({elements_.session.reader(), application_.reference("list")}, box);
+  };
+  choose();
+  EXPECT_TRUE(input_.wasChoiceIn(box));
+  EXPECT_FALSE(input_.wasChoiceIn(application_.reference("field")));
+  input_.noteKey();
+  EXPECT_FALSE(input_.wasChoiceIn(box));
+  choose();
+  input_.notePress(inField, false);
+  EXPECT_FALSE(input_.wasChoiceIn(box));
+}
+
 }  // namespace
 }  // namespace norra::linux_desktop
