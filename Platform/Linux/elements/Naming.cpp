@@ -23,9 +23,9 @@ constexpr int maxLevelsInComboBox = 2;
 constexpr std::size_t maxParts = 6;
 constexpr int maxLevelsOfParts = 3;
 
-constexpr std::array namedByTheirParts{AtspiRole::checkBox,     AtspiRole::listItem,  AtspiRole::pushButton,
-                                       AtspiRole::radioButton,  AtspiRole::tableCell, AtspiRole::tableRow,
-                                       AtspiRole::toggleButton, AtspiRole::treeItem};
+constexpr std::array namedByTheirParts{AtspiRole::checkBox,   AtspiRole::listItem,     AtspiRole::pageTab,
+                                       AtspiRole::pushButton, AtspiRole::radioButton,  AtspiRole::tableCell,
+                                       AtspiRole::tableRow,   AtspiRole::toggleButton, AtspiRole::treeItem};
 
 bool isBlank(std::string_view text) { return text.find_first_not_of(" \t\r\n") == std::string_view::npos; }
 
@@ -140,7 +140,8 @@ bool showsText(const ElementView& view, int level = 0) {
 // The search for a name finds the text that stands on the screen, where no tooltip or description is taken for a name.
 bool isNamedByItsParts(const ElementView& view) {
   const bool mayBe = std::ranges::find(namedByTheirParts, view.role()) != namedByTheirParts.end();
-  if (!mayBe || view.toolkit().showsWebPages) return false;
+  const bool mayHoldPage = view.role() == AtspiRole::pageTab && view.toolkit().putsPagesBelowTabs;
+  if (!mayBe || mayHoldPage || view.toolkit().showsWebPages) return false;
   return properName(view.need(Ask::name).name, view.role(), view.toolkit()).empty() && showsText(view);
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 
 namespace norra::linux_desktop {
@@ -13,6 +14,8 @@ namespace {
 constexpr double maxDistanceOfPopUp = 100;
 constexpr double maxDistanceOfPopover = 80;
 constexpr int maxLevelsOfPopover = 16;
+constexpr std::size_t maxElementsSearched = 1000;
+constexpr std::size_t maxPartsSearched = 64;
 // Of one that says nothing of its place.
 constexpr double unknownDistance = 1e6;
 
@@ -115,6 +118,66 @@ ScreenRectangle inOwnPixels(const ScreenRectangle& rectangle, const OwnPixels& p
   return {x, y, rectangle.width / pixels.scale, rectangle.height / pixels.scale};
 }
 
+double distanceOfPopover(const ElementView& element, const WindowOnScreen& window) {
+  const auto& facts = element.needOnly(Ask::windowExtents);
+  if (!facts.answered(Ask::windowExtents)) return unknownDistance;
+  return fitAt(facts.windowExtents, window.client, 1, Coordinates::ofWindow).distance;
+}
+
+// The keyboard focus went into it.
+AtspiReference popoverAroundFocus(const ElementView& root, const WindowOnScreen& window) {
+  AtspiReference best;
+  double bestDistance = maxDistanceOfPopover;
+  auto current = root.application().focus.lastArrival();
+  for (int level = 0; level < maxLevelsOfPopover && !current.isNull(); ++level) {
+    const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
+    if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
+    const auto distance = distanceOfPopover(root.other(current), window);
+    if (distance < bestDistance) {
+      best = current;
+      bestDistance = distance;
+    }
+    current = facts.parent;
+  }
+  return best;
+}
+
+// The parts of all these elements, after what they are was asked in one wave; not of those that have very many.
+std::vector<AtspiReference> partsOfAll(const ElementView& root, const std::vector<AtspiReference>& elements) {
+  std::vector<AtspiQuestion> questions;
+  for (const auto& element : elements) questions.push_back({element, {Ask::name, Ask::childCount, Ask::children}});
+  root.reader().read(questions);
+  std::vector<AtspiReference> parts;
+  for (const auto& element : elements) {
+    const auto& children = root.reader().known(element).children;
+    if (children.size() <= maxPartsSearched) parts.insert(parts.end(), children.begin(), children.end());
+  }
+  std::erase_if(parts, [](const auto& part) { return part.isNull(); });
+  return parts;
+}
+
+// Only open ones are in the tree.
+AtspiReference popoverBelow(const ElementView& root, const WindowOnScreen& window) {
+  const auto liesInOwnWindow = root.toolkit().liesInOwnWindow;
+  AtspiReference best;
+  double bestDistance = maxDistanceOfPopover;
+  std::size_t searched = 0;
+  for (auto level = fewChildren(root); !level.empty() && searched < maxElementsSearched; searched += level.size()) {
+    auto next = partsOfAll(root, level);
+    for (const auto& element : level) {
+      if (!liesInOwnWindow || !liesInOwnWindow(root.reader().known(element))) continue;
+      const auto distance = distanceOfPopover(root.other(element), window);
+      if (distance < bestDistance) {
+        best = element;
+        bestDistance = distance;
+      }
+    }
+    if (!best.isNull()) break;
+    level = std::move(next);
+  }
+  return best;
+}
+
 }  // namespace
 
 std::vector<TopLevelCandidate> topLevelsLike(const ElementView& root, const WindowOnScreen& window) {
@@ -139,22 +202,9 @@ OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window) {
   return place ? fitOf(*place, window, topLevel).pixels : OwnPixels{};
 }
 
-// The keyboard focus went into it.
 AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
-  AtspiReference best;
-  double bestDistance = maxDistanceOfPopover;
-  auto current = root.application().focus.lastArrival();
-  for (int level = 0; level < maxLevelsOfPopover && !current.isNull(); ++level) {
-    const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
-    if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
-    const auto difference = fitAt(facts.windowExtents, window.client, 1, Coordinates::ofWindow).distance;
-    if (facts.answered(Ask::windowExtents) && difference < bestDistance) {
-      best = current;
-      bestDistance = difference;
-    }
-    current = facts.parent;
-  }
-  return best;
+  auto popover = popoverAroundFocus(root, window);
+  return popover.isNull() ? popoverBelow(root, window) : popover;
 }
 
 WindowOnScreen inOwnPixels(WindowOnScreen window, const OwnPixels& pixels) {

@@ -23,7 +23,7 @@ std::vector<TopLevelCandidate> topLevelsLike(const ElementView& root, const Wind
 OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window);
 
 /// What a toolkit whose popovers are windows shows in this one: the element around the keyboard focus that is of its
-/// size. Null: none is.
+/// size, else, where the focus was not told to have gone into it, the first open popover of that size. Null: none is.
 AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window);
 
 /// The window as its application takes it to be.

@@ -19,6 +19,11 @@ constexpr int maxLevelsInDropDown = 8;
 constexpr std::string_view nameOfChosen = "GtkListItemWidget";
 constexpr std::size_t maxPartsOfDropDown = 4;
 
+// The tabs of libadwaita are called nothing but by their class.
+AtspiRole trueRole(const AtspiFacts& facts) {
+  return facts.name == "AdwTab" ? AtspiRole::pageTab : static_cast<AtspiRole>(facts.role);
+}
+
 // It has no other elements with this role than search fields.
 RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
   const bool isSearchField =
@@ -66,8 +71,11 @@ std::string_view properName(std::string_view name, AtspiRole role) {
   return isDefault ? std::string_view() : name;
 }
 
-// Popovers, open or not, say that they lie over the widget that opens them.
-bool isPopover(const AtspiFacts& facts) { return facts.name == "GtkPopover" || facts.name == "GtkPopoverMenu"; }
+// Popovers, open or not, say that they lie over the widget that opens them. Applications make their own kinds.
+bool isPopover(const AtspiFacts& facts) {
+  const std::string_view name = facts.name;
+  return isInOneWord(name) && (name.ends_with("Popover") || name.ends_with("PopoverMenu") || name == "GtkEmojiChooser");
+}
 
 bool mayBePartOfDropDown(const ElementView& view) {
   const auto& name = view.need(Ask::name).name;
@@ -126,6 +134,8 @@ const Toolkit gtk4{
     .popoversAreWindows = true,
     .marginOfItems = 8,
     .hidesFieldsInComboBoxes = true,
+    .trueRole = trueRole,
+    .knownBy = Ask::name,
     .ownRole = ownRole,
     .properName = properName,
     .chosenIn = chosenIn,
