@@ -78,7 +78,7 @@ def views():
         case(click("Depth", "header"), Click("Depth")),
         case(double_click("North", "item"), Item("North"), effect=shows("Dora", "item"), also=[Item("North")]),
         case(click("Dora", "item"), Item("Dora")),
-        case(keys("Down"), Selected(re.compile('.*"Ella".*')), Combination("NumericPad + Function + down arrow")),
+        case(keys("Up"), Selected(re.compile('.*"Ella".*')), Combination("NumericPad + Function + up arrow")),
         case(click("Bricks", "item", across=0.1), Item("Bricks")),
         case(click("Sealed", "item", across=0.03), Item("Sealed")),
         case(click("Weather", "page tab"), Radio("Weather")),

@@ -36,7 +36,7 @@ PROGRAM = Program(
         case(click("Properties"), Click("Properties"), effect=titled("Properties")),
         case(click("Fonts", "page tab"), Radio("Fonts")),
         case(keys("Escape"), effect=titled("bay")),
-        case(click("page-label-entry", "text")),
+        case(click("page-label-entry", "text"), Click(("page-label-entry", "1", ""))),
         case(steps(keys("ctrl+a"), typing("2"), keys("Return")), Combination("Control + a"), Special("carriage return"),
              Text(None, "2")),
         case(click("Annotate document", "toggle button"), Click("Annotate document", state=1)),

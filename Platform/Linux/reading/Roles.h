@@ -107,7 +107,7 @@ inline constexpr auto roleRows = [] {
       {table, {"AXTable", ""}, {RoleKind::tableLike, itemContainer}},
       {tableCell, {"AXCell", ""}, {item, textHolder}},
       {tableColumnHeader, {"AXButton", "AXSortButton"}, {}},
-      {tableRowHeader, {"AXCell", ""}, {item, textHolder}},
+      {tableRowHeader, {"AXRow", "AXTableRow"}, {item, textHolder}},
       {tearoffMenuItem, {"AXMenuItem", ""}, {menuPart}},
       {terminal, {"AXTextArea", ""}, {field}},
       {text, {"AXTextField", ""}, {field, statesDecide, attributesDecide}},
