@@ -14,6 +14,7 @@ using std::chrono::milliseconds;
 // Browsers find what lies at a place only a moment after they were asked for it, and some menus highlight only what is
 // pressed.
 constexpr std::array pauses{milliseconds(0), milliseconds(10), milliseconds(20)};
+constexpr milliseconds pauseBeforeMakingSure{30};
 constexpr int maxLevelsOfNumber = 3;
 
 // A number that changes at the press gets the focus with it, and is followed only afterwards.
@@ -65,8 +66,11 @@ void PressPictures::notePress(std::optional<CGPoint> place) {
 }
 
 void PressPictures::noteRelease() {
-  const std::lock_guard lock(mutex_);
-  released_ = pressed_;
+  {
+    const std::lock_guard lock(mutex_);
+    released_ = pressed_;
+  }
+  changed_.notify_all();
 }
 
 void PressPictures::noteActivation() {
@@ -158,7 +162,7 @@ bool PressPictures::look(Press& press) {
 
 // What is found out by and by is right, unless the page has acted on the press.
 void PressPictures::makeSure(Press& press, const AtspiReference& guessed) {
-  mayLookAfter(pauses[1], press);
+  mayLookAfter(pauseBeforeMakingSure, press);
   const auto found = pointed_.stillAtPress(*press.place);
   if (!found.isNull() && found != guessed && !pointed_.hasActed(guessed, *press.place)) rehearse(press, found);
 }

@@ -151,7 +151,23 @@ std::string nameFromContent(const ElementView& view) {
 }
 
 bool isClickableText(const ElementView& view) {
-  return view.role() == AtspiRole::section && mappedRole(view).role == "AXButton";
+  using enum AtspiRole;
+  constexpr std::array texts{section, paragraph, heading, staticText};
+  return std::ranges::find(texts, view.role()) != texts.end() && mappedRole(view).role == "AXButton";
+}
+
+// What stands large on it.
+std::string headingIn(const ElementView& card) {
+  for (const auto& part : firstChildren(card, maxParts)) {
+    if (card.other(part).role() == AtspiRole::heading) return nameFromContent(card.other(part));
+  }
+  return {};
+}
+
+std::string nameOfClickable(const ElementView& view) {
+  if (isWritten(view)) return {};
+  auto heading = view.role() == AtspiRole::section ? headingIn(view) : std::string();
+  return heading.empty() ? withoutNeedlessBlanks(textWithoutFields(view)) : heading;
 }
 
 }  // namespace
@@ -159,8 +175,7 @@ bool isClickableText(const ElementView& view) {
 std::string nameInPage(const ElementView& view) {
   const auto& name = view.need(Ask::name).name;
   if (view.role() == AtspiRole::label) return nameFromContent(view);
-  if (name.empty() && isClickableText(view))
-    return isWritten(view) ? "" : withoutNeedlessBlanks(textWithoutFields(view));
+  if (name.empty() && isClickableText(view)) return nameOfClickable(view);
   if (name.empty() || isPage(view)) return name;
   if (attributeOf(view, "explicit-name") == "true") return isNamedByField(view) ? std::string() : name;
   return is(view.role(), RoleKind::field) ? name : nameFromContent(view);

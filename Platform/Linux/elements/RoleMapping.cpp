@@ -1,7 +1,9 @@
 #include "Platform/Linux/elements/RoleMapping.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
+#include <vector>
 
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/elements/Text.h"
@@ -12,6 +14,8 @@ namespace {
 
 constexpr int maxLevelsInRadioGroup = 8;
 constexpr std::size_t maxPartsOfComboBox = 4;
+constexpr int maxPartsOfCard = 6;
+constexpr int maxPartsInPartOfCard = 2;
 
 bool isMenuOpener(const AtspiFacts& facts) { return hasState(facts.states, AtspiState::hasPopup); }
 
@@ -86,6 +90,26 @@ bool holdsPointedRadioButton(const ElementView& view) {
   return false;
 }
 
+bool isPartOfCard(const AtspiFacts& facts) {
+  using enum AtspiRole;
+  constexpr std::array parts{heading, label, image, link, paragraph, pushButton, section, staticText};
+  const bool isPart = std::ranges::find(parts, static_cast<AtspiRole>(facts.role)) != parts.end();
+  return isPart && facts.childCount <= maxPartsInPartOfCard && !hasState(facts.states, AtspiState::editable);
+}
+
+// A page may be told itself of all clicks in it; what holds other containers is no card.
+bool isCard(const ElementView& view) {
+  const auto& facts = view.need(asksForRole(view.role(), view.toolkit()));
+  const bool mayBe = view.toolkit().showsWebPages && view.role() == AtspiRole::section &&
+                     facts.firstActionName == "click" && facts.childCount > 0 && facts.childCount <= maxPartsOfCard;
+  if (!mayBe) return false;
+  const auto parts = firstChildren(view, maxPartsOfCard);
+  std::vector<AtspiQuestion> questions;
+  for (const auto& part : parts) questions.push_back({part, view.generalAsks() | Ask::childCount});
+  view.reader().read(questions);
+  return std::ranges::all_of(parts, [&](const auto& part) { return isPartOfCard(view.reader().known(part)); });
+}
+
 RoleAndSubrole standardRole(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
   const auto role = static_cast<AtspiRole>(facts.role);
   switch (role) {
@@ -130,7 +154,7 @@ RoleAndSubrole mappedRole(const ElementView& view) {
   const auto& facts = view.need(asksForRole(role, view.toolkit()));
   const bool mayHoldField = role == AtspiRole::comboBox && view.toolkit().hidesFieldsInComboBoxes;
   RoleSurroundings surroundings{std::nullopt, mayHoldRadioButtons(role) && holdsPointedRadioButton(view),
-                                mayHoldField && holdsField(view, 1), hidesText(view)};
+                                mayHoldField && holdsField(view, 1), isCard(view), hidesText(view)};
   if (is(role, RoleKind::menuPart)) surroundings.parentRole = view.other(view.need(Ask::parent).parent).role();
   return mapRole(facts, surroundings, view.toolkit());
 }

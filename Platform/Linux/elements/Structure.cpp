@@ -20,6 +20,7 @@ constexpr std::size_t maxChildrenOfMany = 50;
 constexpr std::size_t childrenReadAhead = 3;
 constexpr std::size_t maxUnlistedChildren = 4;
 constexpr int maxLevels = 64;
+constexpr int maxLevelsInLink = 3;
 
 bool isRoot(const AtspiReference& reference) { return reference.path == AtspiReference::rootPath; }
 
@@ -61,6 +62,24 @@ AtspiReference withoutControlAround(const ElementView& view, const AtspiReferenc
   return isItsLabel ? parent : above.need(Ask::parent).parent;
 }
 
+bool isControlOfItsOwn(AtspiRole role) {
+  using enum RoleKind;
+  const bool isControl = is(role, control) || is(role, number) || is(role, checkable) || is(role, field);
+  return isControl && !is(role, item) && !is(role, menuPart) && role != AtspiRole::link;
+}
+
+// A page may make a link of all that lies around a control. A click on the control is none on the link.
+AtspiReference withoutLinkAround(const ElementView& view, const AtspiReference& parent) {
+  if (!view.toolkit().showsWebPages || !isControlOfItsOwn(view.role())) return parent;
+  auto above = parent;
+  for (int level = 0; level < maxLevelsInLink && !above.isNull() && !isRoot(above); ++level) {
+    const auto& facts = view.other(above).needOnly({Ask::role, Ask::parent});
+    if (static_cast<AtspiRole>(facts.role) == AtspiRole::link) return facts.parent;
+    above = facts.parent;
+  }
+  return parent;
+}
+
 AttributeResult elementOrApplication(const AtspiReference& reference) {
   return elementNamed(reference, {isRoot(reference) ? AtspiPart::Kind::application : AtspiPart::Kind::whole});
 }
@@ -73,7 +92,7 @@ AttributeResult parentOf(const ElementView& view) {
   const auto parent = facts.parent;
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(parent);
   if (auto row = madeUpRowOf(view)) return valueOf(std::move(*row));
-  const auto visible = withoutControlAround(view, withoutPageTab(view, parent));
+  const auto visible = withoutLinkAround(view, withoutControlAround(view, withoutPageTab(view, parent)));
   if (view.reader().isOnPath(view.reference())) view.reader().notePath(visible);
   return visible.isNull() ? noValue() : elementOrApplication(visible);
 }

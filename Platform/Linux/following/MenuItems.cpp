@@ -9,10 +9,15 @@ constexpr int maxLevelsOfMenus = 8;
 
 bool isPartOfMenu(AtspiRole role) { return is(role, RoleKind::menuPart) || role == AtspiRole::popupMenu; }
 
+// Options may lie in groups with a name.
+bool isGroupOfOptions(const ElementView& view) {
+  return view.toolkit().showsWebPages && view.role() == AtspiRole::panel;
+}
+
 // An option in the open list of a combo box.
 bool isOption(const ElementView& item) {
   if (item.role() != AtspiRole::listItem) return false;
-  return !comboBoxOfList(item.other(item.need(Ask::parent).parent)).isNull();
+  return !comboBoxOfList(item.other(listOfOption(item))).isNull();
 }
 
 Asks keptOf(const ElementView& item) {
@@ -27,7 +32,8 @@ std::vector<AtspiReference> menuAround(const ElementView& item) {
   while (levels.size() < maxLevelsOfMenus && !current.isNull()) {
     const auto view = item.other(current);
     const auto parent = view.need(levels.empty() ? keptOf(item) : item.generalAsks()).parent;
-    const bool mayGoOn = isPartOfMenu(view.role()) || view.role() == AtspiRole::list || levels.empty();
+    const bool isPart = isPartOfMenu(view.role()) || isGroupOfOptions(view);
+    const bool mayGoOn = isPart || view.role() == AtspiRole::list || levels.empty();
     levels.push_back(current);
     if (!mayGoOn || view.role() == AtspiRole::comboBox) break;
     current = parent;
@@ -38,6 +44,11 @@ std::vector<AtspiReference> menuAround(const ElementView& item) {
 }  // namespace
 
 bool isItemOfMenu(const ElementView& view) { return isPartOfMenu(view.role()) || isOption(view); }
+
+AtspiReference listOfOption(const ElementView& option) {
+  auto above = option.need(Ask::parent).parent;
+  return isGroupOfOptions(option.other(above)) ? option.other(above).need(Ask::parent).parent : above;
+}
 
 AtspiReference comboBoxOfList(const ElementView& list) {
   if (list.role() != AtspiRole::list) return {};

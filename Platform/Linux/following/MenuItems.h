@@ -9,6 +9,8 @@ namespace norra::linux_desktop {
 bool isItemOfMenu(const ElementView& view);
 /// The combo box that the item of a menu belongs to; null: none.
 AtspiReference comboBoxOf(const ElementView& item);
+/// What an option of an open list lies in, beside the group that it may belong to.
+AtspiReference listOfOption(const ElementView& option);
 /// The combo box whose list of options this is; null: it is none.
 AtspiReference comboBoxOfList(const ElementView& list);
 /// What the item, and the menus above it, are called now stays readable when they have gone.

@@ -110,7 +110,10 @@ AtspiReference PointedElement::optionAt(const std::string& busName, CGPoint poin
   const auto highlighted = focus_.highlightedItems().highlightedIn(busName);
   if (highlighted.isNull()) return {};
   const auto item = view(highlighted);
-  auto option = childAtHeight(item.other(item.need(Ask::parent).parent), item.application().pixels().of(point));
+  const auto inside = item.application().pixels().of(point);
+  auto option = childAtHeight(item.other(listOfOption(item)), inside);
+  if (!option.isNull() && item.other(option).role() == AtspiRole::panel)
+    option = childAtHeight(item.other(option), inside);
   if (option.isNull() || !item.other(option).hasState(AtspiState::showing)) return {};
   keepMenuOf(item.other(option));
   return option;

@@ -29,6 +29,8 @@ struct RoleSurroundings {
   bool holdsRadioButtons = false;
   /// Whether something in it can be written in.
   bool holdsField = false;
+  /// Whether it is clicked as a whole, and holds nothing but a few texts, images and simple controls.
+  bool isCard = false;
   /// Whether it is, or ever was, a field whose text is hidden.
   bool hidesText = false;
 };

@@ -11,6 +11,7 @@ namespace {
 
 constexpr std::uint32_t labelFor = 1;
 constexpr int maxLevelsInLabel = 3;
+constexpr int maxLevelsOfOption = 4;
 // Unlike what is told to an element above, or nowhere.
 constexpr std::string_view ownClick = "click";
 
@@ -24,8 +25,10 @@ Asks asksForRoleInPage(AtspiRole role) {
     case AtspiRole::image: return {Ask::states, Ask::firstActionName};
     case AtspiRole::section:
       return {Ask::states, Ask::attributes, Ask::firstActionName, Ask::childCount, Ask::characterCount};
-    case AtspiRole::paragraph:
+    case AtspiRole::paragraph: return {Ask::states, Ask::attributes, Ask::firstActionName};
     case AtspiRole::grouping: return {Ask::states, Ask::attributes};
+    case AtspiRole::heading:
+    case AtspiRole::staticText: return {Ask::attributes, Ask::firstActionName};
     default: return {};
   }
 }
@@ -48,23 +51,28 @@ bool isClickableImage(const AtspiFacts& facts) {
   return facts.firstActionName == ownClick && hasState(facts.states, AtspiState::focusable);
 }
 
-RoleAndSubrole section(const AtspiFacts& facts) {
+RoleAndSubrole editorOrButton(const AtspiFacts& facts, bool isButton) {
   if (isUncalledEditor(facts)) return {"AXTextArea", ""};
-  return isClickableText(facts) ? RoleAndSubrole{"AXButton", ""} : RoleAndSubrole{};
+  return isButton ? RoleAndSubrole{"AXButton", ""} : RoleAndSubrole{};
 }
+
+// Of such an element a page makes a line or a paragraph, nothing larger.
+bool isClickableLine(const AtspiFacts& facts) { return isPartOfPage(facts) && facts.firstActionName == ownClick; }
 
 // A header sorts only if the keyboard can get there, a dialog is a part of the page, and so is what it calls a
 // document.
-RoleAndSubrole roleOfPart(const AtspiFacts& facts) {
+RoleAndSubrole roleOfPart(const AtspiFacts& facts, const RoleSurroundings& surroundings) {
   switch (static_cast<AtspiRole>(facts.role)) {
     case AtspiRole::columnHeader:
     case AtspiRole::tableColumnHeader:
       if (hasState(facts.states, AtspiState::focusable)) return {"AXButton", "AXSortButton"};
       return {"AXCell", ""};
     case AtspiRole::image: return isClickableImage(facts) ? RoleAndSubrole{"AXButton", ""} : RoleAndSubrole{};
-    case AtspiRole::section: return section(facts);
-    case AtspiRole::paragraph:
-    case AtspiRole::grouping: return isUncalledEditor(facts) ? RoleAndSubrole{"AXTextArea", ""} : RoleAndSubrole{};
+    case AtspiRole::section: return editorOrButton(facts, isClickableText(facts) || surroundings.isCard);
+    case AtspiRole::paragraph: return editorOrButton(facts, isClickableLine(facts));
+    case AtspiRole::heading:
+    case AtspiRole::staticText: return isClickableLine(facts) ? RoleAndSubrole{"AXButton", ""} : RoleAndSubrole{};
+    case AtspiRole::grouping: return editorOrButton(facts, false);
     case AtspiRole::documentFrame:
       return hasXmlRole(facts, "document") ? RoleAndSubrole{"AXGroup", ""} : RoleAndSubrole{};
     case AtspiRole::alert:
@@ -78,7 +86,7 @@ RoleAndSubrole roleInPage(const AtspiFacts& facts, const RoleSurroundings& surro
   const bool isInMenuBar =
       is(static_cast<AtspiRole>(facts.role), RoleKind::menuPart) && surroundings.parentRole == AtspiRole::menuBar;
   if (isInMenuBar && facts.attributes.contains("xml-roles")) return {"AXMenuItem", ""};
-  return roleOfPart(facts);
+  return roleOfPart(facts, surroundings);
 }
 
 // It takes an editor for a single line where the page does not say that it has more.
@@ -116,12 +124,16 @@ AtspiReference tickedByLabel(const ElementView& hit) {
   return {};
 }
 
+bool isOption(AtspiRole role) { return role == AtspiRole::menuItem || role == AtspiRole::listItem; }
+
+bool isPartOfList(AtspiRole role) { return isOption(role) || role == AtspiRole::menu || role == AtspiRole::panel; }
+
 // A closed select answers with an option that is not on the screen.
 AtspiReference withoutHiddenOption(const ElementView& topLevel, AtspiReference answer) {
   topLevel.reader().notePath(answer);
-  for (int level = 0; level < 3; ++level) {
+  for (int level = 0; level < maxLevelsOfOption; ++level) {
     const auto hit = topLevel.other(answer);
-    if (hit.role() != AtspiRole::menuItem && hit.role() != AtspiRole::menu && hit.role() != AtspiRole::listItem) break;
+    if (level == 0 ? !isOption(hit.role()) && hit.role() != AtspiRole::menu : !isPartOfList(hit.role())) break;
     if (hit.hasState(AtspiState::showing)) break;
     const auto parent = hit.need(Ask::parent).parent;
     if (parent.isNull()) break;
