@@ -48,7 +48,7 @@ TEST_F(LastInputBesideAField, WasOutsideAListAfterAPressBesideItOrOnTheHeaderOfA
     elements_.epoch.begin();
     return ElementView(elements_.session.reader(), application_.reference(key));
   };
-  application_.set("header", {.role = static_cast<std::uint32_t>(AtspiRole::columnHeader)});
+  application_.set("header", {.role = AtspiRole::columnHeader});
   input_.notePress(inField, false);
   EXPECT_FALSE(input_.wasOutside(view("list")));
   input_.notePressed(view("header"), {});

@@ -85,22 +85,21 @@ TEST_F(Gtk4Focus, StaysWhereItIsWhileNothingLostIt) {
   }));
 }
 
-TEST(Gtk4, CallsATabOfLibadwaitaByWhatStandsOnItNotByItsToolTip) {
-  const PrivateAccessibilityBus bus;
-  NoWindowsOnScreen windows;
-  TestElements elements(windows);
-  FakeApplication application{"GTK", "4.8.3"};
-  const auto visible = bit(AtspiState::visible);
-  const auto number = [](AtspiRole role) { return static_cast<std::uint32_t>(role); };
-  application.set(
-      "tab",
-      {.role = number(AtspiRole::filler), .name = "AdwTab", .description = "/home/log.txt", .children = {"label"}});
-  application.set("label", {.role = number(AtspiRole::label), .name = "log.txt", .states = visible, .parent = "tab"});
-  elements.session.applications.of(application.reference("tab").busName)->noteToolkit(gtk4, true);
-  const auto tab = elements.handles.element(application.reference("tab"));
-  EXPECT_EQ(std::get<std::string>(tab.primitives().copyAttributeValue("AXSubrole").value), "AXTabButton");
-  EXPECT_EQ(tab.primitives().copyAttributeValue("AXTitle").error, axError::noValue);
-  EXPECT_EQ(tab.primitives().copyAttributeValue("AXDescription").error, axError::noValue);
+class Gtk4 : public FakeApplicationTest {
+ protected:
+  Gtk4() : FakeApplicationTest("GTK", "4.8.3") {
+    elements_.session.applications.of(reference("tab").busName)->noteToolkit(gtk4, true);
+  }
+};
+
+TEST_F(Gtk4, CallsATabOfLibadwaitaByWhatStandsOnItNotByItsToolTip) {
+  application_.set(
+      "tab", {.role = AtspiRole::filler, .name = "AdwTab", .description = "/home/log.txt", .children = {"label"}});
+  application_.set("label",
+                   {.role = AtspiRole::label, .name = "log.txt", .states = bit(AtspiState::visible), .parent = "tab"});
+  EXPECT_EQ(text("tab", "AXSubrole"), "AXTabButton");
+  EXPECT_EQ(text("tab", "AXTitle"), std::nullopt);
+  EXPECT_EQ(text("tab", "AXDescription"), std::nullopt);
 }
 
 }  // namespace
