@@ -82,7 +82,9 @@ bool isPlaceSure(const ElementView& view, const PlacedElement& child, Coordinate
 }
 
 bool hasMany(const ElementView& view) {
-  return view.needOnly(Asks{Ask::childCount, Ask::children}).childCount > static_cast<std::int64_t>(maxChildren);
+  const bool isCounted = view.reader().known(view.reference()).asked.has(Ask::childCount);
+  const auto& facts = view.needOnly(isCounted ? Asks{Ask::childCount} : Asks{Ask::childCount, Ask::children});
+  return facts.childCount > static_cast<std::int64_t>(maxChildren);
 }
 
 // The child to go on with: the topmost at the point, else one that does not say where it is but has a child there.

@@ -61,7 +61,7 @@ AtspiReader::TimePoint AtspiReader::deadline() {
 
 Asks AtspiReader::missing(const AtspiQuestion& question) {
   auto asks = question.asks;
-  if (asks.has(Ask::role)) asks |= toolkitOf(question.element).knownBy;
+  if (asks.has(Ask::role) && mayBeVague(question.element)) asks |= toolkitOf(question.element).knownBy;
   return asks - facts_[question.element].asked;
 }
 
@@ -70,13 +70,24 @@ const Toolkit& AtspiReader::toolkitOf(const AtspiReference& element) const {
   return application ? application->toolkit() : unknownToolkit;
 }
 
-// The role and what it is known by were asked in the same wave.
+// What is known by more than its role is mostly asked for that in the same wave.
+bool AtspiReader::mayBeVague(const AtspiReference& element) const {
+  const auto former = former_.find(element);
+  return former == former_.end() || !former->second.role || former->second.isVague;
+}
+
 void AtspiReader::correctRole(const AtspiReference& element) {
   const auto& toolkit = toolkitOf(element);
   auto& facts = facts_[element];
   if (!facts.answered(Ask::role)) return;
-  if (toolkit.trueRole) facts.role = static_cast<std::uint32_t>(toolkit.trueRole(facts));
-  formerOf(element).role = static_cast<AtspiRole>(facts.role);
+  const bool isVague = toolkit.trueRole && static_cast<AtspiRole>(facts.role) == toolkit.vagueRole;
+  if (isVague) {
+    read(element, toolkit.knownBy);
+    facts.role = static_cast<std::uint32_t>(toolkit.trueRole(facts));
+  }
+  auto& former = formerOf(element);
+  former.role = static_cast<AtspiRole>(facts.role);
+  former.isVague = isVague;
 }
 
 const AtspiFacts& AtspiReader::read(const AtspiReference& element, Asks asks) {

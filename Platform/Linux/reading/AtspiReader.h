@@ -144,6 +144,7 @@ class AtspiReader {
   };
   Asks missing(const AtspiQuestion& question);
   const Toolkit& toolkitOf(const AtspiReference& element) const;
+  bool mayBeVague(const AtspiReference& element) const;
   void correctRole(const AtspiReference& element);
   std::vector<Asking> open(std::span<const AtspiQuestion> questions);
   void take(const Asking& asking, const AtspiReply& reply);
@@ -151,6 +152,7 @@ class AtspiReader {
   struct Former {
     AtspiReference parent;
     std::optional<AtspiRole> role;
+    bool isVague = false;
   };
   Former& formerOf(const AtspiReference& element);
 

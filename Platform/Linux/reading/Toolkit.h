@@ -97,9 +97,10 @@ struct Toolkit {
   bool answersPageAddressAtOnce = false;
   std::string_view placeholderAttribute = "placeholder-text";
 
-  /// The role that an element should have, where it has one of little use. What that is known by is always asked
-  /// together with the role. Null: the one that it has.
+  /// The role that an element should have whose own role says little, and what that is known by. Null: none says so
+  /// little.
   AtspiRole (*trueRole)(const AtspiFacts& facts) = nullptr;
+  AtspiRole vagueRole = AtspiRole::filler;
   Asks knownBy = {};
   /// What has to be asked to know what an element is, beside what is asked in every toolkit. Null: nothing more.
   Asks (*asksForRole)(AtspiRole role) = nullptr;

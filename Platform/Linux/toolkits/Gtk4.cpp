@@ -21,7 +21,7 @@ constexpr std::size_t maxPartsOfDropDown = 4;
 
 // The tabs of libadwaita are called nothing but by their class.
 AtspiRole trueRole(const AtspiFacts& facts) {
-  return facts.name == "AdwTab" ? AtspiRole::pageTab : static_cast<AtspiRole>(facts.role);
+  return facts.name == "AdwTab" ? AtspiRole::pageTab : AtspiRole::filler;
 }
 
 // It has no other elements with this role than search fields.

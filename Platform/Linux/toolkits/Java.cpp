@@ -16,12 +16,10 @@ constexpr int maxLevelsInPopup = 8;
 
 // All that is drawn by a renderer is a label.
 AtspiRole trueRole(const AtspiFacts& facts) {
-  const auto role = static_cast<AtspiRole>(facts.role);
-  if (role != AtspiRole::label) return role;
   if (facts.has(AtspiInterface::tableCell)) return AtspiRole::tableCell;
   if (hasState(facts.states, AtspiState::transient)) return AtspiRole::listItem;
   const bool isNode = hasState(facts.states, AtspiState::collapsed) || hasState(facts.states, AtspiState::expanded);
-  return isNode ? AtspiRole::treeItem : role;
+  return isNode ? AtspiRole::treeItem : AtspiRole::label;
 }
 
 struct Popup {
@@ -121,6 +119,7 @@ const Toolkit java{
     .putsFieldsIntoSpinButtons = true,
     .labelsComboBoxes = false,
     .trueRole = trueRole,
+    .vagueRole = AtspiRole::label,
     .knownBy = {Ask::states, Ask::interfaces},
     .elementAt = elementAt,
 };
