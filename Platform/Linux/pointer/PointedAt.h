@@ -17,6 +17,8 @@ struct PointedAt {
   bool isPress = false;
   /// Gives the element of the application that has the keyboard focus; null: none is known. It may read.
   std::function<AtspiReference()> focused = [] { return AtspiReference{}; };
+  /// The same, but what had it when the button was pressed.
+  std::function<AtspiReference()> focusedBefore = [] { return AtspiReference{}; };
   /// The same, if it got the focus since the button was pressed.
   std::function<AtspiReference()> focusedByPress = [] { return AtspiReference{}; };
 };

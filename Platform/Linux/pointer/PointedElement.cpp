@@ -17,6 +17,8 @@ using std::chrono::steady_clock;
 
 constexpr std::size_t maxMissing = 256;
 constexpr int maxLevelsOfControl = 3;
+// An application may act on a press before it is looked at here.
+constexpr std::chrono::milliseconds timeToAct{100};
 constexpr int maxLevelsOfMenus = 4;
 
 bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
@@ -69,6 +71,7 @@ AtspiReference PointedElement::hitTestBelow(const FoundTopLevel& topLevel, Point
   at.point = topLevel.pixels.of(at.point);
   at.window = inOwnPixels(std::move(at.window), topLevel.pixels);
   at.focused = [application] { return application->focus.followed(); };
+  at.focusedBefore = [this, application] { return application->focus.followedAt(pressTime_.load() - timeToAct); };
   at.focusedByPress = [this, application] { return application->focus.followedSince(pressTime_); };
   const auto hit = hitTest(view(reference), at);
   session_.reader().notePath(hit);
@@ -194,6 +197,14 @@ AtspiReference PointedElement::pressedAt(CGPoint place) {
   if (!window || window->process == 0) return {};
   auto option = optionOfPage(*window, inside);
   return noted(option.isNull() ? elementIn({inside, *window, true}) : std::move(option));
+}
+
+bool PointedElement::isGuess(const AtspiReference& pressed) {
+  const auto element = view(pressed);
+  const auto role = element.role();
+  const bool isOption =
+      is(role, RoleKind::menuPart) || (role == AtspiRole::listItem && element.hasState(AtspiState::selectable));
+  return element.toolkit().guessesAtFirst && !isOption;
 }
 
 bool PointedElement::hasActed(const AtspiReference& pressed, CGPoint place) {

@@ -30,8 +30,8 @@ class PointedElement {
   AtspiReference atPress(std::optional<CGPoint> place);
   /// What lies there a moment later, in the window of the press.
   AtspiReference stillAtPress(CGPoint place) { return pressedAt(place); }
-  /// Whether what was found at the pressed place is only what the application guessed to lie there.
-  bool isGuess(const AtspiReference& pressed) { return view(pressed).toolkit().guessesAtFirst; }
+  /// Whether what was found at the pressed place is only what the application guessed to lie there, and finds out.
+  bool isGuess(const AtspiReference& pressed);
   /// Whether it has gone from there since, or opens what may lie above it now. Asks it anew.
   bool hasActed(const AtspiReference& pressed, CGPoint place);
 

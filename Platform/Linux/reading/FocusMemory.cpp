@@ -41,11 +41,19 @@ AtspiReference FocusMemory::followedSince(std::chrono::steady_clock::time_point 
   return arrivedAt_ > time ? followed_ : AtspiReference{};
 }
 
+AtspiReference FocusMemory::followedAt(std::chrono::steady_clock::time_point time) const {
+  const std::lock_guard lock(mutex_);
+  return followedFrom_ > time ? followedBefore_ : followed_;
+}
+
 void FocusMemory::follow(const AtspiReference& element) { followFound(element, {}); }
 
 void FocusMemory::followFound(const AtspiReference& element, const AtspiReference& focused) {
   const std::lock_guard lock(mutex_);
-  followed_ = element;
+  if (element != followed_) {
+    followedBefore_ = std::exchange(followed_, element);
+    followedFrom_ = std::chrono::steady_clock::now();
+  }
   found_ = focused;
   open_ = {};
 }

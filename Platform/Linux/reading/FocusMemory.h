@@ -34,6 +34,8 @@ class FocusMemory {
   AtspiReference followed() const;
   /// The same, if the application told of it after this time.
   AtspiReference followedSince(std::chrono::steady_clock::time_point time) const;
+  /// The one that was followed at this time, which is not long ago.
+  AtspiReference followedAt(std::chrono::steady_clock::time_point time) const;
   void follow(const AtspiReference& element);
 
   /// The one that is followed was not told of but found to be focused, itself or an item of it. An application that
@@ -56,6 +58,8 @@ class FocusMemory {
   std::deque<AtspiReference> unlost_;  // the last one first
   std::chrono::steady_clock::time_point arrivedAt_;
   AtspiReference followed_;
+  AtspiReference followedBefore_;
+  std::chrono::steady_clock::time_point followedFrom_;
   AtspiReference found_;
   AtspiReference open_;
 };

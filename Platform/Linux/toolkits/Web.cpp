@@ -1,7 +1,10 @@
 // Chromium and Gecko, which show web pages.
+#include <algorithm>
 #include <string_view>
+#include <vector>
 
 #include "Platform/Linux/elements/RoleMapping.h"
+#include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/pointer/PointedAt.h"
 #include "Platform/Linux/toolkits/Toolkits.h"
@@ -12,6 +15,8 @@ namespace {
 constexpr std::uint32_t labelFor = 1;
 constexpr int maxLevelsInLabel = 3;
 constexpr int maxLevelsOfOption = 4;
+constexpr std::uint32_t controllerFor = 3;
+constexpr std::size_t maxBesideOpener = 12;
 // Unlike what is told to an element above, or nowhere.
 constexpr std::string_view ownClick = "click";
 
@@ -156,13 +161,51 @@ AtspiReference tickedByUnlistedLabel(const ElementView& hit, const PointedAt& at
   return {};
 }
 
+bool isList(const AtspiFacts& facts) {
+  const auto role = static_cast<AtspiRole>(facts.role);
+  return role == AtspiRole::menu || role == AtspiRole::popupMenu || is(role, RoleKind::itemContainer);
+}
+
+// What an element controls, as it says, or what lies beside it.
+std::vector<AtspiReference> mayBeOpenedBy(const ElementView& opener) {
+  const auto& facts = opener.need({Ask::relations, Ask::parent});
+  const auto found = std::ranges::find(facts.relations, controllerFor, &AtspiRelation::type);
+  if (found != facts.relations.end()) return found->targets;
+  return firstChildren(opener.other(facts.parent), maxBesideOpener);
+}
+
+// The list or menu at a point that the element with the keyboard focus has opened lies above the rest. Null: none does.
+AtspiReference openedAt(const ElementView& opener, CGPoint point) {
+  if (!hasState(opener.needOnly(Ask::states).states, AtspiState::expanded)) return {};
+  const auto lists = mayBeOpenedBy(opener);
+  std::vector<AtspiQuestion> questions;
+  for (const auto& list : lists) questions.push_back({list, {Ask::role, Ask::extents}});
+  opener.reader().read(questions);
+  const auto found = std::ranges::find_if(lists, [&](const auto& list) {
+    const auto& facts = opener.reader().known(list);
+    return isList(facts) && contains(facts.extents, point);
+  });
+  return found != lists.end() ? deepestByPlace(opener.other(*found), point, Coordinates::ofScreen) : AtspiReference{};
+}
+
+// Nor are options and items of menus found out later.
+AtspiReference guessedAt(const ElementView& topLevel, const PointedAt& at) {
+  const auto opener = at.focusedBefore();
+  if (opener.isNull()) return askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  topLevel.reader().expect(opener, Ask::states);
+  auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  auto opened = openedAt(topLevel.other(opener), at.point);
+  return opened.isNull() ? answer : opened;
+}
+
 // The deepest element comes at once. Where it is guessed, it may be what was found last, if that lies there too, or
 // what something else covers.
 AtspiReference answerAt(const ElementView& topLevel, const PointedAt& at) {
-  auto answer = askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  const bool isGuess = topLevel.toolkit().guessesAtFirst;
+  auto answer = isGuess ? guessedAt(topLevel, at) : askedElementAt(topLevel, at.point, Coordinates::ofScreen);
   const bool isFound = !answer.isNull() && answer != topLevel.reference();
-  if (isFound && (at.isPress || !topLevel.toolkit().guessesAtFirst)) return answer;
-  return askedElementAt(topLevel, at.point, Coordinates::ofScreen);
+  if (isFound && (at.isPress || !isGuess)) return answer;
+  return isGuess ? guessedAt(topLevel, at) : askedElementAt(topLevel, at.point, Coordinates::ofScreen);
 }
 
 AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
