@@ -41,6 +41,14 @@ TEST_P(Web, CallsElementsByWhatTheyAreForWhoSeesThePage) {
         .attributes = none,
         .actions = {"click"}},
        "AXGroup "},
+      {{.role = AtspiRole::section,
+        .interfaces = {"Action"},
+        .children = {"title", "words"},
+        .attributes = none,
+        .actions = {"click"}},
+       "AXButton "},
+      {{.role = AtspiRole::heading, .interfaces = {"Action"}, .attributes = none, .actions = {"click"}}, "AXButton "},
+      {{.role = AtspiRole::staticText, .interfaces = {"Action"}, .actions = {"click"}}, "AXStaticText "},
       {{.role = AtspiRole::image, .states = focusable, .interfaces = {"Action"}, .actions = {"click"}}, "AXButton "},
       {{.role = AtspiRole::image, .interfaces = {"Action"}, .actions = {"click"}}, "AXImage "},
       {{.role = AtspiRole::entry, .states = editable | multiLine, .attributes = called("searchbox")},
@@ -56,6 +64,8 @@ TEST_P(Web, CallsElementsByWhatTheyAreForWhoSeesThePage) {
       {{.role = AtspiRole::menuItem, .parent = "bar"}, "AXMenuBarItem "},
   };
   application_.set("bar", {.role = AtspiRole::menuBar});
+  application_.set("title", {.role = AtspiRole::heading, .name = "Charts"});
+  application_.set("words", {.role = AtspiRole::paragraph});
   for (const auto& [element, expected] : rows) {
     application_.set("it", element);
     EXPECT_EQ(described("it"), expected) << static_cast<int>(element.role) << " " << element.states;
@@ -127,6 +137,34 @@ TEST_P(Select, GetsTheKeysForItsOpenListAndIsNewsOnlyWhenItCloses) {
   ASSERT_TRUE(former);
   EXPECT_EQ(std::get<std::string>(*former), "salt");
   EXPECT_FALSE(application->takeFormerValue(select));
+}
+
+TEST_P(Web, TakesAControlInALinkForNoPartOfIt) {
+  application_.set("page", {.role = AtspiRole::documentWeb});
+  application_.set("card", {.role = AtspiRole::link, .parent = "page"});
+  application_.set("heart", {.role = AtspiRole::pushButton, .parent = "card"});
+  application_.set("words", {.role = AtspiRole::heading, .parent = "card"});
+  const auto parentOf = [this](const char* key) {
+    return std::get<AXUIElement>(element(key).primitives().copyAttributeValue("AXParent").value);
+  };
+  EXPECT_EQ(parentOf("heart"), element("page"));
+  EXPECT_EQ(parentOf("words"), element("card"));
+}
+
+TEST_P(Web, LooksForOptionsInWhatTheFocusHasOpened) {
+  application_.set("window", {.role = AtspiRole::frame, .children = {"behind"}});
+  application_.set("behind", {.role = AtspiRole::pushButton, .parent = "window"});
+  application_.set("opener",
+                   {.role = AtspiRole::comboBox, .states = bit(AtspiState::expanded), .relations = {{3, "list"}}});
+  application_.set("list", {.role = AtspiRole::listBox, .children = {"option"}, .extents = {0, 0, 20, 20}});
+  application_.set(
+      "option",
+      {.role = AtspiRole::listItem, .states = bit(AtspiState::showing), .parent = "list", .extents = {0, 0, 20, 10}});
+  ElementView window(elements_.session.reader(), application_.reference("window"));
+  window.need(Ask::role);
+  const auto opener = [this] { return application_.reference("opener"); };
+  const auto found = window.toolkit().elementAt(window, {.point = {5, 5}, .window = {}, .focusedBefore = opener});
+  EXPECT_EQ(found, application_.reference(window.toolkit().guessesAtFirst ? "option" : "behind"));
 }
 
 TEST_P(Web, ClicksWhatALabelTicksButNotALinkInIt) {
