@@ -166,6 +166,12 @@ std::vector<std::string> ownActionNames(const ElementView& view) {
   return names;
 }
 
+// A page may make an editor of anything.
+bool isTypedInto(const ElementView& view) {
+  const auto role = mappedRole(view).role;
+  return role == "AXTextField" || (role == "AXTextArea" && view.toolkit().showsWebPages);
+}
+
 // A page that lets the user go from cell to cell is told of the clicks on them by whatever is around.
 bool isCellOfGrid(const ElementView& view) {
   const auto role = view.role();
@@ -204,7 +210,7 @@ AXResult<std::vector<std::string>> actionNamesOf(const ElementView& view) {
     const auto mapped = mappedAction(action);
     if (!mapped.empty() && std::ranges::find(names, mapped) == names.end()) names.emplace_back(mapped);
   }
-  if (names.empty() && mappedRole(view).role == "AXTextField") names.emplace_back("AXConfirm");
+  if (names.empty() && isTypedInto(view)) names.emplace_back("AXConfirm");
   return {axError::success, std::move(names)};
 }
 

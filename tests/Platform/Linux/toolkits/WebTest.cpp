@@ -72,6 +72,13 @@ TEST_P(Web, CallsElementsByWhatTheyAreForWhoSeesThePage) {
   }
 }
 
+TEST_P(Web, OffersToTypeIntoWhatAPageMakesAnEditorOf) {
+  const FakeElement editor{
+      .role = number(AtspiRole::section), .states = editable | focusable | multiLine, .attributes = {{"tag", "div"}}};
+  application_.set("it", editor);
+  EXPECT_THAT(element("it").primitives().copyActionNames().value, testing::ElementsAre("AXConfirm"));
+}
+
 TEST_P(Web, TellsWhetherADisclosureIsOpen) {
   for (const auto& [states, expected] :
        {std::pair(expandable, 0), std::pair(expandable | bit(AtspiState::expanded), 1)}) {
