@@ -74,7 +74,7 @@ TEST_P(Web, CallsElementsByWhatTheyAreForWhoSeesThePage) {
 
 TEST_P(Web, OffersToTypeIntoWhatAPageMakesAnEditorOf) {
   const FakeElement editor{
-      .role = number(AtspiRole::section), .states = editable | focusable | multiLine, .attributes = {{"tag", "div"}}};
+      .role = AtspiRole::section, .states = editable | focusable | multiLine, .attributes = {{"tag", "div"}}};
   application_.set("it", editor);
   EXPECT_THAT(element("it").primitives().copyActionNames().value, testing::ElementsAre("AXConfirm"));
 }
