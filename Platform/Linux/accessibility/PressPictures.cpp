@@ -155,6 +155,7 @@ bool PressPictures::look(Press& press) {
   press.wasLookedAt = true;
   if (pressed.isNull()) return false;
   const bool isTold = rehearse(press, pressed);
+  noteNumber(ElementView(session_.reader(), pressed));
   if (isTold && pointed_.isGuess(pressed)) makeSure(press, pressed);
   press.picture->keepFacts(session_.reader().allKnown());
   return !isTold && (pressed.path == AtspiReference::rootPath || isInWebPage(pressed));
@@ -172,7 +173,6 @@ bool PressPictures::rehearse(Press& press, const AtspiReference& pressed) {
   const bool isTold = rehearse_(element);
   press.element = isTold ? std::optional(std::move(element)) : std::nullopt;
   press.area = isTold ? pointed_.areaOf(pressed) : std::nullopt;
-  noteNumber(ElementView(session_.reader(), pressed));
   return isTold;
 }
 
