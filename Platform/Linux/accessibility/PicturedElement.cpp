@@ -13,7 +13,7 @@ AXResult<AXAttributeValue> yes() { return {axError::success, NSNumber{true}}; }
 
 // A busy application ticks a box a moment after the click, and a switch may have to move before it is on.
 constexpr std::chrono::milliseconds patienceForStates{100};
-constexpr std::chrono::milliseconds patienceForSwitches{250};
+constexpr std::chrono::milliseconds patienceForSwitches{400};
 constexpr std::chrono::milliseconds pauseBetweenStates{10};
 
 bool isUnanswered(AXError error) { return error == axError::cannotComplete || error == axError::invalidUIElement; }

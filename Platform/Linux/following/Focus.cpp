@@ -270,11 +270,12 @@ bool Focus::mayHaveGoneUntold(const AtspiReference& lost) const {
   return application->focus.lastArrival() == lost || application->focus.found() == lost;
 }
 
-// What can tell of its focus is called focusable, and does.
+// What can tell of its focus is called focusable, and does; the row of a list that can be written into does not.
 bool Focus::isUntold(const AtspiReference& written) {
   const ElementView view(session_.reader(), written);
   return is(view.role(), RoleKind::field) && view.hasState(AtspiState::editable) &&
-         !view.hasState(AtspiState::focusable) && !view.hasState(AtspiState::multiLine);
+         !view.hasState(AtspiState::multiLine) &&
+         (!view.hasState(AtspiState::focusable) || view.hasState(AtspiState::selectable));
 }
 
 bool Focus::isTold(const std::string& busName) const {

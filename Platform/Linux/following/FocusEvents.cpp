@@ -65,7 +65,9 @@ void FocusEvents::left(const AtspiReference& element) {
 
 void FocusEvents::findUntold() {
   for (const auto& [busName, element] : std::exchange(written_, {})) {
-    if (carets_.contains(busName) && focus_.isUntold(element)) tell(element);
+    if (!carets_.contains(busName) || !focus_.isUntold(element)) continue;
+    tell(element);
+    focus_.left(element);  // which it will not tell either
   }
 }
 

@@ -19,15 +19,25 @@ constexpr int maxLevelsInDropDown = 8;
 constexpr std::string_view nameOfChosen = "GtkListItemWidget";
 constexpr std::size_t maxPartsOfDropDown = 4;
 
-// The tabs of libadwaita are called nothing but by their class.
+struct ClassRole {
+  std::string_view name;
+  AtspiRole role;
+};
+// What the class alone tells of, where it is all that stands for a name, and its role says nothing.
+constexpr std::array rolesOfClasses{ClassRole{"AdwTab", AtspiRole::pageTab},
+                                    ClassRole{"GtkColumnViewTitle", AtspiRole::columnHeader},
+                                    ClassRole{"GtkEditableLabel", AtspiRole::text}};
+
 AtspiRole trueRole(const AtspiFacts& facts) {
-  return facts.name == "AdwTab" ? AtspiRole::pageTab : AtspiRole::filler;
+  const auto* found = std::ranges::find(rolesOfClasses, std::string_view(facts.name), &ClassRole::name);
+  return found != rolesOfClasses.end() ? found->role : AtspiRole::filler;
 }
 
-// It has no other elements with this role than search fields.
+// It has no other entries than search fields. Its grids are boxes of items, which do not lie in rows.
 RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surroundings*/) {
-  const bool isSearchField =
-      static_cast<AtspiRole>(facts.role) == AtspiRole::entry && !hasState(facts.states, AtspiState::multiLine);
+  const auto role = static_cast<AtspiRole>(facts.role);
+  if (role == AtspiRole::table) return {"AXList", ""};
+  const bool isSearchField = role == AtspiRole::entry && !hasState(facts.states, AtspiState::multiLine);
   return isSearchField ? RoleAndSubrole{"AXTextField", "AXSearchField"} : RoleAndSubrole{};
 }
 

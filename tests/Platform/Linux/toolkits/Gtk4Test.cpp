@@ -1,7 +1,8 @@
-// What GTK 4 tells of the focus, and what it does not.
+// What GTK 4 tells of the focus and of its widgets, and what it does not.
 #include <gmock/gmock.h>
 
 #include "Platform/Linux/following/FocusEvents.h"
+#include "Platform/Linux/pointer/WindowMatch.h"
 #include "Platform/Linux/runtime/EventLoop.h"
 #include "tests/Platform/Linux/TestElements.h"
 #include "tests/Platform/Linux/Waiting.h"
@@ -17,6 +18,7 @@ class Gtk4Focus : public FakeApplicationTest {
     };
     set("page", focusable | bit(AtspiState::multiLine));
     set("search", 0);
+    set("row", focusable | bit(AtspiState::selectable));
     set("field", focusable);
     set("notes", bit(AtspiState::multiLine));
   }
@@ -48,13 +50,15 @@ class Gtk4Focus : public FakeApplicationTest {
   std::unique_ptr<Registration> listening_ = focusEvents_.listen([](const AtspiReference&) {});
 };
 
-TEST_F(Gtk4Focus, IsWhereTheCaretOfASearchFieldMovesThatGotItUntold) {
+TEST_F(Gtk4Focus, IsWhereTheCaretOfAFieldMovesThatGotItUntold) {
   ASSERT_TRUE(isFollowed("page", [this] { focus("page", 1); }));
-  EXPECT_TRUE(isFollowed("search", [this] {
-    focus("page", 0);
-    moveCaret("search");
-  }));
-  EXPECT_TRUE(isFollowed("page", [this] { focus("page", 1); }));
+  for (const auto* untold : {"search", "row"}) {
+    EXPECT_TRUE(isFollowed(untold, [&] {
+      focus("page", 0);
+      moveCaret(untold);
+    }));
+    EXPECT_TRUE(isFollowed("page", [this] { focus("page", 1); }));
+  }
 }
 
 // The window in front keeps it, without a word, when the window behind it has set and lost it.
@@ -90,16 +94,44 @@ class Gtk4 : public FakeApplicationTest {
   Gtk4() : FakeApplicationTest("GTK", "4.8.3") {
     elements_.session.applications.of(reference("tab").busName)->noteToolkit(gtk4, true);
   }
+
+  void set(const std::string& key, FakeElement element) {
+    elements_.epoch.begin();
+    application_.set(key, std::move(element));
+  }
 };
 
 TEST_F(Gtk4, CallsATabOfLibadwaitaByWhatStandsOnItNotByItsToolTip) {
-  application_.set(
-      "tab", {.role = AtspiRole::filler, .name = "AdwTab", .description = "/home/log.txt", .children = {"label"}});
-  application_.set("label",
-                   {.role = AtspiRole::label, .name = "log.txt", .states = bit(AtspiState::visible), .parent = "tab"});
+  set("label", {.role = AtspiRole::label, .name = "log.txt", .states = bit(AtspiState::visible), .parent = "tab"});
+  set("tab", {.role = AtspiRole::filler, .name = "AdwTab", .description = "/home/log.txt", .children = {"label"}});
   EXPECT_EQ(text("tab", "AXSubrole"), "AXTabButton");
   EXPECT_EQ(text("tab", "AXTitle"), std::nullopt);
   EXPECT_EQ(text("tab", "AXDescription"), std::nullopt);
+}
+
+TEST_F(Gtk4, KnowsByTheClassWhatTheRoleDoesNotSay) {
+  set("title", {.role = AtspiRole::filler, .name = "GtkColumnViewTitle"});
+  EXPECT_EQ(text("title", "AXSubrole"), "AXSortButton");
+  set("filler", {.role = AtspiRole::filler, .name = "GtkBuiltinIcon"});
+  EXPECT_EQ(text("filler", "AXRole"), "AXGroup");
+  set("grid", {.role = AtspiRole::table, .name = "GtkFlowBox", .interfaces = {"Selection"}});
+  EXPECT_EQ(text("grid", "AXRole"), "AXList");
+}
+
+// The keyboard focus was not told to have gone into it.
+TEST_F(Gtk4, FindsAnOpenPopoverByItsSize) {
+  const auto visible = bit(AtspiState::visible);
+  set("root", {.role = AtspiRole::application, .children = {"frame"}});
+  set("frame", {.role = AtspiRole::frame, .states = visible, .children = {"button"}, .extents = {0, 0, 300, 200}});
+  set("button", {.role = AtspiRole::pushButton, .parent = "frame", .children = {"popover"}});
+  set("popover", {.role = AtspiRole::menu, .name = "HarbourPopover", .parent = "button", .extents = {10, 20, 80, 60}});
+  const auto root = view("root");
+  WindowOnScreen window;
+  window.overrideRedirect = true;
+  window.client = {500, 400, 80, 60};
+  EXPECT_EQ(popoverOf(root, window), reference("popover"));
+  window.client = {500, 400, 300, 300};
+  EXPECT_TRUE(popoverOf(root, window).isNull());
 }
 
 }  // namespace
