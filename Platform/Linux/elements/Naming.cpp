@@ -6,6 +6,7 @@
 #include <cmath>
 #include <vector>
 
+#include "Platform/Linux/elements/LabelInSight.h"
 #include "Platform/Linux/elements/PageNames.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/reading/ElementView.h"
@@ -76,7 +77,7 @@ AtspiReference firstLabel(const ElementView& view) {
 }
 
 // What is written into a combo box is called as that is.
-AtspiReference labelOf(const ElementView& view) {
+AtspiReference relatedLabel(const ElementView& view) {
   auto label = firstLabel(view);
   if (!label.isNull() || !is(view.role(), RoleKind::field)) return label;
   auto above = view.need(Ask::parent).parent;
@@ -87,6 +88,11 @@ AtspiReference labelOf(const ElementView& view) {
     above = around.need(Ask::parent).parent;
   }
   return {};
+}
+
+AtspiReference labelOf(const ElementView& view) {
+  auto label = relatedLabel(view);
+  return label.isNull() ? labelInSight(view) : label;
 }
 
 // Whether `label` lies below the element.

@@ -31,6 +31,39 @@ TEST_F(Qt, CallsAComboBoxByWhatIsChosenInIt) {
   EXPECT_TRUE(isFollowed(view("box")));
 }
 
+// As who sees the form does, where no relation says it.
+TEST_F(Qt, TakesTheTextBeforeOrAboveAFieldForItsLabelUnlessItIsThatOfAnother) {
+  const auto set = [this](const std::string& key, AtspiRole role, std::array<std::int32_t, 4> place) {
+    const bool isLabel = role == AtspiRole::label;
+    application_.set(key, {.role = number(role),
+                           .name = isLabel ? key : "",
+                           .states = bit(AtspiState::showing),
+                           .parent = "form",
+                           .extents = place});
+  };
+  application_.set("form", {.role = number(AtspiRole::dialog),
+                            .children = {"Types", "box", "after", "Notes", "notes", "far", "Far", "taken", "Name"}});
+  set("Types", AtspiRole::label, {10, 10, 50, 20});
+  set("box", AtspiRole::comboBox, {70, 8, 100, 24});
+  set("after", AtspiRole::text, {180, 8, 100, 24});
+  set("Notes", AtspiRole::label, {10, 40, 50, 20});
+  set("notes", AtspiRole::text, {10, 62, 200, 24});
+  set("Far", AtspiRole::label, {10, 140, 50, 20});
+  set("far", AtspiRole::text, {400, 140, 100, 24});
+  set("taken", AtspiRole::text, {70, 200, 100, 24});
+  application_.set("Name", {.role = number(AtspiRole::label),
+                            .name = "Name",
+                            .states = bit(AtspiState::showing),
+                            .parent = "form",
+                            .relations = {{1, "notes"}},
+                            .extents = {10, 200, 50, 20}});
+  EXPECT_EQ(read<AXUIElement>("box", "AXTitleUIElement"), element("Types"));
+  EXPECT_EQ(read<AXUIElement>("notes", "AXTitleUIElement"), element("Notes"));
+  for (const auto* key : {"after", "far", "taken"}) {
+    EXPECT_EQ(read<AXUIElement>(key, "AXTitleUIElement"), std::nullopt) << key;
+  }
+}
+
 TEST_F(Qt, TellsOfWhatIsWrittenInAComboBoxByItsField) {
   application_.set("box", {.role = AtspiRole::comboBox, .name = "Lisbon", .children = {"list", "field"}});
   application_.set("list", {.role = AtspiRole::list, .parent = "box"});

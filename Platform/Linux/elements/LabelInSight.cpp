@@ -1,0 +1,123 @@
+#include "Platform/Linux/elements/LabelInSight.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+#include <vector>
+
+#include "Platform/Linux/elements/Naming.h"
+#include "Platform/Linux/elements/Structure.h"
+
+namespace norra::linux_desktop {
+namespace {
+
+constexpr std::size_t maxNeighbours = 40;
+constexpr int maxLevels = 2;
+// In pixels.
+constexpr std::int32_t maxGapBefore = 160;
+constexpr std::int32_t maxGapAbove = 16;
+constexpr std::int32_t maxIndentation = 24;
+constexpr std::int32_t slack = 2;
+
+struct Neighbour {
+  AtspiReference reference;
+  AtspiRectangle place;
+  bool isLabel = false;
+};
+
+std::int32_t rightOf(const AtspiRectangle& place) { return place.x + place.width; }
+std::int32_t bottomOf(const AtspiRectangle& place) { return place.y + place.height; }
+
+bool isInOneLine(const AtspiRectangle& one, const AtspiRectangle& other) {
+  const auto apart = std::abs(2 * one.y + one.height - 2 * other.y - other.height);
+  return apart <= std::max(one.height, other.height);
+}
+
+// How far before or above the field; nothing: neither.
+std::int32_t gapTo(const AtspiRectangle& field, const AtspiRectangle& label) {
+  constexpr auto none = std::numeric_limits<std::int32_t>::max();
+  const auto before = field.x - rightOf(label);
+  if (isInOneLine(field, label)) return before >= -slack && before <= maxGapBefore ? before : none;
+  const auto above = field.y - bottomOf(label);
+  const bool isAbove = above >= -slack && above <= maxGapAbove && std::abs(field.x - label.x) <= maxIndentation;
+  return isAbove ? maxGapBefore + above : none;
+}
+
+Ask placeAsk(const Toolkit& toolkit) { return toolkit.saysPlacesOnScreen ? Ask::extents : Ask::windowExtents; }
+
+AtspiRectangle placeIn(const AtspiFacts& facts, Ask ask) {
+  return ask == Ask::extents ? facts.extents : facts.windowExtents;
+}
+
+bool isFreeLabel(const AtspiFacts& facts) {
+  constexpr std::uint32_t labelFor = 1;
+  const auto role = static_cast<AtspiRole>(facts.role);
+  const bool isText = role == AtspiRole::label || role == AtspiRole::staticText;
+  const bool isTaken = std::ranges::any_of(facts.relations, [](const auto& one) { return one.type == labelFor; });
+  return isText && !isTaken && facts.name.find_first_not_of(" \t\n") != std::string::npos;
+}
+
+bool isShown(const AtspiFacts& facts, const Toolkit& toolkit) {
+  return hasState(facts.states, toolkit.tellsWhatIsShowing ? AtspiState::showing : AtspiState::visible);
+}
+
+std::vector<Neighbour> neighbours(const ElementView& around, const AtspiReference& except) {
+  const auto children = firstChildren(around, maxNeighbours);
+  const auto place = placeAsk(around.toolkit());
+  std::vector<AtspiQuestion> questions;
+  for (const auto& child : children) {
+    questions.push_back({child, {Ask::role, Ask::name, Ask::states, Ask::relations, place}});
+  }
+  around.reader().read(questions);
+  std::vector<Neighbour> found;
+  for (const auto& child : children) {
+    const auto& facts = around.reader().known(child);
+    const auto where = placeIn(facts, place);
+    const bool isThere = facts.answered(place) && where.width > 0 && where.height > 0;
+    if (child != except && isThere && isShown(facts, around.toolkit()))
+      found.push_back({child, where, isFreeLabel(facts)});
+  }
+  return found;
+}
+
+AtspiReference nearestLabel(const AtspiRectangle& field, const std::vector<Neighbour>& neighbours) {
+  const auto gap = [&](const Neighbour& one) { return gapTo(field, one.place); };
+  const auto nearest = std::ranges::min_element(neighbours, {}, gap);
+  const bool isNear = nearest != neighbours.end() && gap(*nearest) != std::numeric_limits<std::int32_t>::max();
+  return isNear && nearest->isLabel ? nearest->reference : AtspiReference{};
+}
+
+bool mayHaveLabel(const ElementView& view) {
+  const auto role = view.role();
+  const bool mayBe = is(role, RoleKind::field) || role == AtspiRole::comboBox || role == AtspiRole::spinButton ||
+                     role == AtspiRole::slider;
+  if (!mayBe || view.toolkit().showsWebPages) return false;
+  const auto& facts = view.need({Ask::name, Ask::description});
+  return properName(facts.name, role, view.toolkit()).empty() && properDescription(facts).empty() &&
+         placeholderOf(view).error != axError::success;
+}
+
+// Fields lie in it, or it is the box that this one is the field of.
+bool mayBeForm(AtspiRole role) {
+  return !is(role, RoleKind::control) && !is(role, RoleKind::itemContainer) && !is(role, RoleKind::field);
+}
+
+}  // namespace
+
+AtspiReference labelInSight(const ElementView& view) {
+  if (!mayHaveLabel(view)) return {};
+  const auto ask = placeAsk(view.toolkit());
+  const auto field = placeIn(view.needOnly(ask), ask);
+  if (field.width <= 0) return {};
+  auto inside = view.reference();
+  for (int level = 0; level < maxLevels; ++level) {
+    const auto around = view.other(view.other(inside).need(Ask::parent).parent);
+    if (around.reference().isNull() || !mayBeForm(around.role())) return {};
+    const auto others = around.role() == AtspiRole::comboBox ? std::vector<Neighbour>{} : neighbours(around, inside);
+    if (!others.empty()) return nearestLabel(field, others);
+    inside = around.reference();
+  }
+  return {};
+}
+
+}  // namespace norra::linux_desktop
