@@ -35,13 +35,13 @@ TEST_F(Qt, CallsAComboBoxByWhatIsChosenInIt) {
 TEST_F(Qt, TakesTheTextBeforeOrAboveAFieldForItsLabelUnlessItIsThatOfAnother) {
   const auto set = [this](const std::string& key, AtspiRole role, std::array<std::int32_t, 4> place) {
     const bool isLabel = role == AtspiRole::label;
-    application_.set(key, {.role = number(role),
+    application_.set(key, {.role = role,
                            .name = isLabel ? key : "",
                            .states = bit(AtspiState::showing),
                            .parent = "form",
                            .extents = place});
   };
-  application_.set("form", {.role = number(AtspiRole::dialog),
+  application_.set("form", {.role = AtspiRole::dialog,
                             .children = {"Types", "box", "after", "Notes", "notes", "far", "Far", "taken", "Name"}});
   set("Types", AtspiRole::label, {10, 10, 50, 20});
   set("box", AtspiRole::comboBox, {70, 8, 100, 24});
@@ -51,7 +51,7 @@ TEST_F(Qt, TakesTheTextBeforeOrAboveAFieldForItsLabelUnlessItIsThatOfAnother) {
   set("Far", AtspiRole::label, {10, 140, 50, 20});
   set("far", AtspiRole::text, {400, 140, 100, 24});
   set("taken", AtspiRole::text, {70, 200, 100, 24});
-  application_.set("Name", {.role = number(AtspiRole::label),
+  application_.set("Name", {.role = AtspiRole::label,
                             .name = "Name",
                             .states = bit(AtspiState::showing),
                             .parent = "form",
