@@ -23,8 +23,6 @@ std::pair<std::uint32_t, ProcessIdentifier> identityOf(const std::optional<Front
 
 bool hasGoneAgain(const ApplicationWindow& window) { return window.process == 0 && window.className.empty(); }
 
-}  // namespace
-
 std::string inSmallLetters(std::string_view text) {
   std::string small(text);
   std::ranges::transform(small, small.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -50,6 +48,8 @@ bool saysOnlyWhose(const std::string& title, const ApplicationWindow& window) {
   return std::ranges::any_of(wordsOf(window.className),
                              [&](const auto& word) { return small.find(word) != std::string::npos; });
 }
+
+}  // namespace
 
 /// Ends the calls of one handler.
 class Activations::Handle final : public Registration {
