@@ -88,11 +88,17 @@ AXResult<AXAttributeValue> PicturedElement::askAnew(std::string_view attribute) 
   return error == axError::success ? answer : AXResult<AXAttributeValue>{error, {}};
 }
 
-// What was ticked with the click: a click on what can be ticked changes it as a rule, so its state is waited for.
+bool PicturedElement::mayBeLate(std::string_view attribute, const AXAttributeValue& before) const {
+  if (attribute == "AXFocused") return before != yes().value && hasRole({"AXTextField", "AXTextArea"});
+  return attribute == "AXValue" && hasRole({"AXCheckBox"});
+}
+
+// What the click did: one on what can be ticked changes it as a rule, one on a field gives it the focus, so these
+// states are waited for.
 AXResult<AXAttributeValue> PicturedElement::awaitOther(std::string_view attribute,
                                                        const AXResult<AXAttributeValue>& before) const {
   auto now = askAnew(attribute);
-  if (attribute != "AXValue" || !hasRole({"AXCheckBox"})) return now;
+  if (!mayBeLate(attribute, before.value)) return now;
   const auto patience = hasAnswer("AXSubrole", {"AXSwitch"}) ? patienceForSwitches : patienceForStates;
   auto& end = answers().awaitedUntil;
   if (!end) end = std::chrono::steady_clock::now() + patience;

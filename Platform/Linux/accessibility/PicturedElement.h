@@ -40,6 +40,7 @@ class PicturedElement final : public AXUIElementPrimitives {
   AXResult<AXAttributeValue> recall(std::string_view attribute) const;
   AXResult<AXAttributeValue> askAnew(std::string_view attribute) const;
   AXResult<AXAttributeValue> awaitOther(std::string_view attribute, const AXResult<AXAttributeValue>& before) const;
+  bool mayBeLate(std::string_view attribute, const AXAttributeValue& before) const;
   bool isAskedAnew(std::string_view attribute) const;
   bool hasAnswer(std::string_view attribute, std::initializer_list<std::string_view> texts) const;
   bool hasRole(std::initializer_list<std::string_view> roles) const;
