@@ -87,14 +87,20 @@ AtspiReference nearestLabel(const AtspiRectangle& field, const std::vector<Neigh
   return isNear && nearest->isLabel ? nearest->reference : AtspiReference{};
 }
 
+// Many a combo box is called by what is chosen in it.
+bool isNamed(const ElementView& view) {
+  const bool mayBeValue = view.role() == AtspiRole::comboBox;
+  return !mayBeValue && !properName(view.need(Ask::name).name, view.role(), view.toolkit()).empty();
+}
+
 bool mayHaveLabel(const ElementView& view) {
   const auto role = view.role();
   const bool mayBe = is(role, RoleKind::field) || role == AtspiRole::comboBox || role == AtspiRole::spinButton ||
                      role == AtspiRole::slider;
   if (!mayBe || view.toolkit().showsWebPages) return false;
-  const auto& facts = view.need({Ask::name, Ask::description});
-  return properName(facts.name, role, view.toolkit()).empty() && properDescription(facts).empty() &&
-         placeholderOf(view).error != axError::success;
+  // What a slider is described by may be the value that it had.
+  const bool isDescribed = !is(role, RoleKind::number) && descriptionOf(view).error == axError::success;
+  return !isNamed(view) && !isDescribed && placeholderOf(view).error != axError::success;
 }
 
 // Fields lie in it, or it is the box that this one is the field of.

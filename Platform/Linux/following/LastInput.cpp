@@ -28,6 +28,7 @@ void LastInput::notePressed(const ElementView& element, const AtspiReference& co
   const auto role = element.role();
   const std::lock_guard lock(mutex_);
   if (!press_) return;
+  if (press_->element.isNull()) press_->element = element.reference();
   press_->isOnHeader = role == AtspiRole::tableColumnHeader || role == AtspiRole::columnHeader;
   press_->comboBox = comboBox;
 }
@@ -47,6 +48,12 @@ bool LastInput::wasOutside(const ElementView& container) const {
   const auto press = this->press();
   if (!press || press->isInPopUp || container.toolkit().showsWebPages) return false;
   return press->isOnHeader || !mayLieIn(container, press->point);
+}
+
+std::optional<LastInput::Pressed> LastInput::pressed() const {
+  const auto press = this->press();
+  if (!press || press->isInPopUp || press->element.isNull()) return std::nullopt;
+  return Pressed{press->point, press->element};
 }
 
 bool LastInput::wasChoiceIn(const AtspiReference& comboBox) const {

@@ -19,8 +19,15 @@ class LastInput {
   /// A button was pressed at a point of the screen; `isInPopUp`: in a menu, a list or the like.
   void notePress(CGPoint point, bool isInPopUp);
 
-  /// The button was pressed on this. `comboBox` is the one whose open list it is an item of, or null.
+  /// The button was pressed on this; told again of where it was released. `comboBox` is the one whose open list it is
+  /// an item of, or null.
   void notePressed(const ElementView& element, const AtspiReference& comboBox);
+  struct Pressed {
+    CGPoint point;
+    AtspiReference element;
+  };
+  /// Nothing: it was in a menu or the like, or on nothing that is known, or something else was done since.
+  std::optional<Pressed> pressed() const;
 
   /// Whether the text of a field that has been followed since then cannot have been changed by the user, since the last
   /// that they did was to press a button elsewhere, or before.
@@ -37,6 +44,7 @@ class LastInput {
     CGPoint point;
     bool isInPopUp = false;
     TimePoint time;
+    AtspiReference element = {};
     bool isOnHeader = false;
     AtspiReference comboBox = {};
   };

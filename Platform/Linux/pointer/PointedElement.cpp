@@ -221,10 +221,11 @@ bool PointedElement::hasActed(const AtspiReference& pressed, CGPoint place) {
 AtspiReference PointedElement::controlAround(const AtspiReference& pressed) {
   auto current = pressed;
   for (int level = 0; level < maxLevelsOfControl && !current.isNull(); ++level) {
-    const auto& facts = session_.reader().known(current);
-    const auto role = static_cast<AtspiRole>(facts.role);
+    const auto element = view(current);
+    const auto role = element.role();
     if (is(role, RoleKind::control)) return current;
-    current = is(role, RoleKind::partOfControl) || is(role, RoleKind::mereContainer) ? facts.parent : AtspiReference{};
+    const bool mayBePart = is(role, RoleKind::partOfControl) || is(role, RoleKind::mereContainer);
+    current = mayBePart ? element.need(Ask::parent).parent : AtspiReference{};
   }
   return pressed;
 }
@@ -243,15 +244,25 @@ bool PointedElement::isCovered(CGPoint pressed, CGPoint released) {
   return now && now->overrideRedirect && (!then || now->window != then->window);
 }
 
+// What is dragged from one control to another clicks neither.
+bool PointedElement::wasDraggedTo(const AtspiReference& released, CGPoint point) {
+  const auto pressed = focus_.lastInput().pressed();
+  if (!pressed || isSamePlace(pressed->point, point) || pressed->element == released) return false;
+  const auto from = controlAround(pressed->element);
+  return is(view(from).role(), RoleKind::control) && from != controlAround(released);
+}
+
 AtspiReference PointedElement::at(CGPoint point) {
   const auto inside = windows_.inApplication(point);
   auto clicked = focus_.highlightedItems().clicked(inside, steady_clock::now());
   if (!clicked.isNull()) return noted(std::move(clicked));
   const auto window = windows_.topLevelWindowAt(point);
   if (window && window->process != 0) clicked = elementIn({inside, *window});
-  if (!clicked.isNull()) return noted(std::move(clicked));
-  clickLogger().debug("A click at " + std::to_string(std::lround(point.x)) + ", " +
-                      std::to_string(std::lround(point.y)) + " gives no report: " + whyNothing(window));
+  const bool wasDragged = !clicked.isNull() && !window->overrideRedirect && wasDraggedTo(clicked, point);
+  if (!clicked.isNull() && !wasDragged) return noted(std::move(clicked));
+  clickLogger().debug(
+      "A click at " + std::to_string(std::lround(point.x)) + ", " + std::to_string(std::lround(point.y)) +
+      " gives no report: " + (wasDragged ? "the button was pressed on another control" : whyNothing(window)));
   return {};
 }
 

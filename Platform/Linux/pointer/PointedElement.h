@@ -65,6 +65,7 @@ class PointedElement {
   AtspiReference pressedAt(CGPoint place);
   AtspiReference controlAround(const AtspiReference& pressed);
   AtspiReference noted(AtspiReference found);
+  bool wasDraggedTo(const AtspiReference& released, CGPoint point);
   void noteMissing(const WindowOnScreen& window);
   std::string whyNothing(const std::optional<WindowOnScreen>& window);
 

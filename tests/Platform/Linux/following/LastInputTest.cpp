@@ -59,6 +59,21 @@ TEST_F(LastInputBesideAField, WasOutsideAListAfterAPressBesideItOrOnTheHeaderOfA
   EXPECT_FALSE(input_.wasOutside(view("list")));
 }
 
+TEST_F(LastInputBesideAField, KnowsWhatWasPressedAlsoWhenTheButtonIsReleasedOnSomethingElse) {
+  elements_.epoch.begin();
+  const auto press = [&](bool isInPopUp) {
+    input_.notePress(inField, isInPopUp);
+    for (const auto* key : {"field", "list"}) {
+      input_.notePressed({elements_.session.reader(), application_.reference(key)}, {});
+    }
+    return input_.pressed();
+  };
+  const auto pressed = press(false);
+  ASSERT_TRUE(pressed);
+  EXPECT_EQ(pressed->element, application_.reference("field"));
+  EXPECT_FALSE(press(true)) << "drawn to an item of a menu, it chooses that";
+}
+
 TEST_F(LastInputBesideAField, WasAChoiceUntilSomethingElseIsDone) {
   const auto box = application_.reference("box");
   const auto choose = [&] {
