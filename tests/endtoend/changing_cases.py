@@ -2,6 +2,7 @@
 import time
 
 import hands
+import toolkits
 from expected import click, click_radio_button, key_combination, special_key
 from waiting import wait_until
 
@@ -58,10 +59,10 @@ SPECIAL_KEYS = {"Return": "carriage return"}
 COMBINATIONS = {"alt+F4": "Option + Function + f4"}
 
 # What toolkits call the kinds.
-GTK3 = {"button": "push button", "toggle": "toggle button", "check": "check box", "menu item": "menu item",
+GTK3 = {"button": toolkits.Gtk3.button, "toggle": "toggle button", "check": "check box", "menu item": "menu item",
         "item": "list item", "tab": "page tab"}
-GTK4 = {**GTK3, "button": "button", "toggle": "button", "check": "checkbox", "menus have paths": False}
-QT = {**GTK3, "toggle": "check box"}
+GTK4 = {**GTK3, "button": "button", "toggle": toolkits.Gtk4.toggle_button, "check": "checkbox", "menus have paths": False}
+QT = {**GTK3, "button": toolkits.Qt5.button, "toggle": "check box"}
 
 
 def expected(name, kind, words):

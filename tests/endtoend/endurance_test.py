@@ -2,6 +2,7 @@
 """Much of the same: a thousand clicks leak nothing, a thousand keys cost one report."""
 
 import hands
+import toolkits
 from desktop import EndToEndTest, main
 from expected import change, click
 
@@ -36,7 +37,7 @@ class Endurance(EndToEndTest):
         hands.point_to(application.place("Weigh anchor"))
         for _ in range(CLICKS // CLICKS_AT_ONCE):
             hands.xdotool("click", "--repeat", CLICKS_AT_ONCE, "--delay", 5, 1)
-            self.expect(*CLICKS_AT_ONCE * [click("Weigh anchor", "push button")])
+            self.expect(*CLICKS_AT_ONCE * [click("Weigh anchor", toolkits.of(application).button)])
 
     def test_a_burst_of_keys_costs_one_report(self):
         self.application = self.open_own("gtk3_app.py")

@@ -8,6 +8,7 @@ from pathlib import Path
 import dbus
 
 import hands
+import toolkits
 from applications import Application
 from desktop import PROGRAMS, EndToEndTest
 from expected import click, key_combination
@@ -59,7 +60,7 @@ class FaultTest(EndToEndTest):
         application.press(widget)
         released = time.time()
         hands.release()
-        self.expect_among(click(widget, "push button"))
+        self.expect_among(click(widget, toolkits.of(application).button))
         print(f"    {case or self._testMethodName}: {1000 * (self.collection.date() - released):.0f} ms", file=sys.stderr)
 
     def expect_key(self, key, name, control):
@@ -73,7 +74,7 @@ class FaultTest(EndToEndTest):
 
     def is_reported(self, application, widget):
         application.click(widget)
-        report = click(widget, "push button")
+        report = click(widget, toolkits.of(application).button)
         return self.collection.until(lambda other: other == report, patience=0.5)[-1:] == [report]
 
 

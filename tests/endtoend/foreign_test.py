@@ -8,16 +8,19 @@ from pathlib import Path
 from unittest import mock
 
 import hands
-from applications import ControlledApplication
+import toolkits
 from desktop import EndToEndTest, main
 from expected import change, click, click_list_item, key_combination
 from waiting import wait_until
 
 ROW = click_list_item("Bergen", "row", column="Harbour", cell="Bergen")
 CELL = click_list_item("Bergen", "row", column="Depth", cell="30 m")
-BUTTON = click("Drop anchor", "push button")
 SHIP = change("Text", "Ship", "text", "Gull")
-TOOLKITS = [("gtk3_app.py",), ("qt_app.py", "PyQt5"), ("qt_app.py", "PyQt6")]
+TOOLKITS = [toolkits.Gtk3, toolkits.Qt5, toolkits.Qt6]
+
+
+def button_in(application):
+    return click("Drop anchor", toolkits.of(application).button)
 
 
 def locale(name):
@@ -51,22 +54,22 @@ class Screens(Foreign):
             subprocess.run(["xrandr", "--setmonitor", *monitor], check=True, capture_output=True)
             self.addCleanup(subprocess.run, ["xrandr", "--delmonitor", monitor[0]])
         for toolkit in TOOLKITS:
-            self.show(*toolkit)
+            self.show(*toolkit.opened.args)
             for x in (0, 250, 500):
                 hands.xdotool("getactivewindow", "windowmove", "--sync", x, 20)
                 wait_until(lambda: 0 <= self.application.place("Drop anchor")[0] - x < 100, "the window to move")
-                self.expect_clicks(("Drop anchor", BUTTON), ("Harbours 1 1", CELL))
+                self.expect_clicks(("Drop anchor", button_in(self.application)), ("Harbours 1 1", CELL))
 
     def test_full_screen(self):
         for toolkit in TOOLKITS:
-            self.show(*toolkit)
+            self.show(*toolkit.opened.args)
             subprocess.run(["wmctrl", "-r", ":ACTIVE:", "-b", "add,fullscreen"], check=True)
             wait_until(lambda: self.application.window_place()[2:] == [1280, 900], "the window to fill the screen")
-            self.expect_clicks(("Drop anchor", BUTTON), ("Harbours 1 1", CELL))
+            self.expect_clicks(("Drop anchor", button_in(self.application)), ("Harbours 1 1", CELL))
 
     def test_a_window_that_was_minimised(self):
         for toolkit in TOOLKITS:
-            self.show(*toolkit)
+            self.show(*toolkit.opened.args)
             window = hands.xdotool("getactivewindow").strip()
             hands.xdotool("windowminimize", window)
             wait_until(lambda: not self.application.window_title(), "the window to be minimised")
@@ -74,16 +77,17 @@ class Screens(Foreign):
             hands.xdotool("windowactivate", "--sync", window)
             hands.point_to(self.application.place("Drop anchor"))
             wait_until(lambda: hands.window_below_pointer() != below, "the window to be back")
-            self.expect_clicks(("Drop anchor", BUTTON), ("Harbours 1 0", ROW))
+            self.expect_clicks(("Drop anchor", button_in(self.application)), ("Harbours 1 0", ROW))
 
 
 class Languages(Foreign):
     def test_right_to_left(self):
-        for toolkit in (TOOLKITS[0], ("qt_app.py", "PyQt5", "-reverse"), ("qt_app.py", "PyQt6", "-reverse")):
-            self.show(*toolkit, **locale("he_IL"))
+        for toolkit in TOOLKITS:
+            options = [] if toolkit is toolkits.Gtk3 else ["-reverse"]
+            self.show(*toolkit.opened.args, *options, **locale("he_IL"))
             first, second = self.application.place("Harbours 1 0"), self.application.place("Harbours 1 1")
             self.assertGreater(first[0], second[0])
-            self.expect_clicks(("Drop anchor", BUTTON), ("Harbours 1 0", ROW), ("Harbours 1 1", CELL))
+            self.expect_clicks(("Drop anchor", button_in(self.application)), ("Harbours 1 0", ROW), ("Harbours 1 1", CELL))
 
     def test_decimal_commas(self):
         for toolkit in ("gtk3", "PyQt5", "PyQt6"):
@@ -141,14 +145,14 @@ class Keyboards(Foreign):
         self.addCleanup(daemon.terminate)
         wait_until(lambda: subprocess.run(["ibus", "engine", "xkb:us::eng"], capture_output=True).returncode == 0, "the input method")
         for toolkit in TOOLKITS[:2]:
-            self.show(*toolkit, GTK_IM_MODULE="ibus", QT_IM_MODULE="ibus")
+            self.show(*toolkit.opened.args, GTK_IM_MODULE="ibus", QT_IM_MODULE="ibus")
             self.expect_typed("Ship", "Gull", SHIP)
 
 
 class Hands(Foreign):
     def test_a_double_click(self):
         for toolkit in TOOLKITS:
-            self.show(*toolkit)
+            self.show(*toolkit.opened.args)
             hands.point_to(self.application.place("Harbours 1 0"))
             hands.xdotool("click", "--repeat", 2, "--delay", 120, 1)
             for _ in range(2):
@@ -156,7 +160,7 @@ class Hands(Foreign):
 
     def test_a_knob_that_is_dragged(self):
         for toolkit in TOOLKITS:
-            self.show(*toolkit)
+            self.show(*toolkit.opened.args)
             self.focus("Speed", "slider")
             hands.point_to(self.application.place("Speed"), across=0.02, down=0.7)
             hands.press()
@@ -175,7 +179,7 @@ class BeforeTheService(Foreign):
     @classmethod
     def setUpClass(cls):
         with mock.patch.dict(os.environ, QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1"):
-            cls.applications = [ControlledApplication(*toolkit) for toolkit in TOOLKITS]
+            cls.applications = [toolkit.opened() for toolkit in TOOLKITS]
         for application in cls.applications:
             cls.addClassCleanup(application.close)
         super().setUpClass()
@@ -183,7 +187,7 @@ class BeforeTheService(Foreign):
     def test_an_application_that_was_there(self):
         for self.application in self.applications:
             self.application.activate()
-            self.expect_clicks(("Drop anchor", BUTTON), ("Harbours 1 0", ROW))
+            self.expect_clicks(("Drop anchor", button_in(self.application)), ("Harbours 1 0", ROW))
 
 
 if __name__ == "__main__":

@@ -9,7 +9,7 @@ from widgets import clicked, menus, mouse_buttons, option, radio_button, selecte
 
 
 class Gtk3Clicks(toolkits.Gtk3, EndToEndTest):
-    test_a_button = mouse_buttons("Drop anchor", "push button", "left", "right", "middle")
+    test_a_button = mouse_buttons("Drop anchor", toolkits.Gtk3.button, "left", "right", "middle")
     test_a_check_box = toggle("Lanterns", "check box")
     test_a_radio_button = radio_button()
     test_a_slider = slider(50, across=0.75, down=0.7)
@@ -18,7 +18,7 @@ class Gtk3Clicks(toolkits.Gtk3, EndToEndTest):
     test_an_option = option("Cargo: Salt", click("Cargo: Salt", "menu item"))
     test_an_editable_combo_box = clicked(("Flag", {"across": 0.3}, click_combo_box("Flag", "combo box", "")))
     test_menus = menus("menu")
-    test_a_tab = tab("Stores")
+    test_a_tab = tab("Stores", toolkits.Gtk3.button)
     test_a_row_of_a_table = selected("Harbours", "table", "Harbours 1 1", "SelectedRows", "Bergen",
                                      click_list_item("Bergen", "row", column="Depth", cell="30 m"))
     test_a_right_click_on_a_row = selected("Harbours", "table", "Harbours 2 0", "SelectedRows", "Genoa",
@@ -30,17 +30,17 @@ class Gtk3Clicks(toolkits.Gtk3, EndToEndTest):
     test_a_link = clicked(("Tide tables", {}, click_link("Tide tables", "https://tides.example/")))
 
     def test_keys_that_do_something_are_told_and_typing_is_not(self):
-        self.focus("Weigh anchor", "push button")
+        self.focus("Weigh anchor", self.button)
         hands.key("a", "shift+b", "Escape")
         for keys, told in self.COMBINATIONS:
             with self.subTest(keys):
                 hands.key(keys)
-                self.expect(key_combination(told, "Weigh anchor", "push button"))
+                self.expect(key_combination(told, "Weigh anchor", self.button))
                 self.application.focus("Weigh anchor")
         hands.key("Return")
-        self.expect(special_key("carriage return", "Weigh anchor", "push button"))
+        self.expect(special_key("carriage return", "Weigh anchor", self.button))
         hands.key("shift+Tab")
-        self.expect(special_key("Shift + back tab", "Weigh anchor", "push button"))
+        self.expect(special_key("Shift + back tab", "Weigh anchor", self.button))
 
     COMBINATIONS = [
         ("ctrl+c", "Control + c"),

@@ -23,7 +23,7 @@ class Gtk4(toolkits.Gtk4, TextTests, EndToEndTest):
 
     def test_a_button_in_a_popover_is_told(self):
         self.application.click("Voyage")
-        self.expect(click("Voyage", "button"))
+        self.expect(click("Voyage", self.toggle_button))
         self.click_in_what_opened("Return")
         self.expect(click("Return", "button"))
         hands.key("Escape")
@@ -31,7 +31,7 @@ class Gtk4(toolkits.Gtk4, TextTests, EndToEndTest):
 
     def test_an_item_of_a_menu_is_told(self):
         self.application.click("Tools")
-        self.expect(click("Tools", "button"))
+        self.expect(click("Tools", self.toggle_button))
         self.click_in_what_opened("Tools: 1")
         self.expect(click("Compass", "menu item"))
 

@@ -1,5 +1,6 @@
 """Clicks, texts and values in the page that a browser shows; a test file for each browser inherits it."""
 import hands
+import toolkits
 from expected import click, click_link, click_list_item
 from text_tests import SelectionTests, TextTests
 from waiting import wait_until
@@ -11,7 +12,7 @@ class PageTests(TextTests, SelectionTests):
 
     menu_opens_under_pointer = True
 
-    test_a_button = mouse_buttons("Weigh anchor", "push button", "left", "middle")  # its text, in fact
+    test_a_button = mouse_buttons("Weigh anchor", toolkits.PageInChromium.button, "left", "middle")  # its text, in fact
     test_clicks_on_a_check_box = toggle("Lanterns", "check box")
     test_a_radio_button = radio_button()
     test_an_item_of_a_list = clicked(("Red buoy", {"across": 0.05}, click("Red buoy", "list item")))
@@ -19,14 +20,14 @@ class PageTests(TextTests, SelectionTests):
         ("depth of Bergen", {}), ("depth of Lisbon", {}, click_list_item("Lisbon", "row", column="Depth", cell="12 m")))
 
     def test_a_right_click_is_told(self):
-        self.focus("Weigh anchor", "push button")
+        self.focus("Weigh anchor", self.button)
         hands.point_to(self.application.place("Weigh anchor"))
         page = hands.window_below_pointer()
         hands.press("right")
         if self.menu_opens_under_pointer:
             wait_until(lambda: hands.window_below_pointer() != page, "the menu to open")
         hands.release("right")
-        self.expect(click("Weigh anchor", "push button", button="right"))
+        self.expect(click("Weigh anchor", self.button, button="right"))
         hands.move(30, 30)
         wait_until(lambda: hands.window_below_pointer() != page, "the menu to open")
         hands.key("Escape")

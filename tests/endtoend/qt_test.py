@@ -10,13 +10,13 @@ from widgets import menus, mouse_buttons, option, radio_button, selected, slider
 class QtClicks:
     """Mixed into an EndToEndTest."""
 
-    test_a_button = mouse_buttons("Drop anchor", "push button", "left", "right", "middle")
+    test_a_button = mouse_buttons("Drop anchor", toolkits.Qt5.button, "left", "right", "middle")
+    test_a_tab = tab("Pages 1", toolkits.Qt5.button)
     test_a_check_box = toggle("Lanterns", "check box", across=0.1)
     test_a_radio_button = radio_button()
     test_a_slider = slider(0, across=0.75)
     test_an_option = option("Cargo: 1", click("Salt", "list item"))
     test_menus = menus("menu item")
-    test_a_tab = tab("Pages 1")
     test_a_cell_of_a_table = selected("Harbours", "table", "Harbours 1 1", "SelectedCells", "30 m",
                                       click_list_item("Bergen", "row", column="Depth", cell="30 m"))
     test_a_row_of_a_tree = selected("Fleets", "tree", "Fleets 0:1 0", "SelectedRows", "Tern",

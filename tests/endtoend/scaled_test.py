@@ -4,6 +4,7 @@ import os
 from unittest import mock
 
 import hands
+import toolkits
 from applications import ControlledApplication
 from desktop import EndToEndTest, main
 from expected import click, click_list_item, click_radio_button
@@ -11,12 +12,12 @@ from waiting import wait_until
 
 ROW = click_list_item("Bergen", "row", column="Harbour", cell="Bergen")
 # What is clicked, and what is told of it: of what opens a menu nothing, and its items lie in a window of their own.
-GTK3 = [("Drop anchor", click("Drop anchor", "push button")), ("South", click_radio_button("South", "radio button", "Course")),
+GTK3 = [("Drop anchor", click("Drop anchor", toolkits.Gtk3.button)), ("South", click_radio_button("South", "radio button", "Course")),
         ("Voyage", None), ("Depart", click("Voyage -> Depart", "menu item")), ("Harbours 1 0", ROW),
         ("Lookout", click("Lookout", "list item"))]
 GTK4 = [("Weigh anchor", click("Weigh anchor", "button")), ("Tools", None), ("Tools: 1", click("Compass", "menu item")),
         ("Lookout", click("Lookout", "list item"))]
-QT = [*GTK3[:-1], ("Duties 1 0", click("Lookout", "list item"))]
+QT = [("Drop anchor", click("Drop anchor", toolkits.Qt5.button)), *GTK3[1:-1], ("Duties 1 0", click("Lookout", "list item"))]
 IN_MENUS = ("Depart", "Tools: 1")
 
 

@@ -154,9 +154,9 @@ class Switches(WaylandTest):
             self.application = self.started("gtk3_app.py")
         self.follow(self.application)
         self.application.click("Weigh anchor")
-        self.expect(click("Weigh anchor", "push button"))
+        self.expect(click("Weigh anchor", toolkits.Gtk3.button))
         hands.key("Return")
-        self.expect(special_key("carriage return", "Weigh anchor", "push button"))
+        self.expect(special_key("carriage return", "Weigh anchor", toolkits.Gtk3.button))
 
 
 class SwitchesWithoutTheCompositor(Switches):

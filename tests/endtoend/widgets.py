@@ -37,9 +37,9 @@ def menus(control):
                    ("Lisbon 1920", {}, click("Voyage -> Past -> Lisbon 1920", "menu item")))
 
 
-def tab(widget):
+def tab(widget, button):
     """And the button on its page is no click on it."""
-    return clicked((widget, {}, click_radio_button("Stores", "page tab", "")), ("Count", {}, click("Count", "push button")))
+    return clicked((widget, {}, click_radio_button("Stores", "page tab", "")), ("Count", {}, click("Count", button)))
 
 
 def slider(least, **where):
