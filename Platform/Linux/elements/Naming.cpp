@@ -213,7 +213,9 @@ AttributeResult helpOf(const ElementView& view) {
 
 AttributeResult identifierOf(const ElementView& view) {
   if (view.application().isUnknown(Ask::accessibleId)) return unsupported();
-  return textOrNoValue(view.need(Ask::accessibleId).accessibleId);
+  const auto& facts = view.need({Ask::accessibleId, Ask::name});
+  const auto properIdentifier = view.toolkit().properIdentifier;
+  return textOrNoValue(properIdentifier ? std::string(properIdentifier(facts)) : facts.accessibleId);
 }
 
 AttributeResult domIdentifierOf(const ElementView& view) {

@@ -96,7 +96,7 @@ bool isView(const ElementView& container) {
          !container.has(AtspiInterface::selection);
 }
 
-// Some views do not say which of their items are selected, and trees among them not even which rows.
+// Some views do not say which of their items are selected, or say it of others.
 std::vector<AtspiReference> selectedItemsOfView(const ElementView& container) {
   const auto noted = container.application().selectedItems.notedIn(container.reference());
   std::vector<AtspiQuestion> questions;
@@ -234,7 +234,7 @@ AttributeResult rowHeadersOf(const ElementView& cell) {
 
 AttributeResult selectedRowsOf(const ElementView& view) {
   if (!is(view.role(), RoleKind::tableLike)) return unsupported();
-  if (isView(view) && view.role() != AtspiRole::table) {
+  if (!view.toolkit().tellsSelectedRowsOfTrees && view.role() != AtspiRole::table && view.has(AtspiInterface::table)) {
     return partsOf(view, AtspiPart::Kind::row, rowsOf(view, selectedItemsOfView(view)));
   }
   if (!view.toolkit().showsWebPages && view.has(AtspiInterface::table)) {

@@ -51,6 +51,8 @@ struct Toolkit {
   bool tellsNumbers = true;
   /// Its lists, tables and trees tell what is selected in them; else only their items do, each of itself.
   bool viewsTellSelections = true;
+  /// Its trees tell which of their rows are selected; else they mean others.
+  bool tellsSelectedRowsOfTrees = true;
   /// An element may be labelled by a part of itself, which is then no label.
   bool isLabelledByOwnParts = true;
   /// Gives a button that holds its own label the name twice.
@@ -109,6 +111,8 @@ struct Toolkit {
   RoleAndSubrole (*ownRole)(const AtspiFacts& facts, const RoleSurroundings& surroundings) = nullptr;
   /// A name without what the toolkit puts into it or says instead of one. Null: as it is given.
   std::string_view (*properName)(std::string_view name, AtspiRole role) = nullptr;
+  /// An identifier that the application gave; empty: the toolkit made it up. Null: as it is given.
+  std::string_view (*properIdentifier)(const AtspiFacts& facts) = nullptr;
   /// Whether a control is also the box around what it shows or switches, which is not what a click on it is on. Asked
   /// of what may be one by its role. Null: none is.
   bool (*isAroundContent)(const AtspiFacts& facts) = nullptr;
