@@ -55,12 +55,6 @@ AtspiReference HighlightedItems::highlightedIn(std::string_view busName) const {
   return found != items_.end() ? found->reference : AtspiReference{};
 }
 
-AtspiReference HighlightedItems::lastIn(std::string_view busName) const {
-  const std::lock_guard lock(mutex_);
-  const auto found = std::ranges::find(items_, busName, [](const auto& item) { return item.reference.busName; });
-  return found != items_.end() ? found->reference : AtspiReference{};
-}
-
 AtspiReference HighlightedItems::at(CGPoint point, TimePoint now) const {
   const std::lock_guard lock(mutex_);
   const auto found =

@@ -46,8 +46,6 @@ class HighlightedItems {
   AtspiReference clicked(CGPoint point, TimePoint now);
   /// The last item that was highlighted in the list of a combo box of the application, open or not; null: none was.
   AtspiReference highlightedIn(std::string_view busName) const;
-  /// The last item that was highlighted in the application, in an open menu or a closed one; null: none was.
-  AtspiReference lastIn(std::string_view busName) const;
   /// Whether the list of the combo box is open, and for longer than that click.
   bool isOpen(const AtspiReference& comboBox, TimePoint now) const;
 

@@ -19,7 +19,6 @@ constexpr std::size_t maxMissing = 256;
 constexpr int maxLevelsOfControl = 3;
 // An application may act on a press before it is looked at here.
 constexpr std::chrono::milliseconds timeToAct{100};
-constexpr int maxLevelsOfMenus = 4;
 
 bool isPopover(const WindowOnScreen& window, const Toolkit& toolkit) {
   return window.overrideRedirect && toolkit.popoversAreWindows;
@@ -122,28 +121,6 @@ AtspiReference PointedElement::optionAt(const std::string& busName, CGPoint poin
   return option;
 }
 
-// An item that was highlighted before its menu had its place, or is not highlighted yet.
-AtspiReference PointedElement::itemOfOpenMenu(const std::string& busName, CGPoint point) {
-  auto menu = focus_.highlightedItems().lastIn(busName);
-  for (int level = 0; level < maxLevelsOfMenus && !menu.isNull() && isItemOfMenu(view(menu)); ++level) {
-    if (!saysPlaceOnScreen(view(menu))) return {};
-    for (const auto& item : placedChildren(view(menu), Coordinates::ofScreen)) {
-      if (!item.isAt(point) || !hasState(item.states, AtspiState::showing)) continue;
-      keepMenuOf(view(item.reference));
-      return item.reference;
-    }
-    menu = view(menu).need(Ask::parent).parent;
-  }
-  return {};
-}
-
-// An application that has just opened a menu may still tell which item of it is highlighted.
-AtspiReference PointedElement::itemOrApplication(const AtspiReference& application, CGPoint point) {
-  if (application.isNull()) return {};
-  auto item = itemOfOpenMenu(application.busName, view(application).application().pixels().of(point));
-  return item.isNull() ? application : item;
-}
-
 AtspiReference PointedElement::elementIn(const PointedAt& at) {
   auto& reader = session_.reader();
   const auto& window = at.window;
@@ -155,7 +132,8 @@ AtspiReference PointedElement::elementIn(const PointedAt& at) {
   }
   const auto topLevel = findTopLevel(window);
   if (!topLevel.reference.isNull()) return hitTestBelow(topLevel, at);
-  if (window.overrideRedirect) return itemOrApplication(session_.processes.rootOf(window.process, reader), at.point);
+  // An application that has just opened a menu may still tell which item of it is highlighted.
+  if (window.overrideRedirect) return session_.processes.rootOf(window.process, reader);
   if (session_.processes.busNamesOf(window.process, reader).empty()) noteMissing(window);
   return {};
 }

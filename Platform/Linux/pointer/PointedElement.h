@@ -58,8 +58,6 @@ class PointedElement {
   AtspiReference hitTestBelow(const FoundTopLevel& topLevel, PointedAt at);
   AtspiReference comboBoxThatOpens(const AtspiReference& hit);
   AtspiReference optionAt(const std::string& busName, CGPoint point);
-  AtspiReference itemOfOpenMenu(const std::string& busName, CGPoint point);
-  AtspiReference itemOrApplication(const AtspiReference& application, CGPoint point);
   AtspiReference elementIn(const PointedAt& at);
   AtspiReference optionOfPage(const WindowOnScreen& window, CGPoint point);
   AtspiReference pressedAt(CGPoint place);

@@ -98,23 +98,6 @@ TEST_F(HitTest, AsksOnlyTablesForTheirHeaders) {
   EXPECT_EQ(at({10, 30}), reference("cell"));
 }
 
-// Many menus are no top-levels, and an item is highlighted a moment after the pointer has come.
-TEST_F(HitTest, FindsTheItemOfAMenuThatIsNotHighlightedYet) {
-  open("Qt", {0, 20, 80, 44});
-  add("bar", AtspiRole::menuBar, {0, 0, 400, 20}, {"open"});
-  add("open", AtspiRole::menu, {0, 0, 80, 20}, {"first", "second"});
-  elements_["open"].parent = "bar";
-  application_->set("open", elements_["open"]);
-  add("first", AtspiRole::menuItem, {0, 20, 80, 22});
-  add("second", AtspiRole::menuItem, {0, 42, 80, 22});
-  windows_.pointed->overrideRedirect = true;
-  EXPECT_EQ(at({40, 50}), reference("root"));
-  read_.focus.arrived(reference("open"));
-  read_.epoch.begin();
-  read_.focus.settle(reference("open").busName);
-  EXPECT_EQ(at({40, 50}), reference("second"));
-}
-
 TEST_F(HitTest, FindsItemsOfSwingWhereTheirMenuLies) {
   open("J2SE-access-bridge", {0, 0, 400, 200});
   add("frame", AtspiRole::frame, {-1, -1, -1, -1}, {"pane"});
