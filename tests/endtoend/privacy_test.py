@@ -134,7 +134,7 @@ class Editors(PrivacyTest):
         "Open cell": "", "Summary": "", "Option": "", "Check": "", "Group": "", "Pointed at": "", "Describing": "",
         "Keys": "", "Design": None}
 
-    test_gtk3 = checked(toolkits.Gtk3.opened, {**EDITORS, "Nameless": ""})
+    test_gtk3 = checked(toolkits.Gtk3.opened, EDITORS)
     test_gtk4 = checked(toolkits.Gtk4.opened, EDITORS)
     test_qt5 = checked(toolkits.Qt5.opened, EDITORS)
     test_qt6 = checked(toolkits.Qt6.opened, EDITORS)
