@@ -140,8 +140,9 @@ class Fleet(unittest.TestCase):
             **{"max_queued_messages 100000": "max_queued_messages 500", "autosave_interval 60": "autosave_interval 1"})
         desktop.broker.start()
         feed = desktop.publish("--keep", "1")
-        connection = "desktops/desk-1/connection"
+        connection, state = "desktops/desk-1/connection", "desktops/desk-1/ada/state"
         wait_for(lambda: stream.update().states.get(connection, [""])[-1] == "1", "the connection")
+        wait_for(lambda: state in stream.update().states, "the greeting, which would wait in the place of a report")
         self.link.cut()
         wait_for(lambda: stream.update().states[connection][-1] == "0", "the last will of the connection")
         for number in range(1, 3001):
