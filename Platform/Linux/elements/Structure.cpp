@@ -74,7 +74,9 @@ AtspiReference withoutLinkAround(const ElementView& view, const AtspiReference& 
   auto above = parent;
   for (int level = 0; level < maxLevelsInLink && !above.isNull() && !isRoot(above); ++level) {
     const auto& facts = view.other(above).needOnly({Ask::role, Ask::parent});
-    if (static_cast<AtspiRole>(facts.role) == AtspiRole::link) return facts.parent;
+    const auto role = static_cast<AtspiRole>(facts.role);
+    if (role == AtspiRole::link) return facts.parent;
+    if (endsSearch(role)) return parent;
     above = facts.parent;
   }
   return parent;

@@ -1,5 +1,8 @@
 #include "Platform/Linux/reading/ElementView.h"
 
+#include <algorithm>
+#include <array>
+
 namespace norra::linux_desktop {
 namespace {
 
@@ -17,17 +20,29 @@ Asks expectedAsks(std::optional<AtspiRole> role) {
 
 bool isOfKind(std::optional<AtspiRole> role, RoleKind kind) { return role && is(*role, kind); }
 
+bool mattersAlways(AtspiRole role) {
+  using enum RoleKind;
+  constexpr std::array kinds{control, field, number, item, partOfControl};
+  return std::ranges::any_of(kinds, [role](auto kind) { return is(role, kind); });
+}
+
 }  // namespace
 
 const AtspiFacts& ElementView::need(Asks asks) const {
   const auto& known = reader_.known(reference_);
   if ((asks - known.asked).isEmpty()) return known;
-  const bool isPassedBy = known.asked.has(Ask::role) && (asks - ancestorAsks).isEmpty();
+  const bool isPassedBy = known.asked.has(Ask::role) && (asks - passingAsks(known)).isEmpty();
   if (!isPassedBy) asks |= generalAsks();
   if (!isPassedBy && reader_.isOnPath(reference_)) asks |= asksOnPath(reader_.likelyRole(reference_));
   if (known.asked.has(Ask::interfaces)) asks |= detailAsks(known);
   expectAncestors();
   return reader_.read(reference_, asks);
+}
+
+Asks ElementView::passingAsks(const AtspiFacts& known) const {
+  const auto role = static_cast<AtspiRole>(known.role);
+  const bool mayMatter = reference_ == reader_.pointed() || mattersAlways(role);
+  return mayMatter ? ancestorAsks : ancestorAsks | asksForRole(role, toolkit());
 }
 
 Asks ElementView::generalAsks() const {

@@ -39,6 +39,7 @@ class ElementView {
   Asks generalAsks() const;
 
  private:
+  Asks passingAsks(const AtspiFacts& known) const;
   Asks asksOnPath(std::optional<AtspiRole> role) const;
   Asks detailAsks(const AtspiFacts& facts) const;
   void expectAncestors() const;
