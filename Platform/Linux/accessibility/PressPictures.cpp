@@ -19,18 +19,13 @@ constexpr int maxLevelsOfNumber = 3;
 
 // A number that changes at the press gets the focus with it, and is followed only afterwards.
 void noteNumber(const ElementView& pressed) {
-  auto at = pressed.reference();
-  for (int level = 0; level < maxLevelsOfNumber; ++level) {
-    if (level > 0) at = pressed.other(at).need(Ask::parent).parent;
-    if (at.isNull()) return;
-    const auto view = pressed.other(at);
-    if (view.role() == AtspiRole::spinButton) {
-      const auto content = contentOf(view).value;
-      const auto* number = std::get_if<NSNumber>(&content);
-      if (number && view.application().focus.followed() != at) view.application().noteFormerValue(at, *number);
-      return;
-    }
-  }
+  const auto isNumber = [](const auto& view) { return foundIf(view.role() == AtspiRole::spinButton); };
+  const auto found = searchUp(pressed, maxLevelsOfNumber, isNumber);
+  if (found.isNull()) return;
+  const auto view = pressed.other(found);
+  const auto content = contentOf(view).value;
+  const auto* number = std::get_if<NSNumber>(&content);
+  if (number && view.application().focus.followed() != found) view.application().noteFormerValue(found, *number);
 }
 
 constexpr milliseconds pauseAfterActivation{50};
@@ -131,8 +126,9 @@ void PressPictures::prepare() {
 }
 
 void PressPictures::take(Press& press) {
+  pointed_.notePress();
   for (const auto pause : pauses) {
-    if (!mayLookAfter(pause, press) || !look(press)) break;
+    if (!press.place || !mayLookAfter(pause, press) || !look(press)) break;
   }
   press.picture->finish();
 }
@@ -151,8 +147,7 @@ bool PressPictures::isInWebPage(const AtspiReference& element) const {
 // Whether another look may find more.
 bool PressPictures::look(Press& press) {
   const AtspiReader::Reading reading(session_.reader());
-  const auto pressed = press.wasLookedAt ? pointed_.stillAtPress(*press.place) : pointed_.atPress(press.place);
-  press.wasLookedAt = true;
+  const auto pressed = pointed_.atPress(*press.place);
   if (pressed.isNull()) return false;
   const bool isTold = rehearse(press, pressed);
   noteNumber(ElementView(session_.reader(), pressed));
@@ -164,7 +159,7 @@ bool PressPictures::look(Press& press) {
 // What is found out by and by is right, unless the page has acted on the press.
 void PressPictures::makeSure(Press& press, const AtspiReference& guessed) {
   mayLookAfter(pauseBeforeMakingSure, press);
-  const auto found = pointed_.stillAtPress(*press.place);
+  const auto found = pointed_.atPress(*press.place);
   if (!found.isNull() && found != guessed && !pointed_.hasActed(guessed, *press.place)) rehearse(press, found);
 }
 

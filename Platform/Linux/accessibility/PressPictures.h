@@ -49,7 +49,6 @@ class PressPictures {
 
     const std::optional<CGPoint> place;
     const std::shared_ptr<Picture> picture = std::make_shared<Picture>();
-    bool wasLookedAt = false;
     // written before the picture is finished
     std::optional<AXUIElement> element;
     std::optional<AtspiRectangle> area;  // of what was pressed, on the screen; nothing: not known

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::uint64_t titleStands = 250'000;  // microseconds
 constexpr int checksOfFirstWindow = 3;
-constexpr std::size_t leastLettersOfAName = 4;
+constexpr std::size_t minLettersOfAName = 4;
 constexpr std::array<std::string_view, 4> separators{" - ", " \u2013 ", " \u2014 ", ": "};
 constexpr std::size_t maxKnown = 4096;
 
@@ -36,7 +36,7 @@ std::vector<std::string> wordsOf(std::string_view name) {
     if (isPart) words.back() += c;
     if (!isPart && !words.back().empty()) words.emplace_back();
   }
-  std::erase_if(words, [](const auto& word) { return word.size() < leastLettersOfAName; });
+  std::erase_if(words, [](const auto& word) { return word.size() < minLettersOfAName; });
   return words;
 }
 

@@ -80,14 +80,11 @@ AtspiReference firstLabel(const ElementView& view) {
 AtspiReference relatedLabel(const ElementView& view) {
   auto label = firstLabel(view);
   if (!label.isNull() || !is(view.role(), RoleKind::field)) return label;
-  auto above = view.need(Ask::parent).parent;
-  for (int level = 0; level < maxLevelsInComboBox && !above.isNull(); ++level) {
-    const auto around = view.other(above);
-    if (around.role() == AtspiRole::comboBox) return firstLabel(around);
-    if (!is(around.role(), RoleKind::mereContainer)) return {};
-    above = around.need(Ask::parent).parent;
-  }
-  return {};
+  const auto comboBox = searchUp(view.parent(), maxLevelsInComboBox, [](const auto& around) {
+    if (around.role() == AtspiRole::comboBox) return Search::found;
+    return is(around.role(), RoleKind::mereContainer) ? Search::goesOn : Search::ends;
+  });
+  return comboBox.isNull() ? AtspiReference{} : firstLabel(view.other(comboBox));
 }
 
 AtspiReference labelOf(const ElementView& view) {
@@ -95,27 +92,18 @@ AtspiReference labelOf(const ElementView& view) {
   return label.isNull() ? labelInSight(view) : label;
 }
 
-// Whether `label` lies below the element.
+bool liesIn(const ElementView& inner, const AtspiReference& outer) {
+  const auto isOuter = [&outer](const auto& view) { return foundIf(view.reference() == outer); };
+  return !searchUp(inner.parent(), maxLevelsOfALabel, isOuter).isNull();
+}
+
 bool isOwnPart(const ElementView& view, const AtspiReference& label) {
   if (label == view.reference()) return true;
-  if (!view.toolkit().isLabelledByOwnParts) return false;
-  auto above = label;
-  for (int i = 0; i < maxLevelsOfALabel && !above.isNull(); ++i) {
-    above = view.other(above).need(Ask::parent).parent;
-    if (above == view.reference()) return true;
-  }
-  return false;
+  return view.toolkit().isLabelledByOwnParts && liesIn(view.other(label), view.reference());
 }
 
 // What is around an element is not its label, although Qt says so of the box of a group.
-bool isAround(const ElementView& view, const AtspiReference& label) {
-  auto above = view.need(Ask::parent).parent;
-  for (int i = 0; i < maxLevelsOfALabel && !above.isNull(); ++i) {
-    if (above == label) return true;
-    above = view.other(above).need(Ask::parent).parent;
-  }
-  return false;
-}
+bool isAround(const ElementView& view, const AtspiReference& label) { return liesIn(view, label); }
 
 std::string withoutOwnLabel(const ElementView& view, std::string name) {
   if (!view.toolkit().joinsNameAndLabel) return name;

@@ -146,13 +146,11 @@ AttributeResult childrenOf(const ElementView& view) {
 }
 
 AttributeResult windowOf(const ElementView& view) {
-  auto above = view.need(Ask::parent).parent;
-  for (int i = 0; i < maxLevels && !above.isNull() && !isRoot(above); ++i) {
-    const auto next = view.other(above);
-    if (mappedRole(next).role == "AXWindow") return elementNamed(above);
-    above = next.need(Ask::parent).parent;
-  }
-  return noValue();
+  const auto window = searchUp(view.parent(), maxLevels, [](const auto& above) {
+    if (isRoot(above.reference())) return Search::ends;
+    return foundIf(mappedRole(above).role == "AXWindow");
+  });
+  return window.isNull() ? noValue() : elementNamed(window);
 }
 
 AttributeResult urlOf(const ElementView& view) {

@@ -66,50 +66,34 @@ AtspiReference searchFocused(const ElementView& window) {
 // The box that the button or the field is a part of, in GTK 4 with something between them; else the part itself.
 AtspiReference boxAround(const ElementView& part, AtspiRole box) {
   constexpr int maxLevels = 2;
-  auto above = part.need(Ask::parent).parent;
-  for (int level = 0; level < maxLevels && !above.isNull(); ++level) {
-    const auto view = part.other(above);
-    if (view.role() == box) return above;
-    above = view.need(Ask::parent).parent;
-  }
-  return part.reference();
+  auto found = searchUp(part.parent(), maxLevels, [box](const auto& view) { return foundIf(view.role() == box); });
+  return found.isNull() ? part.reference() : found;
 }
 
 // The list, table or tree that an item lies in; null: it is no item of one.
 AtspiReference containerOf(const ElementView& item) {
   if (!is(item.role(), RoleKind::item)) return {};
-  auto above = item.need(Ask::parent).parent;
-  for (int level = 0; level < maxLevelsOfItems && !above.isNull(); ++level) {
-    const auto container = item.other(above);
-    if (is(container.role(), RoleKind::itemContainer)) return above;
-    above = container.need(Ask::parent).parent;
-  }
-  return {};
+  return searchUp(item.parent(), maxLevelsOfItems,
+                  [](const auto& view) { return foundIf(is(view.role(), RoleKind::itemContainer)); });
 }
 
 // The list of an open drop-down belongs to it, wherever it is on the screen. Null: it is no such list.
 AtspiReference dropDownAround(const ElementView& list) {
-  auto above = list.need(Ask::parent).parent;
-  for (int level = 0; level < maxLevelsOfDropDown && !above.isNull(); ++level) {
-    const auto view = list.other(above);
-    if (view.role() == AtspiRole::comboBox) return above;
-    if (endsSearch(view.role())) return {};
-    above = view.need(Ask::parent).parent;
-  }
-  return {};
+  return searchUp(list.parent(), maxLevelsOfDropDown, [](const auto& view) {
+    if (endsSearch(view.role())) return Search::ends;
+    return foundIf(view.role() == AtspiRole::comboBox);
+  });
 }
 
 // The drop-down whose list the element lies in, as an item or a part of one; null: it lies in none.
 AtspiReference dropDownOf(const ElementView& element) {
-  auto item = element.reference();
-  for (int level = 0; level < maxLevelsInItem && !item.isNull(); ++level) {
-    const auto view = element.other(item);
-    const auto container = containerOf(view);
-    if (!container.isNull()) return dropDownAround(element.other(container));
+  AtspiReference list;
+  searchUp(element, maxLevelsInItem, [&list](const auto& view) {
+    list = containerOf(view);
     const bool mayBePart = is(view.role(), RoleKind::partOfControl) || is(view.role(), RoleKind::mereContainer);
-    item = mayBePart ? view.need(Ask::parent).parent : AtspiReference{};
-  }
-  return {};
+    return list.isNull() && mayBePart ? Search::goesOn : Search::ends;
+  });
+  return list.isNull() ? AtspiReference{} : dropDownAround(element.other(list));
 }
 
 // What is followed while the element has the focus.

@@ -160,13 +160,7 @@ void PointedElement::prepare() {
   if (isNew) findTopLevel(*window);
 }
 
-AtspiReference PointedElement::atPress(std::optional<CGPoint> place) {
-  pressTime_ = steady_clock::now();
-  if (!place) return {};
-  return pressedAt(*place);
-}
-
-AtspiReference PointedElement::pressedAt(CGPoint place) {
+AtspiReference PointedElement::atPress(CGPoint place) {
   const auto inside = windows_.inApplication(place);
   auto highlighted = focus_.highlightedItems().at(inside, steady_clock::now());
   const auto window = highlighted.isNull() ? windows_.topLevelWindowAt(place) : std::nullopt;
@@ -197,15 +191,13 @@ bool PointedElement::hasActed(const AtspiReference& pressed, CGPoint place) {
 
 // A control that shows an image and a text is pressed on one of them.
 AtspiReference PointedElement::controlAround(const AtspiReference& pressed) {
-  auto current = pressed;
-  for (int level = 0; level < maxLevelsOfControl && !current.isNull(); ++level) {
-    const auto element = view(current);
+  auto control = searchUp(view(pressed), maxLevelsOfControl, [](const auto& element) {
     const auto role = element.role();
-    if (is(role, RoleKind::control)) return current;
+    if (is(role, RoleKind::control)) return Search::found;
     const bool mayBePart = is(role, RoleKind::partOfControl) || is(role, RoleKind::mereContainer);
-    current = mayBePart ? element.need(Ask::parent).parent : AtspiReference{};
-  }
-  return pressed;
+    return mayBePart ? Search::goesOn : Search::ends;
+  });
+  return control.isNull() ? pressed : control;
 }
 
 std::optional<AtspiRectangle> PointedElement::areaOf(const AtspiReference& pressed) {

@@ -25,11 +25,11 @@ class PointedElement {
   /// says why.
   AtspiReference at(CGPoint point);
 
-  /// The same of a place where a button is pressed: what is highlighted there stays so, since the click is not over,
-  /// and lists that are open only now are looked into. Nothing: it is not known where the pointer is.
-  AtspiReference atPress(std::optional<CGPoint> place);
-  /// What lies there a moment later, in the window of the press.
-  AtspiReference stillAtPress(CGPoint place) { return pressedAt(place); }
+  /// A button was pressed.
+  void notePress() { pressTime_ = std::chrono::steady_clock::now(); }
+  /// The same of a place where a button is pressed, as long as it is: what is highlighted there stays so, since the
+  /// click is not over, and lists that are open only now are looked into.
+  AtspiReference atPress(CGPoint place);
   /// Whether what was found at the pressed place is only what the application guessed to lie there, and finds out.
   bool isGuess(const AtspiReference& pressed);
   /// Whether it has gone from there since, or opens what may lie above it now. Asks it anew.
@@ -60,7 +60,6 @@ class PointedElement {
   AtspiReference optionAt(const std::string& busName, CGPoint point);
   AtspiReference elementIn(const PointedAt& at);
   AtspiReference optionOfPage(const WindowOnScreen& window, CGPoint point);
-  AtspiReference pressedAt(CGPoint place);
   AtspiReference controlAround(const AtspiReference& pressed);
   AtspiReference noted(AtspiReference found);
   bool wasDraggedTo(const AtspiReference& released, CGPoint point);

@@ -19,9 +19,9 @@ constexpr std::size_t maxPartsSearched = 64;
 // Of one that says nothing of its place.
 constexpr double unknownDistance = 1e6;
 
-constexpr double leastScale = 0.5;
+constexpr double minScale = 0.5;
 constexpr double maxScale = 5;
-constexpr double leastDifferenceOfScales = 0.09;
+constexpr double minDifferenceOfScales = 0.09;
 constexpr double maxDistortion = 0.03;
 // Where screens begin is scaled by some and not by others.
 constexpr double maxDistanceByScreens = 50;
@@ -50,9 +50,9 @@ std::vector<double> likelyScales(const AtspiRectangle& place, const ScreenRectan
   std::vector<double> scales{1};
   const auto across = window.width / place.width;
   const auto down = window.height / place.height;
-  if (across < leastScale || across > maxScale) return scales;
+  if (across < minScale || across > maxScale) return scales;
   if (std::lround(across) > 1 && std::lround(across) == std::lround(down)) scales.push_back(std::round(across));
-  const bool isScale = std::abs(across - 1) >= leastDifferenceOfScales && std::abs(across / down - 1) < maxDistortion;
+  const bool isScale = std::abs(across - 1) >= minDifferenceOfScales && std::abs(across / down - 1) < maxDistortion;
   if (isScale && coordinates == Coordinates::ofScreen) scales.push_back(across);
   return scales;
 }

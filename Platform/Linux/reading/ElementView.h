@@ -23,6 +23,8 @@ class ElementView {
   AtspiApplication& application() const { return *application_; }
   const Toolkit& toolkit() const { return application_->toolkit(); }
   ElementView other(const AtspiReference& reference) const { return {reader_, reference}; }
+  /// Of the null element, if there is none.
+  ElementView parent() const { return other(need(Ask::parent).parent); }
 
   /// The facts, with these among them; what is sure to be needed soon is asked for in the same wave.
   const AtspiFacts& need(Asks asks) const;
@@ -48,5 +50,24 @@ class ElementView {
   const AtspiReference reference_;
   const std::shared_ptr<AtspiApplication> application_;
 };
+
+/// What a search does after it has looked at an element.
+enum class Search : std::uint8_t { goesOn, found, ends };
+
+/// The first of an element and those above it, so many in all, that `look` finds; null: none.
+template <typename Look>
+AtspiReference searchUp(const ElementView& from, int maxElements, Look look) {
+  auto at = from.reference();
+  for (int i = 0; i < maxElements && !at.isNull(); ++i) {
+    const auto view = from.other(at);
+    const Search search = look(view);
+    if (search == Search::found) return at;
+    if (search == Search::ends) return {};
+    at = view.need(Ask::parent).parent;
+  }
+  return {};
+}
+
+inline Search foundIf(bool isFound) { return isFound ? Search::found : Search::goesOn; }
 
 }  // namespace norra::linux_desktop
