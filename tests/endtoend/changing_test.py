@@ -53,7 +53,6 @@ class Gtk4(ChangingTest, EndToEndTest):
     words = GTK4
     # A window that opens with the focus where it stays may be told of before the window behind it is.
     keys = [case for case in KEYS + KEYS_IN_DIALOGS + KEYS_IN_WINDOWS if case[0] not in ("cancel", "close", "window")]
-    not_told_yet = ("menu",)
     application = staticmethod(lambda: ControlledApplication("changing_gtk4.py"))
 
 

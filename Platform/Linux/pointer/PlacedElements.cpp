@@ -52,10 +52,31 @@ bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinate
   return !view.reader().known(child.reference).answered(askFor(coordinates));
 }
 
-bool isAroundItem(const PlacedElement& child, CGPoint point, std::int32_t margin) {
-  if (margin == 0 || child.role != AtspiRole::listItem || !child.place) return false;
-  const auto& [x, y, width, height] = *child.place;
-  return contains({x - margin, y - margin, width + 2 * margin, height + 2 * margin}, point);
+bool isPressedAsAWhole(AtspiRole role) {
+  using enum RoleKind;
+  constexpr std::array kinds{control, field, item, menuPart, checkable};
+  return std::ranges::any_of(kinds, [role](auto kind) { return is(role, kind); });
+}
+
+// How far outside of it a point lies, by the side where it is farthest.
+double distanceFrom(const AtspiRectangle& place, CGPoint point) {
+  const double right = double{1} * place.x + place.width;
+  const double bottom = double{1} * place.y + place.height;
+  return std::max({place.x - point.x, point.x - right, place.y - point.y, point.y - bottom, 0.0});
+}
+
+// Of a toolkit that says only where the content of its controls is.
+const PlacedElement* nearestAround(const std::vector<PlacedElement>& children, CGPoint point, const Toolkit& toolkit) {
+  const PlacedElement* nearest = nullptr;
+  double nearestYet = toolkit.marginOfControls;
+  for (const auto& child : children) {
+    if (!child.place || !isPressedAsAWhole(child.role)) continue;
+    const double distance = distanceFrom(*child.place, point);
+    if (distance >= nearestYet) continue;
+    nearest = &child;
+    nearestYet = distance;
+  }
+  return nearest;
 }
 
 // Where one lies above the other, and has the pointer.
@@ -95,9 +116,7 @@ AtspiReference nextDown(const ElementView& view, CGPoint point, Coordinates coor
   }
   const auto children = placedChildren(view, coordinates);
   if (const auto* topmost = topmostAt(children, point, view.toolkit())) return topmost->reference;
-  for (const auto& child : children) {
-    if (isAroundItem(child, point, view.toolkit().marginOfItems)) return child.reference;
-  }
+  if (const auto* nearest = nearestAround(children, point, view.toolkit())) return nearest->reference;
   if (levelsOfUnplaced == 0) return {};
   for (auto child = children.rbegin(); child != children.rend(); ++child) {
     if (isPlaceSure(view, *child, coordinates)) continue;

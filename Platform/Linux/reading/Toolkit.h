@@ -85,9 +85,8 @@ struct Toolkit {
   bool countsFromShadow = false;
   /// Its popovers are windows of their own, while their accessibles lie below what opens them.
   bool popoversAreWindows = false;
-  /// How far around an item of a list a point still belongs to it, in pixels, where it says the place of its content
-  /// only.
-  std::int32_t marginOfItems = 0;
+  /// How far around a control a point still belongs to it, in pixels, where it says the place of its content only.
+  std::int32_t marginOfControls = 0;
   /// How many of the names of an element's actions are asked for together with their number.
   int actionsReadAhead = 1;
   /// Says of what is written into a combo box, not of the box, that it can be edited.

@@ -142,7 +142,7 @@ const Toolkit gtk4{
     .saysWhatIsShown = false,
     .countsFromShadow = true,
     .popoversAreWindows = true,
-    .marginOfItems = 8,
+    .marginOfControls = 14,
     .hidesFieldsInComboBoxes = true,
     .trueRole = trueRole,
     .knownBy = Ask::name,
