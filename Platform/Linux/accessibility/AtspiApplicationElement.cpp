@@ -5,6 +5,7 @@
 #include <csignal>
 
 #include "Platform/Linux/accessibility/WindowElement.h"
+#include "Platform/Linux/elements/Naming.h"
 #include "Platform/Linux/elements/Structure.h"
 #include "Platform/Linux/following/WatchedEvents.h"
 
@@ -26,6 +27,11 @@ AttributeResult attributeOfRoot(const ElementView& root, std::string_view attrib
   if (attribute == "AXTitle") return textOrNoValue(root.needOnly(Ask::name).name);
   if (attribute == "AXChildren") return childrenOf(root);
   return unsupported();
+}
+
+std::string properTitle(const ElementView& window) {
+  const auto& facts = window.needOnly({Ask::role, Ask::name});
+  return properName(facts.name, static_cast<AtspiRole>(facts.role), window.toolkit());
 }
 
 }  // namespace
@@ -55,7 +61,7 @@ AXResult<AXAttributeValue> AtspiApplicationElement::handleOrNothing(const AtspiR
 AXResult<AXAttributeValue> AtspiApplicationElement::focusedWindow(const AtspiReference& root) const {
   auto& reader = session_.reader();
   const auto window = root.isNull() ? AtspiReference{} : activeWindowOf(ElementView(reader, root));
-  const auto title = window.isNull() ? std::string() : ElementView(reader, window).needOnly(Ask::name).name;
+  const auto title = window.isNull() ? std::string() : properTitle(ElementView(reader, window));
   auto onScreen = windows_.activeWindow();
   const bool saysMore = onScreen && onScreen->process == process_ && onScreen->title.starts_with(title) &&
                         (title.empty() || onScreen->title.size() > title.size());

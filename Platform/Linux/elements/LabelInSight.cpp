@@ -1,8 +1,10 @@
 #include "Platform/Linux/elements/LabelInSight.h"
 
 #include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <limits>
+#include <string_view>
 #include <vector>
 
 #include "Platform/Linux/elements/Naming.h"
@@ -49,12 +51,22 @@ AtspiRectangle placeIn(const AtspiFacts& facts, Ask ask) {
   return ask == Ask::extents ? facts.extents : facts.windowExtents;
 }
 
+// A mere sign stands between two fields: the colon of a time, a dash, a cross.
+bool isSign(std::string_view text) {
+  const auto first = text.find_first_not_of(" \t\n");
+  if (first == std::string_view::npos) return true;
+  const auto sign = text.substr(first, text.find_last_not_of(" \t\n") + 1 - first);
+  if (sign.size() == 1) return std::isalnum(static_cast<unsigned char>(sign.front())) == 0;
+  // From U+2000 on there are signs of all kinds, before the letters of the Far East.
+  return sign.size() == 3 && (sign.front() == '\xE2' || sign == "\uFF1A");
+}
+
 bool isFreeLabel(const AtspiFacts& facts) {
   constexpr std::uint32_t labelFor = 1;
   const auto role = static_cast<AtspiRole>(facts.role);
   const bool isText = role == AtspiRole::label || role == AtspiRole::staticText;
   const bool isTaken = std::ranges::any_of(facts.relations, [](const auto& one) { return one.type == labelFor; });
-  return isText && !isTaken && facts.name.find_first_not_of(" \t\n") != std::string::npos;
+  return isText && !isTaken && !isSign(facts.name);
 }
 
 bool isShown(const AtspiFacts& facts, const Toolkit& toolkit) {

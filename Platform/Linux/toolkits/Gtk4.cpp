@@ -66,17 +66,27 @@ bool isInOneWord(std::string_view name) {
 // GtkButton, AdwActionRow; and what applications make of them: EditorSearchEntry, NautilusNameCell.
 bool isClassName(std::string_view name) {
   using namespace std::string_view_literals;
-  static constexpr std::array widgets{"Bar"sv,     "Box"sv, "Button"sv,  "Cell"sv, "Editor"sv, "Entry"sv, "Item"sv,
-                                      "Popover"sv, "Row"sv, "Sidebar"sv, "View"sv, "Widget"sv, "Window"sv};
+  static constexpr std::array widgets{"Area"sv,    "Bar"sv,    "Box"sv,     "Button"sv, "Cell"sv,    "Chooser"sv,
+                                      "Day"sv,     "Dialog"sv, "Display"sv, "Editor"sv, "Entry"sv,   "Face"sv,
+                                      "Grid"sv,    "Header"sv, "Icon"sv,    "Image"sv,  "Item"sv,    "Label"sv,
+                                      "List"sv,    "Page"sv,   "Panel"sv,   "Picker"sv, "Popover"sv, "Row"sv,
+                                      "Sidebar"sv, "Stack"sv,  "Tile"sv,    "View"sv,   "Widget"sv,  "Window"sv};
   if (name.size() <= 3 || !isCapital(name.front()) || !isInOneWord(name)) return false;
   if (name.starts_with("Gtk") || name.starts_with("Adw")) return isCapital(name[3]);
   const bool endsInWidget = std::ranges::any_of(widgets, [name](auto widget) { return name.ends_with(widget); });
   return endsInWidget && std::ranges::count_if(name, isCapital) > 2;
 }
 
+// ClocksWindow: no title is in such a word alone.
+bool isClassOfWindow(std::string_view name, AtspiRole role) {
+  const bool isWindow = role == AtspiRole::window || role == AtspiRole::frame;
+  return isWindow && isInOneWord(name) && name.ends_with("Window") && std::ranges::count_if(name, isCapital) > 1;
+}
+
 // What stands there instead of a name.
 std::string_view properName(std::string_view name, AtspiRole role) {
-  const bool isDefault = isClassName(name) || (role == AtspiRole::pageTab && name == "Tab") ||
+  const bool isDefault = isClassName(name) || isClassOfWindow(name, role) ||
+                         (role == AtspiRole::pageTab && name == "Tab") ||
                          (role == AtspiRole::pageTabList && name == "Tab list");
   return isDefault ? std::string_view() : name;
 }

@@ -18,6 +18,8 @@ TEST(Names, LeaveOutWhatToolkitsSayInsteadOfAName) {
                       {"EditorSearchEntry", AtspiRole::text, gtk4, ""},
                       {"SearchEntry", AtspiRole::text, gtk4, "SearchEntry"},
                       {"NautilusNameCell", AtspiRole::listItem, gtk4, ""},
+                      {"GcalDateChooserDay", AtspiRole::pushButton, gtk4, ""},
+                      {"ClocksWindow", AtspiRole::window, gtk4, ""},
                       {"AdwGizmo", AtspiRole::filler, gtk4, ""},
                       {"GtkButton", AtspiRole::pushButton, gtk3, "GtkButton"},
                       {"Gtk demo", AtspiRole::pushButton, gtk4, "Gtk demo"},
