@@ -17,6 +17,8 @@ constexpr std::size_t maxNeighbours = 40;
 constexpr int maxLevels = 2;
 // In pixels.
 constexpr std::int32_t maxGapBefore = 160;
+// Switches stand at the end of a line.
+constexpr std::int32_t maxGapInLine = 1000;
 constexpr std::int32_t maxGapAbove = 16;
 constexpr std::int32_t maxIndentation = 24;
 constexpr std::int32_t slack = 2;
@@ -36,13 +38,13 @@ bool isInOneLine(const AtspiRectangle& one, const AtspiRectangle& other) {
 }
 
 // How far before or above the field; nothing: neither.
-std::int32_t gapTo(const AtspiRectangle& field, const AtspiRectangle& label) {
+std::int32_t gapTo(const AtspiRectangle& field, const AtspiRectangle& label, std::int32_t maxGap) {
   constexpr auto none = std::numeric_limits<std::int32_t>::max();
   const auto before = field.x - rightOf(label);
-  if (isInOneLine(field, label)) return before >= -slack && before <= maxGapBefore ? before : none;
+  if (isInOneLine(field, label)) return before >= -slack && before <= maxGap ? before : none;
   const auto above = field.y - bottomOf(label);
   const bool isAbove = above >= -slack && above <= maxGapAbove && std::abs(field.x - label.x) <= maxIndentation;
-  return isAbove ? maxGapBefore + above : none;
+  return isAbove ? maxGap + above : none;
 }
 
 Ask placeAsk(const Toolkit& toolkit) { return toolkit.saysPlacesOnScreen ? Ask::extents : Ask::windowExtents; }
@@ -92,8 +94,9 @@ std::vector<Neighbour> neighbours(const ElementView& around, const AtspiReferenc
   return found;
 }
 
-AtspiReference nearestLabel(const AtspiRectangle& field, const std::vector<Neighbour>& neighbours) {
-  const auto gap = [&](const Neighbour& one) { return gapTo(field, one.place); };
+AtspiReference nearestLabel(const AtspiRectangle& field, const std::vector<Neighbour>& neighbours,
+                            std::int32_t maxGap) {
+  const auto gap = [&](const Neighbour& one) { return gapTo(field, one.place, maxGap); };
   const auto nearest = std::ranges::min_element(neighbours, {}, gap);
   const bool isNear = nearest != neighbours.end() && gap(*nearest) != std::numeric_limits<std::int32_t>::max();
   return isNear && nearest->isLabel ? nearest->reference : AtspiReference{};
@@ -105,11 +108,18 @@ bool isNamed(const ElementView& view) {
   return !mayBeValue && !properName(view.need(Ask::name).name, view.role(), view.toolkit()).empty();
 }
 
+// What is clicked is mostly called by what stands on it.
+bool isBlankControl(const ElementView& view) {
+  const auto role = view.role();
+  const bool mayBe = role == AtspiRole::checkBox || role == AtspiRole::toggleButton || role == AtspiRole::switchControl;
+  return mayBe && firstChildren(view, 1).empty();
+}
+
 bool mayHaveLabel(const ElementView& view) {
   const auto role = view.role();
   const bool mayBe = is(role, RoleKind::field) || role == AtspiRole::comboBox || role == AtspiRole::spinButton ||
-                     role == AtspiRole::slider;
-  if (!mayBe || view.toolkit().showsWebPages) return false;
+                     role == AtspiRole::slider || isBlankControl(view);
+  if (view.toolkit().showsWebPages || !mayBe) return false;
   // What a slider is described by may be the value that it had.
   const bool isDescribed = !is(role, RoleKind::number) && descriptionOf(view).error == axError::success;
   return !isNamed(view) && !isDescribed && placeholderOf(view).error != axError::success;
@@ -132,7 +142,7 @@ AtspiReference labelInSight(const ElementView& view) {
     const auto around = view.other(view.other(inside).need(Ask::parent).parent);
     if (around.reference().isNull() || !mayBeForm(around.role())) return {};
     const auto others = around.role() == AtspiRole::comboBox ? std::vector<Neighbour>{} : neighbours(around, inside);
-    if (!others.empty()) return nearestLabel(field, others);
+    if (!others.empty()) return nearestLabel(field, others, isBlankControl(view) ? maxGapInLine : maxGapBefore);
     inside = around.reference();
   }
   return {};

@@ -71,13 +71,15 @@ const PlacedElement* tabBefore(const std::vector<PlacedElement>& tabs, CGPoint p
   return isNear || (before && !isLast) ? before : nullptr;
 }
 
-const PlacedElement* tabAt(const std::vector<PlacedElement>& tabs, CGPoint point) {
-  for (const auto margin : {0, marginOfTab}) {
-    const auto found = std::ranges::find_if(
-        tabs, [&](const auto& tab) { return tab.place && contains(inflated(*tab.place, margin), point); });
-    if (found != tabs.end()) return &*found;
-  }
-  return tabBefore(tabs, point);
+const PlacedElement* tabWithin(const std::vector<PlacedElement>& tabs, CGPoint point, std::int32_t margin) {
+  const auto found = std::ranges::find_if(
+      tabs, [&](const auto& tab) { return tab.place && contains(inflated(*tab.place, margin), point); });
+  return found != tabs.end() ? &*found : nullptr;
+}
+
+const PlacedElement* tabAround(const std::vector<PlacedElement>& tabs, CGPoint point) {
+  const auto* found = tabWithin(tabs, point, marginOfTab);
+  return found ? found : tabBefore(tabs, point);
 }
 
 // The page that is on the screen at the point; null: none.
@@ -100,9 +102,11 @@ struct Step {
 
 Step stepIntoNotebook(const ElementView& tabList, CGPoint point) {
   const auto tabs = fewPlacedChildren(tabList, Coordinates::ofScreen);
+  // A page that has just been turned to may still say that it lies where it has been.
+  if (const auto* tab = tabWithin(tabs, point, 0)) return {tab->reference, true};
   const auto page = pageAt(tabList, tabs, point);
   if (!page.isNull()) return {page};
-  const auto* tab = tabAt(tabs, point);
+  const auto* tab = tabAround(tabs, point);
   return {tab ? tab->reference : AtspiReference{}, true};
 }
 
