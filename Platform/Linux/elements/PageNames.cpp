@@ -170,6 +170,15 @@ std::string nameOfClickable(const ElementView& view) {
   return heading.empty() ? withoutNeedlessBlanks(textWithoutFields(view)) : heading;
 }
 
+// What is chosen in a drop-down may be a part of its name, as a page puts it together.
+std::string withoutValue(const ElementView& view, const std::string& name) {
+  const bool mayHoldValue = view.role() == AtspiRole::comboBox && view.has(AtspiInterface::text) &&
+                            attributeOf(view, "name-from") == "related-element";
+  if (!mayHoldValue) return name;
+  const auto value = " " + withoutNeedlessBlanks(view.need(Ask::wholeText).wholeText);
+  return value.size() > 1 && name.ends_with(value) ? name.substr(0, name.size() - value.size()) : name;
+}
+
 }  // namespace
 
 std::string nameInPage(const ElementView& view) {
@@ -177,7 +186,7 @@ std::string nameInPage(const ElementView& view) {
   if (view.role() == AtspiRole::label) return nameFromContent(view);
   if (name.empty() && isClickableText(view)) return nameOfClickable(view);
   if (name.empty() || isPage(view)) return name;
-  if (attributeOf(view, "explicit-name") == "true") return isNamedByField(view) ? std::string() : name;
+  if (attributeOf(view, "explicit-name") == "true") return isNamedByField(view) ? std::string() : withoutValue(view, name);
   return is(view.role(), RoleKind::field) ? name : nameFromContent(view);
 }
 

@@ -185,8 +185,9 @@ bool PointedElement::hasActed(const AtspiReference& pressed, CGPoint place) {
   const auto& facts = element.needOnly({Ask::role, Ask::states, Ask::extents});
   const bool isThere = facts.answered(Ask::role) && !hasState(facts.states, AtspiState::defunct) &&
                        contains(element.application().pixels().onScreen(facts.extents), place);
-  const bool opensMore = hasState(facts.states, AtspiState::hasPopup) || hasState(facts.states, AtspiState::expandable);
-  return !isThere || opensMore;
+  const bool saysWhatIsOpen = hasState(facts.states, AtspiState::expandable);
+  const bool mayBeOpen = hasState(facts.states, saysWhatIsOpen ? AtspiState::expanded : AtspiState::hasPopup);
+  return !isThere || mayBeOpen;
 }
 
 // A control that shows an image and a text is pressed on one of them.

@@ -114,15 +114,18 @@ AtspiReference whatIsLabelledBy(const ElementView& label) {
   return {};
 }
 
-// What is ticked by a click on its label. Null: the element lies in none, or in that of something else.
-AtspiReference tickedByLabel(const ElementView& hit) {
+bool isReachedByLabel(AtspiRole role) { return is(role, RoleKind::checkable) || is(role, RoleKind::field); }
+
+// What is ticked, or got the focus, by a click on its label. Null: the element lies in none, or in that of something
+// else.
+AtspiReference reachedByLabel(const ElementView& hit) {
   auto at = hit.reference();
   for (int level = 0; level < maxLevelsInLabel && !at.isNull(); ++level) {
     const auto view = hit.other(at);
     if (is(view.role(), RoleKind::checkable) || is(view.role(), RoleKind::control)) return {};
     if (view.role() == AtspiRole::label) {
       const auto labelled = whatIsLabelledBy(view);
-      return is(view.other(labelled).role(), RoleKind::checkable) ? labelled : AtspiReference{};
+      return isReachedByLabel(view.other(labelled).role()) ? labelled : AtspiReference{};
     }
     at = view.need(Ask::parent).parent;
   }
@@ -212,9 +215,9 @@ AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
   const auto answer = answerAt(topLevel, at);
   if (answer.isNull()) return topLevel.reference();
   const auto shown = withoutHiddenOption(topLevel, answer);
-  auto ticked = tickedByLabel(topLevel.other(shown));
-  if (ticked.isNull()) ticked = tickedByUnlistedLabel(topLevel.other(shown), at);
-  return ticked.isNull() ? shown : ticked;
+  auto reached = reachedByLabel(topLevel.other(shown));
+  if (reached.isNull()) reached = tickedByUnlistedLabel(topLevel.other(shown), at);
+  return reached.isNull() ? shown : reached;
 }
 
 bool isAt(const ElementView& view, CGPoint point) {
