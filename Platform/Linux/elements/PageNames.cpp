@@ -186,7 +186,8 @@ std::string nameInPage(const ElementView& view) {
   if (view.role() == AtspiRole::label) return nameFromContent(view);
   if (name.empty() && isClickableText(view)) return nameOfClickable(view);
   if (name.empty() || isPage(view)) return name;
-  if (attributeOf(view, "explicit-name") == "true") return isNamedByField(view) ? std::string() : withoutValue(view, name);
+  if (attributeOf(view, "explicit-name") == "true")
+    return isNamedByField(view) ? std::string() : withoutValue(view, name);
   return is(view.role(), RoleKind::field) ? name : nameFromContent(view);
 }
 
