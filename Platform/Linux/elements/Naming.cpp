@@ -76,9 +76,12 @@ AtspiReference firstLabel(const ElementView& view) {
   return mayLieBeside ? labelBeside(view) : AtspiReference{};
 }
 
-// What is written into a combo box is called as that is.
+// What is written into a combo box is called as that is, and so are the parts of a date.
 AtspiReference relatedLabel(const ElementView& view) {
   auto label = firstLabel(view);
+  if (label.isNull() && view.toolkit().showsWebPages) {
+    if (const auto field = fieldOfParts(view); !field.isNull()) return firstLabel(view.other(field));
+  }
   if (!label.isNull() || !is(view.role(), RoleKind::field)) return label;
   const auto comboBox = searchUp(view.parent(), maxLevelsInComboBox, [](const auto& around) {
     if (around.role() == AtspiRole::comboBox) return Search::found;

@@ -196,6 +196,13 @@ bool isDescribedByField(const ElementView& view) {
          isToldByItself(view, Relation::describedBy, "description-from", "aria-describedby");
 }
 
+AtspiReference fieldOfParts(const ElementView& part) {
+  const bool mayBePart = part.role() == AtspiRole::spinButton || part.role() == AtspiRole::entry;
+  if (!mayBePart || attributeOf(part, "tag") != "span") return {};
+  const auto around = part.other(part.need(Ask::parent).parent);
+  return attributeOf(around, "text-input-type").empty() ? AtspiReference{} : around.reference();
+}
+
 bool isFieldOfPage(const ElementView& view) {
   return is(view.role(), RoleKind::field) || std::ranges::find(fields, view.role()) != fields.end() || isWritten(view);
 }

@@ -6,6 +6,7 @@
 
 namespace norra::linux_desktop {
 
+struct AtspiReference;
 class ElementView;
 
 /// The name without what stands in fields: of the element, of one that lies in it, or of one that names it. Empty:
@@ -15,6 +16,8 @@ std::string nameInPage(const ElementView& view);
 bool isDescribedByField(const ElementView& view);
 /// Whether the element is a part of what is written into an editor, or an editor that the page gave no such role.
 bool isWritten(const ElementView& view);
+/// The field of a page that an element is a part of, as the year is of a date; null: none.
+AtspiReference fieldOfParts(const ElementView& part);
 /// Whether an element that names another one is a field, which has a content rather than a text.
 bool isFieldOfPage(const ElementView& view);
 

@@ -117,10 +117,20 @@ bool shows(std::string text, double value) {
   return isShown || onlyNumberIn(text) == value;
 }
 
+// A page may say what stands there in words alone, as browsers do for the parts of a date.
+AttributeResult numberInPage(const ElementView& view, double value) {
+  const auto& attributes = view.need(Ask::attributes).attributes;
+  const auto words = view.role() == AtspiRole::spinButton ? attributes.find("valuetext") : attributes.end();
+  if (words == attributes.end() || words->second.empty() || shows(words->second, value)) return number(value);
+  const auto shown = onlyNumberIn(words->second);
+  return shown ? number(*shown) : valueOf(words->second);
+}
+
 // A box for a number may have the one that was there before what is written in it, and that of a date has none.
 AttributeResult numberOrText(const ElementView& view) {
   const auto value = view.need(Ask::currentValue).currentValue;
-  if (view.toolkit().showsWebPages || !view.has(AtspiInterface::text)) return number(value);
+  if (view.toolkit().showsWebPages) return numberInPage(view, value);
+  if (!view.has(AtspiInterface::text)) return number(value);
   auto text = textValue(view);
   const auto* shown = std::get_if<std::string>(&text.value);
   if (!shown || shown->empty() || shows(*shown, value)) return number(value);
