@@ -29,7 +29,7 @@ class PageServer:
         self.port = self.server.server_address[1]
         threading.Thread(target=self.server.serve_forever, daemon=True).start()
 
-    # By path; the empty name is the page itself.
+    # By path; the empty name is the page itself, the other lies beside it.
     FILES = {"/": ("", "text/html"), "/page.js": ("page.js", "text/javascript")}
 
     def _handler(self):
@@ -45,7 +45,8 @@ class PageServer:
                 file, content_type = pages.FILES.get(self.path, (None, "image/x-icon"))
                 self.begin(content_type)
                 if file is not None:
-                    self.wfile.write((FOLDER / (file or pages.page)).read_bytes())
+                    page = FOLDER / pages.page
+                    self.wfile.write((page.with_name(file) if file else page).read_bytes())
 
             def do_POST(self):
                 body = self.rfile.read(int(self.headers["Content-Length"]))

@@ -118,6 +118,29 @@ TEST_P(PageNames, ThatAPageGivesAreKeptUnlessTheyAreWritten) {
   EXPECT_EQ(title("area"), "Message");
 }
 
+TEST_P(PageNames, LeaveOutWhatIsChosenInADropDown) {
+  for (const auto& [name, expected] : {std::pair("Age Twenty", "Age"), std::pair("Twenty", "Twenty")}) {
+    auto dropDown = named(made(AtspiRole::comboBox, name, "Twenty"), labelledBy, "words");
+    dropDown.attributes["name-from"] = "related-element";
+    page("one", std::move(dropDown));
+    EXPECT_EQ(title("one"), expected);
+  }
+}
+
+TEST_P(PageNames, OfPartsOfADateAreLabelledAsTheDateAndHoldTheNumberInSight) {
+  page("part", {.role = AtspiRole::spinButton,
+                .name = "Hours",
+                .interfaces = {"Value"},
+                .parent = "date",
+                .attributes = {{"tag", "span"}, {"valuetext", "09"}}});
+  page("date", {.role = AtspiRole::panel,
+                .children = {"part"},
+                .attributes = {{"tag", "input"}, {"text-input-type", "time"}},
+                .relations = {{labelledBy, "words"}}});
+  EXPECT_EQ(read<AXUIElement>("part", "AXTitleUIElement"), element("words"));
+  EXPECT_EQ(read<NSNumber>("part", "AXValue"), NSNumber{std::int64_t{9}});
+}
+
 TEST_P(PageNames, AndDescriptionsAreNotThoseOfFields) {
   for (const auto& [target, expected] : {std::pair{"box", ""}, std::pair{"line", ""}, std::pair{"words", "more"}}) {
     auto one = made(AtspiRole::pushButton, "", "x");
