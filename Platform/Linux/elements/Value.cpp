@@ -119,9 +119,13 @@ bool shows(std::string text, double value) {
 
 // A page may say what stands there in words alone, as browsers do for the parts of a date.
 AttributeResult numberInPage(const ElementView& view, double value) {
+  const bool mayBeUnsaid = view.role() == AtspiRole::spinButton && value == 0;
+  if (!mayBeUnsaid) return number(value);
   const auto& attributes = view.need(Ask::attributes).attributes;
-  const auto words = view.role() == AtspiRole::spinButton ? attributes.find("valuetext") : attributes.end();
-  if (words == attributes.end() || words->second.empty() || shows(words->second, value)) return number(value);
+  const auto tag = attributes.find("tag");
+  const auto words = attributes.find("valuetext");
+  const bool isUnsaid = tag != attributes.end() && tag->second != "input" && words != attributes.end();
+  if (!isUnsaid || words->second.empty()) return number(value);
   const auto shown = onlyNumberIn(words->second);
   return shown ? number(*shown) : valueOf(words->second);
 }
