@@ -155,7 +155,8 @@ trap 'end_early 143' TERM
 unset WAYLAND_DISPLAY SWAYSOCK XAUTHORITY SESSION_MANAGER XDG_CONFIG_HOME XDG_DATA_HOME XDG_CACHE_HOME XDG_STATE_HOME
 unset AT_SPI_BUS_ADDRESS NO_AT_BRIDGE GTK_MODULES
 export XDG_RUNTIME_DIR="$desktop/runtime" HOME="$desktop/home" XDG_SESSION_TYPE=x11
-export GDK_BACKEND=x11 QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1
+# Without a graphics card GTK 4 would emulate one, which takes a processor and makes it answer late.
+export GDK_BACKEND=x11 QT_QPA_PLATFORM=xcb LIBGL_ALWAYS_SOFTWARE=1 GSK_RENDERER=cairo
 
 if [ -z "$compositor" ]; then
   start_x_server

@@ -179,7 +179,8 @@ AttributeResult titleOf(const ElementView& view) {
   const auto& facts = view.need(Ask::name);
   if (isListMark(facts) || isIconBesideText(view)) return noValue();
   if (facts.name.empty() && view.toolkit().nameOfNameless) return textOrNoValue(view.toolkit().nameOfNameless(view));
-  const auto name = view.toolkit().showsWebPages ? nameInPage(view) : facts.name;
+  auto name = view.toolkit().showsWebPages ? nameInPage(view) : facts.name;
+  if (view.toolkit().nameWithoutOpened) name = view.toolkit().nameWithoutOpened(view, std::move(name));
   return textOrNoValue(withoutOwnLabel(view, properName(name, view.role(), view.toolkit())));
 }
 

@@ -29,8 +29,7 @@ std::vector<PlacedElement> placed(const ElementView& view, const std::vector<Ats
   const auto liesInOwnWindow = view.toolkit().liesInOwnWindow;
   std::vector<AtspiQuestion> questions;
   for (const auto& child : references) {
-    const Asks asks{Ask::role, Ask::states, askFor(coordinates)};
-    questions.push_back({child, liesInOwnWindow ? asks | Ask::name : asks});
+    questions.push_back({child, Asks{Ask::role, Ask::states, askFor(coordinates)} | view.toolkit().liesInOwnWindowBy});
   }
   view.reader().read(questions);
   std::vector<PlacedElement> children;

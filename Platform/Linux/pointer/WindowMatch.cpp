@@ -124,15 +124,22 @@ double distanceOfPopover(const ElementView& element, const WindowOnScreen& windo
   return fitAt(facts.windowExtents, window.client, 1, Coordinates::ofWindow).distance;
 }
 
+bool liesInOwnWindow(const ElementView& root, const AtspiReference& element) {
+  const auto asked = root.toolkit().liesInOwnWindow;
+  return asked && asked(root.reader().known(element));
+}
+
 // The keyboard focus went into it.
 AtspiReference popoverAroundFocus(const ElementView& root, const WindowOnScreen& window) {
   AtspiReference best;
   double bestDistance = maxDistanceOfPopover;
   auto current = root.application().focus.lastArrival();
+  const auto asks = Asks{Ask::windowExtents, Ask::role, Ask::parent} | root.toolkit().liesInOwnWindowBy;
   for (int level = 0; level < maxLevelsOfPopover && !current.isNull(); ++level) {
-    const auto& facts = root.other(current).needOnly({Ask::windowExtents, Ask::role, Ask::parent});
+    const auto& facts = root.other(current).needOnly(asks);
     if (static_cast<AtspiRole>(facts.role) == AtspiRole::frame) break;
     const auto distance = distanceOfPopover(root.other(current), window);
+    if (distance < maxDistanceOfPopover && liesInOwnWindow(root, current)) return current;
     if (distance < bestDistance) {
       best = current;
       bestDistance = distance;
@@ -145,7 +152,8 @@ AtspiReference popoverAroundFocus(const ElementView& root, const WindowOnScreen&
 // The parts of all these elements, after what they are was asked in one wave; not of those that have very many.
 std::vector<AtspiReference> partsOfAll(const ElementView& root, const std::vector<AtspiReference>& elements) {
   std::vector<AtspiQuestion> questions;
-  for (const auto& element : elements) questions.push_back({element, {Ask::name, Ask::childCount, Ask::children}});
+  const auto asks = Asks{Ask::role, Ask::childCount, Ask::children} | root.toolkit().liesInOwnWindowBy;
+  for (const auto& element : elements) questions.push_back({element, asks});
   root.reader().read(questions);
   std::vector<AtspiReference> parts;
   for (const auto& element : elements) {
@@ -158,14 +166,13 @@ std::vector<AtspiReference> partsOfAll(const ElementView& root, const std::vecto
 
 // Only open ones are in the tree.
 AtspiReference popoverBelow(const ElementView& root, const WindowOnScreen& window) {
-  const auto liesInOwnWindow = root.toolkit().liesInOwnWindow;
   AtspiReference best;
   double bestDistance = maxDistanceOfPopover;
   std::size_t searched = 0;
   for (auto level = fewChildren(root); !level.empty() && searched < maxElementsSearched; searched += level.size()) {
     auto next = partsOfAll(root, level);
     for (const auto& element : level) {
-      if (!liesInOwnWindow || !liesInOwnWindow(root.reader().known(element))) continue;
+      if (!liesInOwnWindow(root, element)) continue;
       const auto distance = distanceOfPopover(root.other(element), window);
       if (distance < bestDistance) {
         best = element;

@@ -110,6 +110,8 @@ struct Toolkit {
   RoleAndSubrole (*ownRole)(const AtspiFacts& facts, const RoleSurroundings& surroundings) = nullptr;
   /// A name without what the toolkit puts into it or says instead of one. Null: as it is given.
   std::string_view (*properName)(std::string_view name, AtspiRole role) = nullptr;
+  /// A name without what the element has opened and the toolkit adds to it. Null: as it is given.
+  std::string (*nameWithoutOpened)(const ElementView& view, std::string name) = nullptr;
   /// An identifier that the application gave; empty: the toolkit made it up. Null: as it is given.
   std::string_view (*properIdentifier)(const AtspiFacts& facts) = nullptr;
   /// Whether a control is also the box around what it shows or switches, which is not what a click on it is on. Asked
@@ -122,6 +124,8 @@ struct Toolkit {
   std::string (*nameOfNameless)(const ElementView& view) = nullptr;
   /// Whether an element below another lies in a window of its own, wherever it says that it is. Null: none does.
   bool (*liesInOwnWindow)(const AtspiFacts& facts) = nullptr;
+  /// What that is known by, beside the role.
+  Asks liesInOwnWindowBy = {};
   /// The element at a point of the screen, below the top-level accessible of the window there; the top-level where
   /// there is none. Null: the toolkit is asked once.
   AtspiReference (*elementAt)(const ElementView& topLevel, const PointedAt& at) = nullptr;

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "Platform/Linux/elements/Structure.h"
+#include "Platform/Linux/elements/Text.h"
 #include "Platform/Linux/pointer/PlacedElements.h"
 #include "Platform/Linux/pointer/PointedAt.h"
 #include "Platform/Linux/toolkits/Toolkits.h"
@@ -11,11 +12,13 @@
 namespace norra::linux_desktop {
 namespace {
 
-// What buttons that have no name are called.
+// What buttons that have no name are called, until 4.8.
 constexpr std::string_view nameOfButtonInDropDown = "GtkToggleButton";
 constexpr int maxLevelsInDropDown = 8;
+constexpr int maxLevelsInButton = 2;
+constexpr int maxFrames = 8;
 
-// What a drop-down shows of what is chosen.
+// What a drop-down shows of what is chosen, until 4.8; later it has no name.
 constexpr std::string_view nameOfChosen = "GtkListItemWidget";
 constexpr std::size_t maxPartsOfDropDown = 4;
 
@@ -41,19 +44,52 @@ RoleAndSubrole ownRole(const AtspiFacts& facts, const RoleSurroundings& /*surrou
   return isSearchField ? RoleAndSubrole{"AXTextField", "AXSearchField"} : RoleAndSubrole{};
 }
 
+bool isChosen(const ElementView& part) {
+  return part.need(Ask::name).name == nameOfChosen || part.hasState(AtspiState::selectable);
+}
+
 std::string shownText(const ElementView& view, bool isInChosen, int levels) {
   for (const auto& child : firstChildren(view, maxPartsOfDropDown)) {
     const auto part = view.other(child);
-    const auto& name = part.need(Ask::name).name;
-    if (isInChosen && part.role() == AtspiRole::label) return name;
+    if (isInChosen && part.role() == AtspiRole::label) return part.need(Ask::name).name;
     if (levels == 0) continue;
-    auto text = shownText(part, isInChosen || name == nameOfChosen, levels - 1);
+    auto text = shownText(part, isInChosen || isChosen(part), levels - 1);
     if (!text.empty()) return text;
   }
   return {};
 }
 
 std::string chosenIn(const ElementView& dropDown) { return shownText(dropDown, false, maxLevelsInDropDown); }
+
+// A button is called by all that is written below it, which is, later than 4.8, also what the popover says that it has
+// opened.
+std::string nameWithoutOpened(const ElementView& button, std::string name) {
+  const bool mayOpen = button.role() == AtspiRole::toggleButton && button.hasState(AtspiState::hasPopup);
+  if (!mayOpen || name.find(' ') == std::string::npos) return name;
+  auto text = shownText(button, true, maxLevelsInButton);
+  return !text.empty() && name.starts_with(text + ' ') ? text : name;
+}
+
+// Of a label that is not read for itself only its text is known.
+std::string textOfLabel(const ElementView& label) {
+  const auto& name = label.need(Ask::name).name;
+  if (!name.empty()) return name;
+  if (is(label.role(), RoleKind::field) || label.hasState(AtspiState::editable)) return {};
+  const auto text = textValue(label);
+  const auto* shown = std::get_if<std::string>(&text.value);
+  return shown ? *shown : std::string();
+}
+
+// Later than 4.8 the items of its menus are called by their labels only.
+std::string nameOfNameless(const ElementView& view) {
+  constexpr std::uint32_t labelledBy = 2;
+  if (view.role() != AtspiRole::menuItem) return {};
+  for (const auto& relation : view.need(Ask::relations).relations) {
+    if (relation.type != labelledBy || relation.targets.empty()) continue;
+    return textOfLabel(view.other(relation.targets.front()));
+  }
+  return {};
+}
 
 bool isAscii(char c, char first, char last) { return c >= first && c <= last; }
 
@@ -92,18 +128,25 @@ std::string_view properName(std::string_view name, AtspiRole role) {
 }
 
 // Popovers, open or not, say that they lie over the widget that opens them. Applications make their own kinds.
-bool isPopover(const AtspiFacts& facts) {
+bool isNamedAsPopover(const AtspiFacts& facts) {
   const std::string_view name = facts.name;
   return isInOneWord(name) && (name.ends_with("Popover") || name.ends_with("PopoverMenu") || name == "GtkEmojiChooser");
 }
 
+// Without class names a popover is known by what windows, and dialogs that lie in their window, can do too.
+bool isPopover(const AtspiFacts& facts) {
+  const auto role = static_cast<AtspiRole>(facts.role);
+  const bool mayBe = role != AtspiRole::frame && role != AtspiRole::window && role != AtspiRole::dialog;
+  return (mayBe && facts.firstActionName == "default.activate") || isNamedAsPopover(facts);
+}
+
 bool mayBePartOfDropDown(const ElementView& view) {
-  const auto& name = view.need(Ask::name).name;
   switch (view.role()) {
     case AtspiRole::label:
     case AtspiRole::panel:
+    case AtspiRole::toggleButton:
     case AtspiRole::filler: return true;
-    default: return name == nameOfButtonInDropDown;
+    default: return view.need(Ask::name).name == nameOfButtonInDropDown;
   }
 }
 
@@ -122,26 +165,65 @@ AtspiReference withoutDropDownsButton(const ElementView& topLevel, const AtspiRe
   return found;
 }
 
-// In coordinates of the window, since it knows no others; a popover has its place in that of the window it belongs to.
-AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
+struct Offset {
+  double x = 0;
+  double y = 0;
+};
+
+// Later than 4.8 what lies in a frame says that it begins where the frame does.
+Offset frameAround(const AtspiRectangle& outer, const AtspiRectangle& inner) {
+  if (outer.x != inner.x || outer.y != inner.y) return {};
+  return {std::max(0, outer.width - inner.width) / 2.0, std::max(0, outer.height - inner.height) / 2.0};
+}
+
+Offset framesIn(const ElementView& popover) {
+  Offset frames;
+  auto outer = popover.needOnly(Ask::windowExtents).windowExtents;
+  auto current = popover.reference();
+  for (int level = 0; level < maxFrames; ++level) {
+    const auto children = fewPlacedChildren(popover.other(current), Coordinates::ofWindow);
+    if (children.size() != 1 || !children.front().place) break;
+    const auto [x, y] = frameAround(outer, *children.front().place);
+    frames = {frames.x + x, frames.y + y};
+    outer = *children.front().place;
+    current = children.front().reference;
+  }
+  return frames;
+}
+
+// What is left beside the content of a window is its shadow; only above it, what keeps a popover off its button.
+Offset shadowAround(const AtspiRectangle& place, const WindowOnScreen& window) {
+  if (window.shadow != ShadowExtents{}) return {window.shadow.left, window.shadow.top};
+  const Offset beside{window.client.width - place.width, window.client.height - place.height};
+  const bool isAbove = window.overrideRedirect && beside.x == 0;
+  return {beside.x / 2, isAbove ? beside.y : beside.y / 2};
+}
+
+CGPoint inContent(const ElementView& topLevel, const PointedAt& at) {
   const auto& window = at.window;
   const bool saysShadow = window.shadow != ShadowExtents{};
   const auto place = saysShadow ? AtspiRectangle{} : topLevel.needOnly({Ask::windowExtents, Ask::role}).windowExtents;
-  const auto left = saysShadow ? window.shadow.left : (window.client.width - place.width) / 2;
-  const auto top = saysShadow ? window.shadow.top : (window.client.height - place.height) / 2;
-  const CGPoint inside{at.point.x - window.client.x - left + place.x, at.point.y - window.client.y - top + place.y};
+  const auto [left, top] = shadowAround(place, window);
+  return {at.point.x - window.client.x - left + place.x, at.point.y - window.client.y - top + place.y};
+}
+
+// In coordinates of the window, since it knows no others; a popover has its place in that of the window it belongs to.
+AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
+  const bool isInPopover = at.window.overrideRedirect;
+  auto inside = inContent(topLevel, at);
   // It finds nothing in popovers.
-  const auto answer =
-      window.overrideRedirect ? AtspiReference{} : askedElementAt(topLevel, inside, Coordinates::ofWindow);
+  const auto answer = isInPopover ? AtspiReference{} : askedElementAt(topLevel, inside, Coordinates::ofWindow);
   const auto hit = answer.isNull() ? topLevel : topLevel.other(answer);
   topLevel.reader().notePath(hit.reference());
   hit.need(Ask::childCount);
+  if (isInPopover) {
+    const auto [x, y] = framesIn(topLevel);
+    inside = {inside.x - x, inside.y - y};
+  }
   return withoutDropDownsButton(topLevel, deepestByPlace(hit, inside, Coordinates::ofWindow));
 }
 
-}  // namespace
-
-const Toolkit gtk4{
+constexpr Toolkit withClassNames{
     .givesHiddenTextAway = true,
     .tellsWhatIsShowing = false,
     .tellsNumbers = false,
@@ -159,8 +241,22 @@ const Toolkit gtk4{
     .ownRole = ownRole,
     .properName = properName,
     .chosenIn = chosenIn,
-    .liesInOwnWindow = isPopover,
+    .liesInOwnWindow = isNamedAsPopover,
+    .liesInOwnWindowBy = Ask::name,
     .elementAt = elementAt,
 };
+
+}  // namespace
+
+const Toolkit gtk4WithClassNames = withClassNames;
+
+const Toolkit gtk4 = [] {
+  auto later = withClassNames;
+  later.nameWithoutOpened = nameWithoutOpened;
+  later.nameOfNameless = nameOfNameless;
+  later.liesInOwnWindow = isPopover;
+  later.liesInOwnWindowBy |= Ask::firstActionName;
+  return later;
+}();
 
 }  // namespace norra::linux_desktop

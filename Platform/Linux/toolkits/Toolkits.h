@@ -6,6 +6,8 @@
 namespace norra::linux_desktop {
 
 extern const Toolkit gtk3;
+/// Until 4.8 what has no name is called by its class.
+extern const Toolkit gtk4WithClassNames;
 extern const Toolkit gtk4;
 extern const Toolkit qt;
 extern const Toolkit chromium;

@@ -102,7 +102,8 @@ TEST(RoleMapping, DependsOnStatesAndSurroundings) {
 
 TEST(Toolkits, AreToldByNameAndVersion) {
   EXPECT_EQ(&toolkitNamed("gtk", "3.24.38", ""), &gtk3);
-  EXPECT_EQ(&toolkitNamed("GTK", "4.8.3", ""), &gtk4);
+  EXPECT_EQ(&toolkitNamed("GTK", "4.8.3", ""), &gtk4WithClassNames);
+  EXPECT_EQ(&toolkitNamed("GTK", "4.18.6", ""), &gtk4);
   EXPECT_EQ(&toolkitNamed("Qt", "5.15", ""), &qt);
   EXPECT_EQ(&toolkitNamed("Chromium", "156", ""), &chromium);
   EXPECT_EQ(&toolkitNamed("Gecko", "153", ""), &gecko);
