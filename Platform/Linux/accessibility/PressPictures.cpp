@@ -165,10 +165,10 @@ void PressPictures::makeSure(Press& press, const AtspiReference& guessed) {
 
 bool PressPictures::rehearse(Press& press, const AtspiReference& pressed) {
   AXUIElement element(std::make_shared<PicturedElement>(session_, press.picture, handles_.element(pressed)));
-  const bool isTold = rehearse_(element);
-  press.element = isTold ? std::optional(std::move(element)) : std::nullopt;
-  press.area = isTold ? pointed_.areaOf(pressed) : std::nullopt;
-  return isTold;
+  if (!rehearse_(element)) return false;
+  press.element = std::move(element);
+  press.area = pointed_.areaOf(pressed);
+  return true;
 }
 
 }  // namespace norra::linux_desktop
