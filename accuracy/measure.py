@@ -26,7 +26,6 @@ from waiting import wait_until
 
 QUIET = 1.2  # seconds: a text is told when it has been left alone for one
 LATEST = 3.0
-WITHOUT_GRAPHICS_CARD = {"GSK_RENDERER": "cairo"}  # GTK 4 would emulate one, which takes a whole processor and its answers wait
 COMPLAINT = re.compile(r"CRITICAL|[Aa]ssertion|ASSERT|[Ss]egmentation|Traceback|terminate called|core dumped")
 
 
@@ -101,7 +100,7 @@ class Running:
     def _start(self, program):
         command = [word.format(home=self.home, here=FOLDER) for word in program.command]
         return subprocess.Popen(command, stdout=self.errors, stderr=self.errors, cwd=self.home,
-                                env={**os.environ, **WITHOUT_GRAPHICS_CARD, **program.environment}, start_new_session=True)
+                                env={**os.environ, **program.environment}, start_new_session=True)
 
     @staticmethod
     def _wait_until_still():

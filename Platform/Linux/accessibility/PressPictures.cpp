@@ -152,7 +152,6 @@ bool PressPictures::look(Press& press) {
   const bool isTold = rehearse(press, pressed);
   noteNumber(ElementView(session_.reader(), pressed));
   if (isTold && pointed_.isGuess(pressed)) makeSure(press, pressed);
-  press.picture->keepFacts(session_.reader().allKnown());
   return !isTold && (pressed.path == AtspiReference::rootPath || isInWebPage(pressed));
 }
 
@@ -160,7 +159,7 @@ bool PressPictures::look(Press& press) {
 void PressPictures::makeSure(Press& press, const AtspiReference& guessed) {
   mayLookAfter(pauseBeforeMakingSure, press);
   const auto found = pointed_.atPress(*press.place);
-  if (!found.isNull() && found != guessed && !pointed_.hasActed(guessed, *press.place)) rehearse(press, found);
+  if (!found.isNull() && found != guessed && !pointed_.hasActed(guessed, press.area)) rehearse(press, found);
 }
 
 bool PressPictures::rehearse(Press& press, const AtspiReference& pressed) {
@@ -168,6 +167,7 @@ bool PressPictures::rehearse(Press& press, const AtspiReference& pressed) {
   if (!rehearse_(element)) return false;
   press.element = std::move(element);
   press.area = pointed_.areaOf(pressed);
+  press.picture->keepFacts(session_.reader().allKnown());
   return true;
 }
 

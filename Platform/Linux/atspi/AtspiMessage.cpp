@@ -177,6 +177,10 @@ bool contains(const AtspiRectangle& place, CGPoint point) {
          point.y < double{1} * place.y + place.height;
 }
 
+CGPoint centerOf(const AtspiRectangle& place) {
+  return {double{1} * place.x + place.width / 2, double{1} * place.y + place.height / 2};
+}
+
 std::optional<std::string> readText(sd_bus_message* message) { return readPlainOrVariant(message, &readPlainText); }
 
 std::optional<std::int64_t> readInteger(sd_bus_message* message) {

@@ -41,6 +41,8 @@ struct AtspiRectangle {
 };
 
 bool contains(const AtspiRectangle& place, CGPoint point);
+/// Of whole pixels.
+CGPoint centerOf(const AtspiRectangle& place);
 
 /// One element of a message, read from where the message stands; a value inside a variant is as good as the value.
 /// A null message gives nothing.

@@ -179,12 +179,13 @@ bool PointedElement::isGuess(const AtspiReference& pressed) {
   return element.toolkit().guessesAtFirst && !isOption;
 }
 
-bool PointedElement::hasActed(const AtspiReference& pressed, CGPoint place) {
+bool PointedElement::hasActed(const AtspiReference& pressed, const std::optional<AtspiRectangle>& area) {
   session_.reader().askAnew(pressed);
   const auto element = view(pressed);
   const auto& facts = element.needOnly({Ask::role, Ask::states, Ask::extents});
+  const auto now = element.application().pixels().onScreen(facts.extents);
   const bool isThere = facts.answered(Ask::role) && !hasState(facts.states, AtspiState::defunct) &&
-                       contains(element.application().pixels().onScreen(facts.extents), place);
+                       (!area || contains(*area, centerOf(now)));
   const bool saysWhatIsOpen = hasState(facts.states, AtspiState::expandable);
   const bool mayBeOpen = hasState(facts.states, saysWhatIsOpen ? AtspiState::expanded : AtspiState::hasPopup);
   return !isThere || mayBeOpen;

@@ -32,8 +32,9 @@ class PointedElement {
   AtspiReference atPress(CGPoint place);
   /// Whether what was found at the pressed place is only what the application guessed to lie there, and finds out.
   bool isGuess(const AtspiReference& pressed);
-  /// Whether it has gone from there since, or opens what may lie above it now. Asks it anew.
-  bool hasActed(const AtspiReference& pressed, CGPoint place);
+  /// Whether it has gone since from the area that it was in, or opens what may lie above it now. Asks it anew. Its area
+  /// need not contain the pressed place: a press on a label is one on its field.
+  bool hasActed(const AtspiReference& pressed, const std::optional<AtspiRectangle>& area);
 
   /// Finds out which top-level accessible the active window is, if it is not known, so that a press in it need not.
   void prepare();
