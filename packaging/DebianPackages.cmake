@@ -62,7 +62,7 @@ set(CPACK_DEBIAN_COLLECTOR_PACKAGE_RECOMMENDS "at-spi2-core, xkb-data")
 set(CPACK_DEBIAN_COLLECTOR_PACKAGE_SUGGESTS "python3-dbus, python3-gi, jq, mosquitto-clients")
 set(CPACK_DEBIAN_COLLECTOR_PACKAGE_CONTROL_EXTRA ${CMAKE_CURRENT_SOURCE_DIR}/debian/prerm)
 set(CPACK_COMPONENT_COLLECTOR_DESCRIPTION
-  "A background service that watches what a person does in the applications of\nan X11 desktop, and reports every interaction \
+  "A background service that watches what a person does in the applications of\na desktop, and reports every interaction \
 at the level of the user\ninterface (clicks on controls, changed texts, selections, key combinations,\nswitches of the \
 application) as one JSON text to client programs on the session\nbus. Passwords are never read.\n\nContains the service, which \
 the session bus starts on demand, the command line\nclient norra-collect, and norra-report, which makes a page of a recorded\n\

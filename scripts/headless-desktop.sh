@@ -5,8 +5,8 @@
 # XDG_RUNTIME_DIR. Nothing of it is left afterwards, also when a signal ends it. XDG_DATA_DIRS is passed on, so that a
 # service of a build tree can be started by the bus. NORRA_DESKTOP_LOGS names a folder that keeps the desktop's logs,
 # NORRA_DESKTOP_SCREEN says how large the screen is (1280x900x24).
-# NORRA_COMPOSITOR=sway or kwin makes it a Wayland desktop, with NORRA_XWAYLAND=1 with an X server beside. sway refuses
-# to run as root, so a Wayland desktop of root's runs as the user nobody.
+# NORRA_COMPOSITOR=sway, kwin or gnome_shell makes it a Wayland desktop, with NORRA_XWAYLAND=1 with an X server beside. sway
+# refuses to run as root, so a Wayland desktop of root's runs as the user nobody. GNOME Shell has the project's extension.
 set -euo pipefail
 
 [ $# -gt 0 ] || { sed -n '2,10s/^# \{0,1\}//p' "$0" >&2; exit 2; }
@@ -14,6 +14,13 @@ set -euo pipefail
 readonly compositor=${NORRA_COMPOSITOR:-}
 if [ -n "$compositor" ] && [ "$(id -u)" = 0 ]; then
   exec setpriv --reuid nobody --regid nogroup --clear-groups --inh-caps=-all "$0" "$@"
+fi
+
+# What a Wayland desktop of GNOME needs beside. The extension is for 45 and later.
+if [ "$compositor" = gnome_shell ]; then
+  version=$(gnome-shell --version 2>/dev/null | grep --only-matching '[0-9]*' | head -n 1 || true)
+  [ "${version:-0}" -ge 45 ] && /usr/bin/python3 -c 'import dbusmock' 2>/dev/null && command -v pipewire >/dev/null ||
+    { echo "headless-desktop.sh: skipped: needs gnome-shell 45 or later, python3-dbusmock and pipewire" >&2; exit 77; }
 fi
 
 readonly limit_seconds=30
@@ -83,6 +90,7 @@ start_compositor() {
   has_socket() { socket=$(find "$XDG_RUNTIME_DIR" -maxdepth 1 -type s -name 'wayland-*') && [ -n "$socket" ]; }
   wait_until has_socket || fail "The compositor does not start."
   export WAYLAND_DISPLAY=${socket##*/}
+  [ "$compositor" != gnome_shell ] || wait_until has_shell 60 || fail "GNOME Shell does not start, or not its extension."
   [ "$compositor" != sway ] || export SWAYSOCK=$XDG_RUNTIME_DIR/sway
   [ -n "${NORRA_XWAYLAND:-}" ] || return 0
   has_display() { [ -s "$desktop/display" ]; }
@@ -112,6 +120,43 @@ start_kwin() {
   cp "$(command -v kwin_wayland)" "$desktop/kwin_wayland"
   KWIN_WAYLAND_NO_PERMISSION_CHECKS=1 KWIN_COMPOSE=Q XDG_CURRENT_DESKTOP=KDE exec "$desktop/kwin_wayland" --virtual \
     --width 1280 --height 900 --socket wayland-0 --no-lockscreen ${NORRA_XWAYLAND:+--xwayland "$desktop/tell-display"}
+}
+
+# Its settings come from a file, and its log-in daemon is a mock on a system bus of the desktop's own.
+# Unsafe mode lets the tests ask it for windows.
+start_gnome_shell() {
+  local extension
+  extension=$(cd "$(dirname "${BASH_SOURCE[0]}")/../packaging/gnome-shell" && pwd)
+  mkdir -p "$HOME/.local/share/gnome-shell" "$HOME/.config/glib-2.0/settings"
+  ln -s "$extension" "$HOME/.local/share/gnome-shell/extensions"
+  printf '[org/gnome/shell]\nenabled-extensions=[%s]\nwelcome-dialog-last-shown-version="99"\n' "'collector@norra.com'" \
+    >"$HOME/.config/glib-2.0/settings/keyfile"
+  export XDG_CURRENT_DESKTOP=GNOME GSETTINGS_BACKEND=keyfile DBUS_SYSTEM_BUS_ADDRESS="unix:path=$XDG_RUNTIME_DIR/system_bus"
+  start_system_bus
+  pipewire &
+  wireplumber &
+  exec gnome-shell --headless --wayland --unsafe-mode $([ -n "${NORRA_XWAYLAND:-}" ] || echo --no-x11) --virtual-monitor 1280x900 \
+    --wayland-display wayland-0
+}
+
+start_system_bus() {
+  cat >"$desktop/system.conf" <<END
+<busconfig><type>system</type><listen>$DBUS_SYSTEM_BUS_ADDRESS</listen><auth>EXTERNAL</auth>
+<policy context="default"><allow user="*"/><allow own="*"/><allow send_destination="*"/><allow receive_sender="*"/>
+</policy></busconfig>
+END
+  dbus-daemon --config-file="$desktop/system.conf" --nofork --nopidfile &
+  has_system_bus() { [ -S "$XDG_RUNTIME_DIR/system_bus" ]; }
+  wait_until has_system_bus
+  /usr/bin/python3 -m dbusmock --system --template logind &
+  has_login() { owns --address="$DBUS_SYSTEM_BUS_ADDRESS" org.freedesktop.login1; }
+  wait_until has_login
+}
+
+# owns BUS NAME: whether somebody has the name on the bus.
+owns() { busctl "$1" call org.freedesktop.DBus / org.freedesktop.DBus GetNameOwner s "$2" >/dev/null 2>&1; }
+has_shell() {
+  busctl --user --auto-start=no get-property org.gnome.Shell /com/norra/GnomeShell com.norra.GnomeShell Version >/dev/null 2>&1
 }
 
 start_session_bus() {

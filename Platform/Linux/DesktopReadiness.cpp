@@ -34,6 +34,13 @@ constexpr const char* waylandWithoutInput =
 constexpr const char* waylandWithoutPointer =
     "This is a Wayland session whose compositor does not say where the pointer is: keys are seen, and clicks in X11 "
     "applications only; of others it is seen what they change. Log in to an X11 session to see them";
+constexpr const char* gnomeWithoutExtension =
+    "GNOME Shell says of clicks nothing without the extension that comes with this: gnome-extensions enable "
+    "collector@norra.com, once, after a new log-in. Without it clicks are seen in X11 applications only; of others it "
+    "is seen what they change";
+constexpr const char* gnomeWithoutKeys =
+    "This is a Wayland session: clicks are seen, keys in X11 applications only. See README.Debian for how to let this "
+    "user read the input devices, or log in to an X11 session";
 constexpr const char* noWindowManager =
     "No window manager tells which window is active: application switches are not seen. Start a window manager such as "
     "openbox";
@@ -46,6 +53,9 @@ constexpr const char* switchedOff =
     "gsettings set org.gnome.desktop.interface toolkit-accessibility true";
 
 DesktopFinding inputReadinessOfWayland(const DisplayFacts& facts) {
+  if (facts.hasButtons) return facts.hasDevices ? DesktopFinding{} : limited(gnomeWithoutKeys);
+  if (facts.mayHaveButtons)
+    return facts.hasDevices || facts.hasInput ? limited(gnomeWithoutExtension) : missing(gnomeWithoutExtension);
   if (!facts.hasDevices) return facts.hasInput ? limited(waylandInput) : missing(waylandWithoutInput);
   return facts.hasPointer ? DesktopFinding{} : limited(waylandWithoutPointer);
 }

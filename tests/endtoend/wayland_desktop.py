@@ -3,7 +3,10 @@ import json
 import os
 import subprocess
 
-from wayland import FakeInput, VirtualInput, Wayland, unsigned
+import dbus
+
+from waiting import wait_until
+from wayland import BUTTONS, FakeInput, VirtualInput, Wayland, unsigned
 
 SIZE = 1280, 900
 
@@ -84,12 +87,72 @@ class KWinWindows:
         self.wayland.send(handle, 0, unsigned(1) + unsigned(1))
 
 
+class MutterInput:
+    """Pointer and keyboard of GNOME Shell, which moves from where the pointer is."""
+
+    def __init__(self, *_):
+        self.interface = "org.gnome.Mutter.RemoteDesktop"
+        path = self.on_bus("/org/gnome/Mutter/RemoteDesktop", self.interface).CreateSession()
+        self.session = self.on_bus(path, f"{self.interface}.Session")
+        self.session.Start()
+        self.at = None
+
+    def on_bus(self, path, interface):
+        return dbus.Interface(dbus.SessionBus().get_object(self.interface, path), interface)
+
+    def move(self, x, y):
+        if self.at is None:
+            self.session.NotifyPointerMotionRelative(5000.0, 5000.0)  # into a corner that opens nothing
+            self.at = SIZE[0] - 1, SIZE[1] - 1
+        self.session.NotifyPointerMotionRelative(float(x - self.at[0]), float(y - self.at[1]))
+        self.at = x, y
+
+    def button(self, name, is_pressed):
+        self.session.NotifyPointerButton(BUTTONS[name], is_pressed)
+
+    def key(self, code, is_pressed, _):
+        self.session.NotifyKeyboardKeycode(dbus.UInt32(code), is_pressed)
+
+
+class GnomeShellWindows:
+    """Asked of the shell itself, which runs what a test wants in its unsafe mode."""
+
+    make_input = MutterInput
+    LIST = """global.get_window_actors().map(({meta_window: window}) => ({pid: window.get_pid(), title: window.get_title(),
+        active: window.has_focus(), isTopLevel: window.get_transient_for() === null,
+        frame: [window.get_frame_rect().x, window.get_frame_rect().y],
+        buffer: [window.get_buffer_rect().x, window.get_buffer_rect().y]}))"""
+
+    def __init__(self, _):
+        self.shell = dbus.Interface(dbus.SessionBus().get_object("org.gnome.Shell", "/org/gnome/Shell"), "org.gnome.Shell")
+        # It starts with the overview over all windows.
+        wait_until(lambda: not self.run("Main.overview.hide(), Main.overview.visible || Main.overview.animationInProgress"),
+                   "the end of the overview")
+
+    def run(self, script):
+        has_succeeded, result = self.shell.Eval(script)
+        assert has_succeeded, result
+        return json.loads(result) if result else None
+
+    def all(self):
+        return [{**window, "origin": window["frame"]} for window in self.run(self.LIST) if window["isTopLevel"]]
+
+    def activate(self, pid):
+        self.run(f"Main.activateWindow(global.get_window_actors().find(each => each.meta_window.get_pid() === {pid}).meta_window)")
+
+
+def kind_of_desktop():
+    if "SWAYSOCK" in os.environ:
+        return SwayWindows
+    return GnomeShellWindows if os.environ.get("NORRA_COMPOSITOR") == "gnome_shell" else KWinWindows
+
+
 class Desktop:
     """Connected at the first use, for the desktop of the environment."""
 
     def __init__(self):
         self.wayland = Wayland()
-        kind = SwayWindows if "SWAYSOCK" in os.environ else KWinWindows
+        kind = kind_of_desktop()
         self.windows = kind(self.wayland)
         self.input = kind.make_input(self.wayland, *SIZE)
         self.at = 0, 0

@@ -28,11 +28,11 @@ class WaylandTest(EndToEndTest):
 
         wait_until(has_been_quiet, "the service to be done")
 
-    def go_to(self, widget, **where):
+    def go_to(self, widget, button="left", **where):
         """A click that is held for as long as a person holds it."""
-        self.application.press(widget, **where)
+        self.application.press(widget, button, **where)
         self.settle()
-        hands.release()
+        hands.release(button)
         self.settle()
 
     def type_into(self, widget, text):

@@ -42,9 +42,11 @@ struct DisplayFacts {
   bool isWayland = false;
   bool hasServer = false;  // one is reached; the following are of it
   bool hasXServer = false;
-  bool hasInput = false;    // of the windows of the X server
-  bool hasDevices = false;  // input of the other windows too
-  bool hasPointer = false;  // and where the pointer is in them
+  bool hasInput = false;        // of the windows of the X server
+  bool hasDevices = false;      // input of the other windows too
+  bool hasPointer = false;      // and where the pointer is in them
+  bool hasButtons = false;      // which the compositor tells of, at the pointer, without devices
+  bool mayHaveButtons = false;  // if the user enables that
   bool hasWindowManager = false;
   bool hasActiveWindow = false;
 };

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "Platform/Linux/display/WindowsOnScreen.h"
+#include "Platform/Linux/wayland/InputDevices.h"
 #include "Platform/Registration.h"
 
 namespace norra::linux_desktop {
@@ -27,6 +28,9 @@ struct PointedWindow {
   std::optional<CompositorWindow> window;
 };
 
+/// What was done with a button of the pointer, and where, if that is known.
+using ButtonHandler = std::function<void(const InputKey& button, const std::optional<PointedWindow>& pointed)>;
+
 /// Every answer comes within a bound; any thread.
 class Compositor {
  public:
@@ -42,6 +46,13 @@ class Compositor {
   virtual std::optional<CompositorWindow> windowOf(ProcessIdentifier process) = 0;
   /// Whether it says where the pointer is, while it is followed.
   virtual bool tellsPointer() const { return false; }
+  /// Whether it tells of the pointer's buttons, while it is followed.
+  virtual bool tellsButtons() const { return false; }
+  /// Whether it may come to do so.
+  virtual bool mayTellButtons() const { return false; }
+  /// Calls `handler`, until the result is let go, whenever a button goes down or up; pointed() says the same then. One
+  /// at a time; main thread. Null: it never tells.
+  [[nodiscard]] virtual std::unique_ptr<Registration> followButtons(ButtonHandler /*handler*/) { return nullptr; }
   /// Where the pointer is, and the window there; nothing: it is not told.
   virtual std::optional<PointedWindow> pointed() { return std::nullopt; }
   /// Calls `changed`, until the result is let go, when another window may be active. One at a time; main thread.

@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "Platform/Linux/wayland/GnomeShellWindows.h"
 #include "Platform/Linux/wayland/KWinWindows.h"
 #include "Platform/Linux/wayland/SwayWindows.h"
 #include "Platform/Linux/wayland/WaylandConnection.h"
@@ -16,7 +17,8 @@ namespace {
 // Where the pointer is does not matter where nobody tells of its buttons.
 std::unique_ptr<Compositor> openCompositor(sd_event* event, bool needsPointer) {
   if (auto sway = SwayWindows::open(event)) return sway;
-  return KWinWindows::open(event, needsPointer);
+  if (auto kwin = KWinWindows::open(event, needsPointer)) return kwin;
+  return GnomeShellWindows::open(event);
 }
 
 class WaylandDisplay final : public DisplayServer {
@@ -29,8 +31,10 @@ class WaylandDisplay final : public DisplayServer {
         hasDevices_(InputDevices::mayRead(InputDevices::defaultFolder())),
         compositor_(openCompositor(event, hasDevices_)),
         windows_(compositor_.get(), xServer_.get()),
-        eventTaps_({event, connection_.get(), windows_, eventTapsOfX11(), InputDevices::defaultFolder()}, listeners) {
-    windows_.setDevicesRead(hasDevices_ && hasPointer());
+        eventTaps_(
+            {event, connection_.get(), compositor_.get(), windows_, eventTapsOfX11(), InputDevices::defaultFolder()},
+            listeners) {
+    windows_.setDevicesRead(hasDevices_);
   }
 
   void use(ActiveTopLevels& topLevels) override {
@@ -43,7 +47,7 @@ class WaylandDisplay final : public DisplayServer {
     if (!workspace_) workspace_.emplace(event_, windows_, WindowSources{compositor_.get(), xServer_.get(), topLevels_});
     return &*workspace_;
   }
-  EventTaps* eventTaps() override { return hasDevices_ ? &eventTaps_ : eventTapsOfX11(); }
+  EventTaps* eventTaps() override { return hasDevices_ || mayHaveButtons() ? &eventTaps_ : eventTapsOfX11(); }
   DisplayFacts facts() override {
     DisplayFacts facts;
     facts.isWayland = true;
@@ -52,6 +56,8 @@ class WaylandDisplay final : public DisplayServer {
     facts.hasInput = xServer_ && xServer_->facts().hasInput;
     facts.hasDevices = hasDevices_;
     facts.hasPointer = hasPointer();
+    facts.hasButtons = compositor_ && compositor_->tellsButtons();
+    facts.mayHaveButtons = mayHaveButtons();
     facts.hasWindowManager = true;
     facts.hasActiveWindow = true;
     return facts;
@@ -60,6 +66,7 @@ class WaylandDisplay final : public DisplayServer {
  private:
   EventTaps* eventTapsOfX11() { return xServer_ ? xServer_->eventTaps() : nullptr; }
   bool hasPointer() const { return compositor_ && compositor_->tellsPointer(); }
+  bool mayHaveButtons() const { return compositor_ && compositor_->mayTellButtons(); }
   InputListeners listenersOfX11(InputListeners listeners) {
     listeners.pressed = [this, pressed = std::move(listeners.pressed)](std::optional<CGPoint> place) {
       windows_.setInputOfX11(true);

@@ -14,6 +14,7 @@ namespace {
 
 // The compositor tells of the pointer a little later than the device of the button.
 constexpr std::uint64_t delayOfPointerMicroseconds = 12'000;
+constexpr std::uint64_t delayOfReleaseMicroseconds = 12'000;
 
 bool isButton(std::uint16_t code) { return code >= BTN_MOUSE && code < BTN_JOYSTICK; }
 bool isKeyOfKeyboard(std::uint16_t code) { return code < BTN_MISC; }
@@ -73,9 +74,11 @@ std::unique_ptr<EventTap> WaylandEventTaps::createEventTap(CGEventMask eventsOfI
 // Whoever ends the last tap may be handling what a device told.
 void WaylandEventTaps::closeIfUnwanted() {
   if (isWanted()) return;
+  buttonsOfCompositor_.reset();
   devices_.reset();
   keyboard_.reset();
   buttons_.clear();
+  releases_.clear();
 }
 
 void WaylandEventTaps::didChangeTaps() {
@@ -83,6 +86,10 @@ void WaylandEventTaps::didChangeTaps() {
   if (devices_) return;
   devices_ = std::make_unique<InputDevices>(surroundings_.event, surroundings_.devices,
                                             [this](const auto& key) { handle(key); });
+  if (surroundings_.compositor) {
+    buttonsOfCompositor_ = surroundings_.compositor->followButtons(
+        [this](const auto& key, const auto& pointed) { noteButtonOfCompositor(key, pointed); });
+  }
   if (!surroundings_.connection) return;
   keyboard_ = std::make_unique<WaylandKeyboard>(*surroundings_.connection, listeners_.isSecureInput);
   keyboard_->setLocks(devices_->isLightOn(LED_CAPSL), devices_->isLightOn(LED_NUML));
@@ -93,21 +100,39 @@ void WaylandEventTaps::handle(const InputKey& key) {
   if (keyboard_ && isKeyOfKeyboard(key.code)) handleKey(key);
 }
 
+// A compositor that tells of buttons knows where they were pressed.
 void WaylandEventTaps::handleButton(const InputKey& key) {
+  if (surroundings_.compositor && surroundings_.compositor->tellsButtons()) return;
   buttons_.push_back(key);
   if (buttons_.size() == 1) pointer_.requestAfter(delayOfPointerMicroseconds);
 }
 
-// The X server tells of clicks in its own windows.
 void WaylandEventTaps::handleButtons() {
   const auto pointed = surroundings_.windows.pointed();
-  for (const auto& key : std::exchange(buttons_, {})) {
-    if (!devices_ || !hasSeat() || isOfX11(pointed)) continue;
-    if (key.action == InputKey::Action::released) {
-      handleRelease(key.code, pointed);
-    } else {
-      handlePress(pointed);
-    }
+  for (const auto& key : std::exchange(buttons_, {})) handleButtonAt(key, pointed);
+}
+
+// The compositor knows of a release before it tells the window.
+void WaylandEventTaps::noteButtonOfCompositor(const InputKey& key, const std::optional<PointedWindow>& pointed) {
+  if (key.action == InputKey::Action::released) {
+    releases_.emplace_back(key, pointed);
+    return release_.requestAfter(delayOfReleaseMicroseconds);
+  }
+  handleReleases();
+  handleButtonAt(key, pointed);
+}
+
+void WaylandEventTaps::handleReleases() {
+  for (const auto& [key, pointed] : std::exchange(releases_, {})) handleButtonAt(key, pointed);
+}
+
+// The X server tells of clicks in its own windows.
+void WaylandEventTaps::handleButtonAt(const InputKey& key, const std::optional<PointedWindow>& pointed) {
+  if (!devices_ || !hasSeat() || isOfX11(pointed)) return;
+  if (key.action == InputKey::Action::released) {
+    handleRelease(key.code, pointed);
+  } else {
+    handlePress(pointed);
   }
 }
 

@@ -32,7 +32,7 @@ class WaylandWindows final : public WindowsOnScreen, public ApplicationWindows {
   CGPoint inApplication(CGPoint point) override;
   void notePress(std::optional<CGPoint> place) override;
   std::optional<WindowOnScreen> activeWindow() override;
-  bool isAllInputSeen() const override { return areDevicesRead_; }
+  bool isAllInputSeen() const override { return areDevicesRead_ && compositor_ && compositor_->tellsPointer(); }
   void setDevicesRead(bool areRead) { areDevicesRead_ = areRead; }
 
   std::optional<FrontWindow> front() override;

@@ -1,6 +1,7 @@
 // What compositors say of their windows, as texts.
 #include <gmock/gmock.h>
 
+#include "Platform/Linux/wayland/CompositorState.h"
 #include "Platform/Linux/wayland/KWinScript.h"
 #include "Platform/Linux/wayland/SwayWindows.h"
 
@@ -44,24 +45,24 @@ std::string stateWith(const std::string& frame, const std::string& buffer) {
          frame + R"(, "buffer": )" + buffer + "}}";
 }
 
-TEST(KWinState, HasTheShadowThatAClientDrawsAndNotTheFrameThatTheCompositorDraws) {
-  const auto drawsShadow = readKWinState(stateWith("[100, 50, 700, 600]", "[74, 27, 752, 653]"));
+TEST(CompositorState, HasTheShadowThatAClientDrawsAndNotTheFrameThatTheCompositorDraws) {
+  const auto drawsShadow = readCompositorState(stateWith("[100, 50, 700, 600]", "[74, 27, 752, 653]"));
   ASSERT_TRUE(drawsShadow && drawsShadow->pointed && drawsShadow->pointed->window);
   const auto& window = drawsShadow->pointed->window->onScreen;
   EXPECT_EQ(window.shadow, (ShadowExtents{.left = 26, .right = 26, .top = 23, .bottom = 30}));
   EXPECT_EQ(window.client, (ScreenRectangle{74, 27, 752, 653}));
   EXPECT_TRUE(window.overrideRedirect);
   EXPECT_EQ(drawsShadow->pointed->pointer.y, 8.5);
-  const auto hasFrame = readKWinState(stateWith("[100, 50, 700, 630]", "[100, 80, 700, 600]"));
+  const auto hasFrame = readCompositorState(stateWith("[100, 50, 700, 630]", "[100, 80, 700, 600]"));
   ASSERT_TRUE(hasFrame && hasFrame->pointed && hasFrame->pointed->window);
   EXPECT_EQ(hasFrame->pointed->window->onScreen.shadow, ShadowExtents{});
 }
 
-TEST(KWinState, IsRefusedWhereItIsNone) {
+TEST(CompositorState, IsRefusedWhereItIsNone) {
   for (const auto* text : {"", "{", "[]", R"({"active": {"id": 3}})", R"({"active": null, "pointer": [1]})"}) {
-    EXPECT_FALSE(readKWinState(text)) << text;
+    EXPECT_FALSE(readCompositorState(text)) << text;
   }
-  EXPECT_FALSE(readKWinState(R"({"active": null})")->active);
+  EXPECT_FALSE(readCompositorState(R"({"active": null})")->active);
 }
 
 TEST(KWinScript, NamesItsListenerAsAConstant) {
