@@ -1,5 +1,6 @@
 #include "Platform/Linux/atspi/AtspiMessage.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace norra::linux_desktop {
@@ -140,7 +141,7 @@ std::optional<AtspiRelation> readRelation(sd_bus_message* message) {
   const auto type = readBasic<std::uint32_t>(message, SD_BUS_TYPE_UINT32);
   auto targets = readReferences(message);
   if (!type || !targets) return std::nullopt;
-  return AtspiRelation{*type, std::move(*targets)};
+  return AtspiRelation{static_cast<AtspiRelationType>(*type), std::move(*targets)};
 }
 
 using TextPair = std::pair<std::string, std::string>;
@@ -171,6 +172,12 @@ std::optional<std::pair<std::int32_t, std::int32_t>> readPlainPair(sd_bus_messag
 }
 
 }  // namespace
+
+AtspiReference firstTarget(const std::vector<AtspiRelation>& relations, AtspiRelationType type) {
+  const auto found = std::ranges::find_if(
+      relations, [&](const auto& relation) { return relation.type == type && !relation.targets.empty(); });
+  return found != relations.end() ? found->targets.front() : AtspiReference{};
+}
 
 bool contains(const AtspiRectangle& place, CGPoint point) {
   return point.x >= place.x && point.y >= place.y && point.x < double{1} * place.x + place.width &&

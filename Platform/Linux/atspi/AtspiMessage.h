@@ -26,8 +26,11 @@ inline constexpr std::size_t maxEntries = 64;
 
 using AtspiAttributes = std::map<std::string, std::string, std::less<>>;
 
+/// Those that are asked for, by AT-SPI's numbers; there are more.
+enum class AtspiRelationType : std::uint32_t { labelFor = 1, labelledBy = 2, controllerFor = 3, describedBy = 18 };
+
 struct AtspiRelation {
-  std::uint32_t type = 0;
+  AtspiRelationType type{};
   std::vector<AtspiReference> targets;
   bool operator==(const AtspiRelation&) const = default;
 };
@@ -39,6 +42,9 @@ struct AtspiRectangle {
   std::int32_t height = 0;
   bool operator==(const AtspiRectangle&) const = default;
 };
+
+/// Null: there is no such relation, or it has no target.
+AtspiReference firstTarget(const std::vector<AtspiRelation>& relations, AtspiRelationType type);
 
 bool contains(const AtspiRectangle& place, CGPoint point);
 /// Of whole pixels.

@@ -64,10 +64,9 @@ bool isSign(std::string_view text) {
 }
 
 bool isFreeLabel(const AtspiFacts& facts) {
-  constexpr std::uint32_t labelFor = 1;
   const auto role = static_cast<AtspiRole>(facts.role);
   const bool isText = role == AtspiRole::label || role == AtspiRole::staticText;
-  const bool isTaken = std::ranges::any_of(facts.relations, [](const auto& one) { return one.type == labelFor; });
+  const bool isTaken = !firstTarget(facts.relations, AtspiRelationType::labelFor).isNull();
   return isText && !isTaken && !isSign(facts.name);
 }
 
@@ -139,7 +138,7 @@ AtspiReference labelInSight(const ElementView& view) {
   if (field.width <= 0) return {};
   auto inside = view.reference();
   for (int level = 0; level < maxLevels; ++level) {
-    const auto around = view.other(view.other(inside).need(Ask::parent).parent);
+    const auto around = view.other(inside).parent();
     if (around.reference().isNull() || !mayBeForm(around.role())) return {};
     const auto others = around.role() == AtspiRole::comboBox ? std::vector<Neighbour>{} : neighbours(around, inside);
     if (!others.empty()) return nearestLabel(field, others, isBlankControl(view) ? maxGapInLine : maxGapBefore);

@@ -14,8 +14,6 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::uint32_t labelFor = 1;
-constexpr std::uint32_t labelledBy = 2;
 // How far above a label the labelled element is looked for.
 constexpr int maxLevelsOfALabel = 3;
 // How far above what is written into it a combo box lies.
@@ -55,13 +53,13 @@ std::string_view firstHalf(std::string_view name) {
 }
 
 AtspiReference labelBeside(const ElementView& view) {
-  const auto siblings = firstChildren(view.other(view.need(Ask::parent).parent), maxParts);
+  const auto siblings = firstChildren(view.parent(), maxParts);
   std::vector<AtspiQuestion> questions;
   for (const auto& sibling : siblings) questions.push_back({sibling, {Ask::role, Ask::relations}});
   view.reader().read(questions);
   const auto label = std::ranges::find_if(siblings, [&](const auto& sibling) {
     return std::ranges::any_of(view.reader().known(sibling).relations, [&](const auto& relation) {
-      return relation.type == labelFor &&
+      return relation.type == AtspiRelationType::labelFor &&
              std::ranges::find(relation.targets, view.reference()) != relation.targets.end();
     });
   });
@@ -69,9 +67,8 @@ AtspiReference labelBeside(const ElementView& view) {
 }
 
 AtspiReference firstLabel(const ElementView& view) {
-  for (const auto& relation : view.need(Ask::relations).relations) {
-    if (relation.type == labelledBy && !relation.targets.empty()) return relation.targets.front();
-  }
+  const auto label = firstTarget(view.need(Ask::relations).relations, AtspiRelationType::labelledBy);
+  if (!label.isNull()) return label;
   const bool mayLieBeside = view.role() == AtspiRole::comboBox && !view.toolkit().labelsComboBoxes;
   return mayLieBeside ? labelBeside(view) : AtspiReference{};
 }
@@ -106,8 +103,6 @@ bool isOwnPart(const ElementView& view, const AtspiReference& label) {
 }
 
 // What is around an element is not its label, although Qt says so of the box of a group.
-bool isAround(const ElementView& view, const AtspiReference& label) { return liesIn(view, label); }
-
 std::string withoutOwnLabel(const ElementView& view, std::string name) {
   if (!view.toolkit().joinsNameAndLabel) return name;
   const auto half = firstHalf(name);
@@ -146,7 +141,7 @@ bool isNamedByItsParts(const ElementView& view) {
 bool isIconBesideText(const ElementView& view) {
   const bool isIcon = view.role() == AtspiRole::icon || view.role() == AtspiRole::image;
   if (!isIcon || view.toolkit().showsWebPages) return false;
-  return !view.need(Ask::name).name.empty() && showsText(view.other(view.need(Ask::parent).parent));
+  return !view.need(Ask::name).name.empty() && showsText(view.parent());
 }
 
 AttributeResult attributeNamed(const ElementView& view, std::string_view name) {
@@ -232,7 +227,7 @@ AttributeResult titleElementOf(const ElementView& view) {
   const auto label = labelOf(view);
   if (label.isNull()) return noValue();
   view.reader().expect(label, view.generalAsks());
-  if (isOwnPart(view, label) || (!view.toolkit().showsWebPages && isAround(view, label))) return noValue();
+  if (isOwnPart(view, label) || (!view.toolkit().showsWebPages && liesIn(view, label))) return noValue();
   const auto named = view.other(label);
   if (view.toolkit().showsWebPages && isFieldOfPage(named)) return noValue();
   return elementNamed(label);

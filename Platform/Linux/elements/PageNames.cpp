@@ -12,8 +12,6 @@
 namespace norra::linux_desktop {
 namespace {
 
-enum class Relation : std::uint8_t { labelledBy = 2, describedBy = 18 };
-
 constexpr std::string_view embedded = "\uFFFC";  // stands in a text for another element
 constexpr std::size_t maxParts = 16;
 constexpr int maxLevels = 4;
@@ -109,10 +107,10 @@ std::string withoutNeedlessBlanks(std::string_view text) {
   return result;
 }
 
-std::vector<AtspiReference> targetsOf(const ElementView& view, Relation type) {
+std::vector<AtspiReference> targetsOf(const ElementView& view, AtspiRelationType type) {
   std::vector<AtspiReference> targets;
   for (const auto& relation : view.need(Ask::relations).relations) {
-    if (relation.type != static_cast<std::uint32_t>(type)) continue;
+    if (relation.type != type) continue;
     targets.insert(targets.end(), relation.targets.begin(), relation.targets.end());
   }
   return targets;
@@ -127,19 +125,19 @@ bool isOrHoldsOtherField(const ElementView& view, const AtspiReference& target) 
   return std::ranges::any_of(facts.fieldsBelow, [&](const auto& field) { return field != view.reference(); });
 }
 
-bool isToldByField(const ElementView& view, Relation type) {
+bool isToldByField(const ElementView& view, AtspiRelationType type) {
   return std::ranges::any_of(targetsOf(view, type),
                              [&](const auto& target) { return isOrHoldsOtherField(view, target); });
 }
 
 // Chromium does not say so by a relation.
-bool isToldByItself(const ElementView& view, Relation type, std::string_view from, std::string_view how) {
+bool isToldByItself(const ElementView& view, AtspiRelationType type, std::string_view from, std::string_view how) {
   return view.hasState(AtspiState::editable) && attributeOf(view, from) == how && targetsOf(view, type).empty();
 }
 
 bool isNamedByField(const ElementView& view) {
-  return isToldByField(view, Relation::labelledBy) ||
-         isToldByItself(view, Relation::labelledBy, "name-from", "related-element");
+  return isToldByField(view, AtspiRelationType::labelledBy) ||
+         isToldByItself(view, AtspiRelationType::labelledBy, "name-from", "related-element");
 }
 
 // Not from a label, an attribute, or the like.
@@ -192,14 +190,14 @@ std::string nameInPage(const ElementView& view) {
 }
 
 bool isDescribedByField(const ElementView& view) {
-  return isToldByField(view, Relation::describedBy) ||
-         isToldByItself(view, Relation::describedBy, "description-from", "aria-describedby");
+  return isToldByField(view, AtspiRelationType::describedBy) ||
+         isToldByItself(view, AtspiRelationType::describedBy, "description-from", "aria-describedby");
 }
 
 AtspiReference fieldOfParts(const ElementView& part) {
   const bool mayBePart = part.role() == AtspiRole::spinButton || part.role() == AtspiRole::entry;
   if (!mayBePart || attributeOf(part, "tag") != "span") return {};
-  const auto around = part.other(part.need(Ask::parent).parent);
+  const auto around = part.parent();
   return attributeOf(around, "text-input-type").empty() ? AtspiReference{} : around.reference();
 }
 

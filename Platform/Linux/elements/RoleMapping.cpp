@@ -155,7 +155,7 @@ RoleAndSubrole mappedRole(const ElementView& view) {
   const bool mayHoldField = role == AtspiRole::comboBox && view.toolkit().hidesFieldsInComboBoxes;
   RoleSurroundings surroundings{std::nullopt, mayHoldRadioButtons(role) && holdsPointedRadioButton(view),
                                 mayHoldField && holdsField(view, 1), isCard(view), hidesText(view)};
-  if (is(role, RoleKind::menuPart)) surroundings.parentRole = view.other(view.need(Ask::parent).parent).role();
+  if (is(role, RoleKind::menuPart)) surroundings.parentRole = view.parent().role();
   return mapRole(facts, surroundings, view.toolkit());
 }
 

@@ -24,7 +24,7 @@ struct CellPlace {
 
 bool liesRightBelowTable(const ElementView& cell) {
   if (cell.role() != AtspiRole::tableCell) return false;
-  const auto table = cell.other(cell.need(Ask::parent).parent);
+  const auto table = cell.parent();
   return is(table.role(), RoleKind::tableLike) && table.has(AtspiInterface::table);
 }
 
@@ -149,7 +149,7 @@ AttributeResult cellsOfRow(const ElementView& view, std::int32_t row) {
 // Its rows and columns have no headers of their own, and their names are its cells' addresses.
 bool isSpreadsheet(const ElementView& table) {
   if (table.need(Ask::columnCount).columnCount < fewestColumnsOfSpreadsheet) return false;
-  return table.other(table.need(Ask::parent).parent).role() == AtspiRole::documentSpreadsheet;
+  return table.parent().role() == AtspiRole::documentSpreadsheet;
 }
 
 // A to Z, AA and so on.

@@ -53,8 +53,7 @@ bool saysNoPlace(const ElementView& view, const PlacedElement& child, Coordinate
 
 bool isPressedAsAWhole(AtspiRole role) {
   using enum RoleKind;
-  constexpr std::array kinds{control, field, item, menuPart, checkable};
-  return std::ranges::any_of(kinds, [role](auto kind) { return is(role, kind); });
+  return isAny(role, {control, field, item, menuPart, checkable});
 }
 
 // How far outside of it a point lies, by the side where it is farthest.
@@ -134,8 +133,7 @@ AtspiReference cellAt(const ElementView& table, CGPoint point) {
 // What a control is made of is the toolkit's business.
 bool mayHoldMore(AtspiRole role) {
   using enum RoleKind;
-  constexpr std::array simple{control, field, number, checkable, item, menuPart, partOfControl};
-  return std::ranges::none_of(simple, [role](auto kind) { return is(role, kind); });
+  return !isAny(role, {control, field, number, checkable, item, menuPart, partOfControl});
 }
 
 }  // namespace

@@ -22,8 +22,7 @@ bool isOfKind(std::optional<AtspiRole> role, RoleKind kind) { return role && is(
 
 bool mattersAlways(AtspiRole role) {
   using enum RoleKind;
-  constexpr std::array kinds{control, field, number, item, partOfControl};
-  return std::ranges::any_of(kinds, [role](auto kind) { return is(role, kind); });
+  return isAny(role, {control, field, number, item, partOfControl});
 }
 
 }  // namespace

@@ -48,6 +48,7 @@ class RoleKinds {
     for (const auto kind : kinds) bits_ |= bitOf(kind);
   }
   constexpr bool has(RoleKind kind) const { return (bits_ & bitOf(kind)) != 0; }
+  constexpr bool hasAny(RoleKinds kinds) const { return (bits_ & kinds.bits_) != 0; }
 
  private:
   static constexpr std::uint16_t bitOf(RoleKind kind) {
@@ -162,6 +163,9 @@ constexpr const RoleRow& rowOf(AtspiRole role) {
 
 /// Whether an element of the role is of the kind.
 constexpr bool is(AtspiRole role, RoleKind kind) { return rowOf(role).kinds.has(kind); }
+
+/// Whether it is of any of the kinds.
+constexpr bool isAny(AtspiRole role, RoleKinds kinds) { return rowOf(role).kinds.hasAny(kinds); }
 
 /// Whether nothing above an element of this role matters for what happened in it. The core decides that; it is known
 /// here only so that no more is asked ahead than will be asked.

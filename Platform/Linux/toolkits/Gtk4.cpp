@@ -82,13 +82,9 @@ std::string textOfLabel(const ElementView& label) {
 
 // Later than 4.8 the items of its menus are called by their labels only.
 std::string nameOfNameless(const ElementView& view) {
-  constexpr std::uint32_t labelledBy = 2;
   if (view.role() != AtspiRole::menuItem) return {};
-  for (const auto& relation : view.need(Ask::relations).relations) {
-    if (relation.type != labelledBy || relation.targets.empty()) continue;
-    return textOfLabel(view.other(relation.targets.front()));
-  }
-  return {};
+  const auto label = firstTarget(view.need(Ask::relations).relations, AtspiRelationType::labelledBy);
+  return label.isNull() ? std::string() : textOfLabel(view.other(label));
 }
 
 bool isAscii(char c, char first, char last) { return c >= first && c <= last; }

@@ -12,10 +12,8 @@
 namespace norra::linux_desktop {
 namespace {
 
-constexpr std::uint32_t labelFor = 1;
 constexpr int maxLevelsInLabel = 3;
 constexpr int maxLevelsOfOption = 4;
-constexpr std::uint32_t controllerFor = 3;
 constexpr std::size_t maxBesideOpener = 12;
 // Unlike what is told to an element above, or nowhere.
 constexpr std::string_view ownClick = "click";
@@ -107,13 +105,6 @@ RoleAndSubrole roleInGecko(const AtspiFacts& facts, const RoleSurroundings& surr
   return mayBeEditor && isEditorOfPage(facts) ? RoleAndSubrole{"AXTextArea", ""} : roleInPage(facts, surroundings);
 }
 
-AtspiReference whatIsLabelledBy(const ElementView& label) {
-  for (const auto& relation : label.need(Ask::relations).relations) {
-    if (relation.type == labelFor && !relation.targets.empty()) return relation.targets.front();
-  }
-  return {};
-}
-
 bool isReachedByLabel(AtspiRole role) { return is(role, RoleKind::checkable) || is(role, RoleKind::field); }
 
 // What is ticked, or got the focus, by a click on its label. Null: the element lies in none, or in that of something
@@ -124,7 +115,7 @@ AtspiReference reachedByLabel(const ElementView& hit) {
     const auto view = hit.other(at);
     if (is(view.role(), RoleKind::checkable) || is(view.role(), RoleKind::control)) return {};
     if (view.role() == AtspiRole::label) {
-      const auto labelled = whatIsLabelledBy(view);
+      const auto labelled = firstTarget(view.need(Ask::relations).relations, AtspiRelationType::labelFor);
       return isReachedByLabel(view.other(labelled).role()) ? labelled : AtspiReference{};
     }
     at = view.need(Ask::parent).parent;
@@ -172,7 +163,7 @@ bool isList(const AtspiFacts& facts) {
 // What an element controls, as it says, or what lies beside it.
 std::vector<AtspiReference> mayBeOpenedBy(const ElementView& opener) {
   const auto& facts = opener.need({Ask::relations, Ask::parent});
-  const auto found = std::ranges::find(facts.relations, controllerFor, &AtspiRelation::type);
+  const auto found = std::ranges::find(facts.relations, AtspiRelationType::controllerFor, &AtspiRelation::type);
   if (found != facts.relations.end()) return found->targets;
   return firstChildren(opener.other(facts.parent), maxBesideOpener);
 }

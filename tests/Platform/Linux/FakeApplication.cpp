@@ -232,7 +232,7 @@ int FakeApplication::replyMethod(sd_bus_message* call, const std::string& member
   if (member == "GetRelationSet") {
     return replyArray(call, "(ua(so))", element.relations, [this](sd_bus_message* reply, const auto& relation) {
       const auto& [type, key] = relation;
-      sd_bus_message_append(reply, "(ua(so))", type, 1, name_.c_str(), pathOf(key).c_str());
+      sd_bus_message_append(reply, "(ua(so))", static_cast<std::uint32_t>(type), 1, name_.c_str(), pathOf(key).c_str());
     });
   }
   if (member == "GetChildren") return replyArray(call, "(so)", element.children, appendReference);

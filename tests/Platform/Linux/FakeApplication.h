@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+#include "Platform/Linux/atspi/AtspiMessage.h"
 #include "Platform/Linux/atspi/AtspiReference.h"
 #include "Platform/Linux/atspi/AtspiRole.h"
 #include "Platform/Linux/runtime/SessionBus.h"
@@ -32,7 +33,7 @@ struct FakeElement {
   std::string parent = {};                   // a key; empty: the root
   std::vector<std::string> children = {};    // keys
   std::map<std::string, std::string> attributes = {};
-  std::vector<std::pair<std::uint32_t, std::string>> relations = {};  // type and key
+  std::vector<std::pair<AtspiRelationType, std::string>> relations = {};  // type and key
   std::string text = {};
   std::string displayedText = {};
   std::vector<std::string> actions = {};

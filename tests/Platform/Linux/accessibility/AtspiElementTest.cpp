@@ -151,10 +151,11 @@ TEST_F(Elements, OfOrdinaryFieldsGiveTheirText) {
 
 TEST_F(Elements, LabelledByAPartOfThemselvesHaveNoTitleElement) {
   FakeApplication gtk4("GTK", "4.8.3");
-  gtk4.set("key", {.role = AtspiRole::pushButton, .name = "5 5", .relations = {{2, "label"}}});
+  gtk4.set("key",
+           {.role = AtspiRole::pushButton, .name = "5 5", .relations = {{AtspiRelationType::labelledBy, "label"}}});
   gtk4.set("label", {.role = AtspiRole::label, .name = "5", .parent = "box"});
   gtk4.set("box", {.role = AtspiRole::panel, .parent = "key"});
-  gtk4.set("other", {.role = AtspiRole::text, .relations = {{2, "label"}}});
+  gtk4.set("other", {.role = AtspiRole::text, .relations = {{AtspiRelationType::labelledBy, "label"}}});
   EXPECT_EQ(valueOf<AXUIElement>(elementOf(gtk4, "key"), "AXTitleUIElement"), std::nullopt);
   EXPECT_EQ(textOf(elementOf(gtk4, "key"), "AXTitle"), "5");
   EXPECT_EQ(valueOf<AXUIElement>(elementOf(gtk4, "other"), "AXTitleUIElement"), elementOf(gtk4, "label"));

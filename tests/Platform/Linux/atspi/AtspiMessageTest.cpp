@@ -91,9 +91,9 @@ TEST_F(Replies, OfAnotherShapeGiveNothing) {
 TEST_F(Replies, KeepTheirContents) {
   const auto relations = message(
       [](auto* m) { sd_bus_message_append(m, "a(ua(so))", 2, 2, 1, ":1.5", "/a", 3, 2, ":1.5", "/b", ":1.6", "/c"); });
-  EXPECT_THAT(
-      *readRelations(relations.get()),
-      testing::ElementsAre(AtspiRelation{2, {{":1.5", "/a"}}}, AtspiRelation{3, {{":1.5", "/b"}, {":1.6", "/c"}}}));
+  EXPECT_THAT(*readRelations(relations.get()),
+              testing::ElementsAre(AtspiRelation{AtspiRelationType::labelledBy, {{":1.5", "/a"}}},
+                                   AtspiRelation{AtspiRelationType::controllerFor, {{":1.5", "/b"}, {":1.6", "/c"}}}));
   const auto states = message([](auto* m) { sd_bus_message_append(m, "au", 2, 1U << 25, 1U << 9); });
   EXPECT_EQ(readStates(states.get()), (std::uint64_t{1} << 25) | (std::uint64_t{1} << 41));
   const auto rectangle = message([](auto* m) { sd_bus_message_append(m, "(iiii)", -5, 6, 7, 8); });

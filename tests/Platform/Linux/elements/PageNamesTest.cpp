@@ -6,8 +6,7 @@ namespace {
 
 constexpr auto editable = bit(AtspiState::editable);
 constexpr auto editor = editable | bit(AtspiState::multiLine);
-constexpr std::uint32_t labelledBy = 2;
-constexpr std::uint32_t describedBy = 18;
+using enum AtspiRelationType;
 
 FakeElement made(AtspiRole role, std::string name, std::string text, std::vector<std::string> children = {}) {
   return {.role = role,
@@ -24,9 +23,9 @@ FakeElement with(FakeElement changed, std::uint64_t states) {
 }
 
 // A name that the page gives, by a label of its own or by another element.
-FakeElement named(FakeElement changed, std::uint32_t relation = 0, const std::string& target = {}) {
+FakeElement named(FakeElement changed, AtspiRelationType relation = {}, const std::string& target = {}) {
   changed.attributes["explicit-name"] = "true";
-  if (relation != 0) changed.relations = {{relation, target}};
+  if (!target.empty()) changed.relations = {{relation, target}};
   return changed;
 }
 

@@ -50,14 +50,14 @@ TEST_F(Gtk3, KeepsTreesAndLayoutsWhatTheyAre) {
 }
 
 TEST_F(Gtk3, KnowsSwitchesByWhatTheyDoAndCallsWhatIsWrittenIntoAComboBoxAsThat) {
-  constexpr std::uint32_t labelledBy = 2;
   application_.set("switch", {.role = AtspiRole::toggleButton, .interfaces = {"Action"}, .actions = {"toggle"}});
   application_.set("toggle", {.role = AtspiRole::toggleButton, .interfaces = {"Action"}, .actions = {"click"}});
   EXPECT_EQ(text("switch", "AXSubrole"), "AXSwitch");
   EXPECT_EQ(text("toggle", "AXSubrole"), "AXToggle");
   application_.set("label", {.role = AtspiRole::label, .name = "Metal"});
-  application_.set("box",
-                   {.role = AtspiRole::comboBox, .children = {"menu", "field"}, .relations = {{labelledBy, "label"}}});
+  application_.set("box", {.role = AtspiRole::comboBox,
+                           .children = {"menu", "field"},
+                           .relations = {{AtspiRelationType::labelledBy, "label"}}});
   application_.set("field", {.role = AtspiRole::text, .parent = "box"});
   EXPECT_EQ(read<AXUIElement>("field", "AXTitleUIElement"), element("label"));
 }

@@ -22,7 +22,7 @@ TEST_F(Qt, CallsAComboBoxByWhatIsChosenInIt) {
                            .name = "Danish",
                            .interfaces = {"Action"},
                            .children = {"list"},
-                           .relations = {{2, "label"}}});
+                           .relations = {{AtspiRelationType::labelledBy, "label"}}});
   application_.set("list", {.role = AtspiRole::list, .parent = "box"});
   EXPECT_EQ(text("box", "AXRole"), "AXPopUpButton");
   EXPECT_EQ(text("box", "AXTitle"), std::nullopt);
@@ -55,7 +55,7 @@ TEST_F(Qt, TakesTheTextBeforeOrAboveAFieldForItsLabelUnlessItIsThatOfAnother) {
                             .name = "Name",
                             .states = bit(AtspiState::showing),
                             .parent = "form",
-                            .relations = {{1, "notes"}},
+                            .relations = {{AtspiRelationType::labelFor, "notes"}},
                             .extents = {10, 200, 50, 20}});
   EXPECT_EQ(read<AXUIElement>("box", "AXTitleUIElement"), element("Types"));
   EXPECT_EQ(read<AXUIElement>("notes", "AXTitleUIElement"), element("Notes"));

@@ -161,8 +161,9 @@ TEST_P(Web, TakesAControlInALinkForNoPartOfIt) {
 TEST_P(Web, LooksForOptionsInWhatTheFocusHasOpened) {
   application_.set("window", {.role = AtspiRole::frame, .children = {"behind"}});
   application_.set("behind", {.role = AtspiRole::pushButton, .parent = "window"});
-  application_.set("opener",
-                   {.role = AtspiRole::comboBox, .states = bit(AtspiState::expanded), .relations = {{3, "list"}}});
+  application_.set("opener", {.role = AtspiRole::comboBox,
+                              .states = bit(AtspiState::expanded),
+                              .relations = {{AtspiRelationType::controllerFor, "list"}}});
   application_.set("list", {.role = AtspiRole::listBox, .children = {"option"}, .extents = {0, 0, 20, 20}});
   application_.set(
       "option",
@@ -175,10 +176,9 @@ TEST_P(Web, LooksForOptionsInWhatTheFocusHasOpened) {
 }
 
 TEST_P(Web, ClicksWhatALabelTicksButNotALinkInIt) {
-  constexpr std::uint32_t labelFor = 1;
   for (const auto& [inner, expected] : {std::pair(AtspiRole::section, "box"), std::pair(AtspiRole::link, "inner")}) {
     application_.set("window", {.role = AtspiRole::frame, .children = {"label", "inner"}});
-    application_.set("label", {.role = AtspiRole::label, .relations = {{labelFor, "box"}}});
+    application_.set("label", {.role = AtspiRole::label, .relations = {{AtspiRelationType::labelFor, "box"}}});
     application_.set("inner", {.role = inner, .parent = "label"});
     application_.set("box", {.role = AtspiRole::checkBox, .name = "Oil"});
     elements_.epoch.begin();
