@@ -25,6 +25,11 @@ def normal(text):
     return " ".join(text.replace("...", "…").replace("\u200b", "").split())
 
 
+def is_kind(role, kind):
+    """Kinds are parts of what roles are called: a "push button" is a "button", while no list of tabs is a tab."""
+    return kind in role and (kind.endswith("list") or not role.endswith("tab list"))
+
+
 def x_windows():
     """All windows, also those that cannot be seen: (number, title, [x, y, width, height])."""
     lines = subprocess.run(["xwininfo", "-root", "-tree"], capture_output=True, text=True, errors="replace").stdout.splitlines()
@@ -202,7 +207,7 @@ class Tree:
         for says in (lambda element: element.name or element.caption(), lambda element: element.description):
             found = []
             for element in self.search(lambda element: normal(says(element)) == wanted, below):
-                found += [target for target in (element, element.labelled()) if target and role in target.role and target.place()]
+                found += [target for target in (element, element.labelled()) if target and is_kind(target.role, role) and target.place()]
                 if len(found) > nth:
                     return found[nth]
         return None
