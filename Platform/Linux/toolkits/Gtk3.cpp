@@ -122,7 +122,6 @@ AtspiReference popoverAt(const ElementView& window, CGPoint point) {
 
 // What a link is called stands in the text that it is a part of.
 std::string nameOfLink(const ElementView& view) {
-  if (view.role() != AtspiRole::link) return {};
   auto& reader = view.reader();
   const std::array<AtspiCall, 2> range{propertyCall(view.reference(), atspi::hyperlink, "StartIndex"),
                                        propertyCall(view.reference(), atspi::hyperlink, "EndIndex")};
@@ -135,6 +134,20 @@ std::string nameOfLink(const ElementView& view) {
                                  "GetText",
                                  {static_cast<std::int32_t>(*first), static_cast<std::int32_t>(*end)}});
   return readText(text.message.get()).value_or("");
+}
+
+// The tooltip of a button in a tool bar belongs to the item of the bar that holds nothing but the button.
+std::string nameOfToolButton(const ElementView& view) {
+  const bool mayBe = view.role() == AtspiRole::pushButton || view.role() == AtspiRole::toggleButton;
+  if (!mayBe || !view.need(Ask::description).description.empty()) return {};
+  const auto item = view.parent();
+  if (item.role() != AtspiRole::panel || item.parent().role() != AtspiRole::toolBar) return {};
+  const auto& facts = item.need({Ask::description, Ask::childCount});
+  return facts.childCount == 1 ? facts.description : std::string();
+}
+
+std::string nameOfNameless(const ElementView& view) {
+  return view.role() == AtspiRole::link ? nameOfLink(view) : nameOfToolButton(view);
 }
 
 // Links in a text have no places; the text knows which of its characters lies there.
@@ -198,7 +211,7 @@ const Toolkit gtk3{
     .asksForRole = asksForGtk3Role,
     .ownRole = ownRole,
     .isAroundContent = isExpander,
-    .nameOfNameless = nameOfLink,
+    .nameOfNameless = nameOfNameless,
     .elementAt = elementAt,
 };
 

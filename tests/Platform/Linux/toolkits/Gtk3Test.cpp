@@ -62,6 +62,21 @@ TEST_F(Gtk3, KnowsSwitchesByWhatTheyDoAndCallsWhatIsWrittenIntoAComboBoxAsThat) 
   EXPECT_EQ(read<AXUIElement>("field", "AXTitleUIElement"), element("label"));
 }
 
+TEST_F(Gtk3, CallsAToolButtonWithoutANameByTheTooltipOfItsItem) {
+  application_.set("bar", {.role = AtspiRole::toolBar, .children = {"item"}});
+  application_.set("button", {.role = AtspiRole::pushButton, .parent = "item"});
+  const auto nameIn = [this](const char* around, std::vector<std::string> children) {
+    elements_.epoch.begin();
+    application_.set(
+        "item",
+        {.role = AtspiRole::panel, .description = "Settings", .parent = around, .children = std::move(children)});
+    return text("button", "AXTitle").value_or("");
+  };
+  EXPECT_EQ(nameIn("bar", {"button"}), "Settings");
+  EXPECT_EQ(nameIn("bar", {"button", "other"}), "");
+  EXPECT_EQ(nameIn("box", {"button"}), "");
+}
+
 TEST_F(Gtk3, LetsOnlyTheLabelOfAnExpanderBelongToIt) {
   const auto expandable = bit(AtspiState::expandable);
   application_.set("box", {.role = AtspiRole::filler, .children = {"expander"}});
