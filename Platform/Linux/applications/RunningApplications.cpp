@@ -74,18 +74,16 @@ RunningApplications::RunningApplications(ApplicationWindows& windows, DesktopFil
 std::optional<NSRunningApplication> RunningApplications::application(ProcessIdentifier process) {
   const auto startTime = startTimeOf(process);
   if (!startTime) return std::nullopt;
-  const auto generation = desktopFiles_.generation();
+  const Basis basis{*startTime, argumentsOf(process), desktopFiles_.generation()};
   {
     const std::lock_guard lock(mutex_);
     const auto known = answers_.find(process);
-    const bool holds =
-        known != answers_.end() && known->second.startTime == *startTime && known->second.desktopFiles == generation;
-    if (holds) return known->second.application;
+    if (known != answers_.end() && known->second.basis == basis) return known->second.application;
   }
   ApplicationWindow withoutWindow;
   withoutWindow.process = process;
   const auto window = windows_.applicationOf(process);
-  Answer answer{describe(window.value_or(withoutWindow)), *startTime, generation};
+  Answer answer{describe(window.value_or(withoutWindow)), basis};
   const std::lock_guard lock(mutex_);
   return answers_.insert_or_assign(process, std::move(answer)).first->second.application;
 }

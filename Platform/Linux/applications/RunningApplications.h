@@ -1,8 +1,12 @@
 // Processes as applications: which desktop file describes each.
 #pragma once
 
+#include <cstdint>
 #include <mutex>
+#include <optional>
+#include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "Platform/Linux/applications/DesktopFiles.h"
 #include "Platform/Linux/display/WindowsOnScreen.h"
@@ -10,7 +14,8 @@
 
 namespace norra::linux_desktop {
 
-/// Remembers each answer until the windows or the desktop files change, or the process ends. Any thread.
+/// Remembers each answer until the windows or the desktop files change, or the process ends or runs another program
+/// (as a launcher does that becomes what it starts). Any thread.
 class RunningApplications {
  public:
   /// Not owned.
@@ -25,10 +30,17 @@ class RunningApplications {
   void windowsDidChange();
 
  private:
+  /// What an answer holds for.
+  struct Basis {
+    std::uint64_t startTime = 0;
+    std::vector<std::string> arguments;
+    std::uint64_t desktopFiles = 0;  // their generation
+
+    bool operator==(const Basis&) const = default;
+  };
   struct Answer {
     NSRunningApplication application;
-    std::uint64_t startTime = 0;
-    std::uint64_t desktopFiles = 0;  // their generation
+    Basis basis;
   };
 
   NSRunningApplication describe(const ApplicationWindow& window);
