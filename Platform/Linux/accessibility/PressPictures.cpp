@@ -16,6 +16,7 @@ using std::chrono::milliseconds;
 constexpr std::array pauses{milliseconds(0), milliseconds(10), milliseconds(20)};
 constexpr milliseconds pauseBeforeMakingSure{30};
 constexpr int maxLevelsOfNumber = 3;
+constexpr int maxLevelsOfItem = 3;
 
 // A number that changes at the press gets the focus with it, and is followed only afterwards.
 void noteNumber(const ElementView& pressed) {
@@ -26,6 +27,15 @@ void noteNumber(const ElementView& pressed) {
   const auto content = contentOf(view).value;
   const auto* number = std::get_if<NSNumber>(&content);
   if (number && view.application().focus.followed() != found) view.application().noteFormerValue(found, *number);
+}
+
+// A row, an icon or a cell, or a text or an image in one.
+bool isOnItem(const ElementView& pressed) {
+  const auto item = searchUp(pressed, maxLevelsOfItem, [](const auto& view) {
+    if (is(view.role(), RoleKind::item)) return Search::found;
+    return is(view.role(), RoleKind::partOfControl) ? Search::goesOn : Search::ends;
+  });
+  return !item.isNull();
 }
 
 constexpr milliseconds pauseAfterActivation{50};
@@ -95,10 +105,15 @@ bool PressPictures::isSamePress(const Press& press, CGPoint released) const {
 void PressPictures::run() {
   std::unique_lock lock(mutex_);
   while (awaitWork(lock)) {
-    const auto press = std::exchange(untaken_, nullptr);
+    auto press = std::exchange(untaken_, nullptr);
     if (!press) isActivated_ = false;
     lock.unlock();
-    press ? take(*press) : prepare();
+    if (press) {
+      take(*press);
+      taken_ = std::move(press);
+    } else {
+      prepare();
+    }
     lock.lock();
     changed_.notify_all();
   }
@@ -110,6 +125,7 @@ bool PressPictures::awaitWork(std::unique_lock<std::mutex>& lock) {
   if (!changed_.wait_for(lock, keptFor, isDue)) {
     pressed_.reset();
     released_.reset();
+    taken_.reset();
     changed_.wait(lock, isDue);
   }
   return !isEnding_;
@@ -127,10 +143,22 @@ void PressPictures::prepare() {
 
 void PressPictures::take(Press& press) {
   pointed_.notePress();
+  if (completesDoubleClick(press)) {
+    press.element = taken_->element;
+    press.area = taken_->area;
+    return press.picture->finish();
+  }
   for (const auto pause : pauses) {
     if (!press.place || !mayLookAfter(pause, press) || !look(press)) break;
   }
   press.picture->finish();
+}
+
+// The application opens an item at the second press, before anybody can ask what was pressed, and what it shows then
+// lies under the pointer. Pages act at the release.
+bool PressPictures::completesDoubleClick(const Press& press) const {
+  if (!taken_ || !taken_->isOnItem || !press.place) return false;
+  return press.time - taken_->time <= doubleClickTime && isSamePlace(*taken_->place, *press.place);
 }
 
 bool PressPictures::mayLookAfter(std::chrono::milliseconds pause, const Press& press) {
@@ -150,7 +178,9 @@ bool PressPictures::look(Press& press) {
   const auto pressed = pointed_.atPress(*press.place);
   if (pressed.isNull()) return false;
   const bool isTold = rehearse(press, pressed);
-  noteNumber(ElementView(session_.reader(), pressed));
+  const ElementView view(session_.reader(), pressed);
+  noteNumber(view);
+  press.isOnItem = isTold && !isInWebPage(pressed) && isOnItem(view);
   if (isTold && pointed_.isGuess(pressed)) makeSure(press, pressed);
   return !isTold && (pressed.path == AtspiReference::rootPath || isInWebPage(pressed));
 }

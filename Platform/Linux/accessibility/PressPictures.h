@@ -21,6 +21,8 @@ class PressPictures {
   static constexpr std::chrono::milliseconds patience{250};
   /// How long a picture is kept for a click, its second look included.
   static constexpr std::chrono::seconds keptFor{3};
+  /// The longest between the presses of a double click; toolkits take 400 ms unless the user wants another time.
+  static constexpr std::chrono::milliseconds doubleClickTime{500};
 
   /// All references must outlive this. `rehearse` is called on the thread of the pictures; empty: no pictures are
   /// taken.
@@ -48,10 +50,12 @@ class PressPictures {
     explicit Press(std::optional<CGPoint> pressedPlace) : place(pressedPlace) {}
 
     const std::optional<CGPoint> place;
+    const std::chrono::steady_clock::time_point time = std::chrono::steady_clock::now();
     const std::shared_ptr<Picture> picture = std::make_shared<Picture>();
     // written before the picture is finished
     std::optional<AXUIElement> element;
     std::optional<AtspiRectangle> area;  // of what was pressed, on the screen; nothing: not known
+    bool isOnItem = false;               // that a double click opens
   };
   using PressPtr = std::shared_ptr<Press>;
 
@@ -59,6 +63,7 @@ class PressPictures {
   bool awaitWork(std::unique_lock<std::mutex>& lock);
   void prepare();
   void take(Press& press);
+  bool completesDoubleClick(const Press& press) const;
   bool mayLookAfter(std::chrono::milliseconds pause, const Press& press);
   bool isInWebPage(const AtspiReference& element) const;
   bool look(Press& press);
@@ -79,6 +84,8 @@ class PressPictures {
   PressPtr released_;         // of the click that is told
   bool isActivated_ = false;  // a window, which was not looked up yet
   bool isEnding_ = false;
+
+  PressPtr taken_;  // the last one; of the thread of the pictures
 
   std::thread thread_;
 };

@@ -182,6 +182,17 @@ TEST_F(PressPicturesTest, AreOfTheLastPressThatWasReleased) {
   EXPECT_EQ(nameOf(release().value()), "Pause");
 }
 
+TEST_F(PressPicturesTest, OfADoubleClickAreTheFirstOfAnItem) {
+  set(AtspiRole::listItem, "Charts");
+  const auto first = pressed();
+  set(AtspiRole::listItem, "bay.txt");
+  EXPECT_EQ(nameOf(pressed()), "Charts") << "it was opened, and the list shows what is in it";
+  EXPECT_EQ(nameOf(pressed()), "bay.txt") << "a third press is a new click";
+  set(AtspiRole::listItem, "tides.txt");
+  std::this_thread::sleep_for(PressPictures::doubleClickTime);
+  EXPECT_EQ(nameOf(pressed()), "tides.txt");
+}
+
 TEST_F(PressPicturesTest, OfASilentApplicationAreNotAwaitedForLong) {
   application_.setSilent(true);
   press();
