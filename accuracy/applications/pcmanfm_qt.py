@@ -11,7 +11,7 @@ PROGRAM = Program(
         case(choose("View", "Show Hidden"), Click("View -> Show Hidden")),
         case(click("anchor.txt"), Item("anchor.txt")),
         case(keys("ctrl+a"), Combination("Control + a")),
-        case(double_click("nets"), Item("nets"), effect=titled("nets")),
+        case(double_click("nets"), Item("nets"), effect=titled("nets"), also=[Item("nets")]),
         case(keys("ctrl+shift+n"), Combination("Shift + Control + N"), effect=titled("Create Folder")),
         case(typing("ropes"), Text("Please enter a new folder name:", "ropes")),
     ])

@@ -110,17 +110,13 @@ bool isReachedByLabel(AtspiRole role) { return is(role, RoleKind::checkable) || 
 // What is ticked, or got the focus, by a click on its label. Null: the element lies in none, or in that of something
 // else.
 AtspiReference reachedByLabel(const ElementView& hit) {
-  auto at = hit.reference();
-  for (int level = 0; level < maxLevelsInLabel && !at.isNull(); ++level) {
-    const auto view = hit.other(at);
-    if (is(view.role(), RoleKind::checkable) || is(view.role(), RoleKind::control)) return {};
-    if (view.role() == AtspiRole::label) {
-      const auto labelled = firstTarget(view.need(Ask::relations).relations, AtspiRelationType::labelFor);
-      return isReachedByLabel(view.other(labelled).role()) ? labelled : AtspiReference{};
-    }
-    at = view.need(Ask::parent).parent;
-  }
-  return {};
+  const auto label = searchUp(hit, maxLevelsInLabel, [](const auto& view) {
+    if (is(view.role(), RoleKind::checkable) || is(view.role(), RoleKind::control)) return Search::ends;
+    return foundIf(view.role() == AtspiRole::label);
+  });
+  if (label.isNull()) return {};
+  auto labelled = firstTarget(hit.other(label).need(Ask::relations).relations, AtspiRelationType::labelFor);
+  return isReachedByLabel(hit.other(labelled).role()) ? labelled : AtspiReference{};
 }
 
 bool isOption(AtspiRole role) { return role == AtspiRole::menuItem || role == AtspiRole::listItem; }
