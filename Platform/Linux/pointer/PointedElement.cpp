@@ -83,7 +83,7 @@ PointedElement::FoundTopLevel PointedElement::findTopLevel(const WindowOnScreen&
   if (root.isNull()) return {};
   if (isPopover(window, view(root).toolkit())) {
     const auto pixels = view(root).application().pixels();
-    return {popoverOf(view(root), inOwnPixels(window, pixels)), pixels};
+    return {popoverOf(view(root), inOwnPixels(window, pixels), lastNoted()), pixels};
   }
   const auto alike = topLevelsLike(view(root), window);
   if (alike.empty()) return {};
@@ -148,8 +148,17 @@ AtspiReference PointedElement::optionOfPage(const WindowOnScreen& window, CGPoin
   return {};
 }
 
+AtspiReference PointedElement::lastNoted() {
+  const std::lock_guard lock(mutex_);
+  return lastNoted_;
+}
+
 AtspiReference PointedElement::noted(AtspiReference found) {
   session_.reader().notePointed(found);
+  if (!found.isNull()) {
+    const std::lock_guard lock(mutex_);
+    lastNoted_ = found;
+  }
   if (!found.isNull()) focus_.lastInput().notePressed(view(found), ownerOfOpenList(view(found)));
   return found;
 }

@@ -63,6 +63,7 @@ class PointedElement {
   AtspiReference optionOfPage(const WindowOnScreen& window, CGPoint point);
   AtspiReference controlAround(const AtspiReference& pressed);
   AtspiReference noted(AtspiReference found);
+  AtspiReference lastNoted();
   bool wasDraggedTo(const AtspiReference& released, CGPoint point);
   void noteMissing(const WindowOnScreen& window);
   std::string whyNothing(const std::optional<WindowOnScreen>& window);
@@ -73,7 +74,9 @@ class PointedElement {
   KnownTopLevels topLevels_;
   std::atomic<std::chrono::steady_clock::time_point> pressTime_{};
   std::mutex mutex_;
-  std::set<ProcessIdentifier> missing_;  // guarded by mutex_
+  // guarded by mutex_
+  std::set<ProcessIdentifier> missing_;
+  AtspiReference lastNoted_;
 };
 
 }  // namespace norra::linux_desktop

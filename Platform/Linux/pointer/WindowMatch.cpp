@@ -14,6 +14,7 @@ namespace {
 constexpr double maxDistanceOfPopUp = 100;
 constexpr double maxDistanceOfPopover = 80;
 constexpr int maxLevelsOfPopover = 16;
+constexpr int maxLevelsOfOpener = 4;
 constexpr std::size_t maxElementsSearched = 1000;
 constexpr std::size_t maxPartsSearched = 64;
 // Of one that says nothing of its place.
@@ -164,21 +165,45 @@ std::vector<AtspiReference> partsOfAll(const ElementView& root, const std::vecto
   return parts;
 }
 
+// The one among these, of which it is known what they are, that is as large as the window; null: none is.
+AtspiReference popoverAmong(const ElementView& root, const std::vector<AtspiReference>& elements,
+                            const WindowOnScreen& window) {
+  AtspiReference best;
+  double bestDistance = maxDistanceOfPopover;
+  for (const auto& element : elements) {
+    if (!liesInOwnWindow(root, element)) continue;
+    const auto distance = distanceOfPopover(root.other(element), window);
+    if (distance < bestDistance) {
+      best = element;
+      bestDistance = distance;
+    }
+  }
+  return best;
+}
+
+// What was clicked lies in it, or has opened it: then it lies in that, or beside it in the same widget.
+AtspiReference popoverByClick(const ElementView& root, const AtspiReference& clicked, const WindowOnScreen& window) {
+  AtspiReference popover;
+  int level = 0;
+  searchUp(root.other(clicked), maxLevelsOfPopover, [&](const ElementView& view) {
+    const auto parts = partsOfAll(root, {view.reference()});
+    popover = popoverAmong(root, {view.reference()}, window);
+    if (popover.isNull() && level++ < maxLevelsOfOpener) {
+      partsOfAll(root, parts);
+      popover = popoverAmong(root, parts, window);
+    }
+    return view.role() == AtspiRole::frame ? Search::ends : foundIf(!popover.isNull());
+  });
+  return popover;
+}
+
 // Only open ones are in the tree.
 AtspiReference popoverBelow(const ElementView& root, const WindowOnScreen& window) {
   AtspiReference best;
-  double bestDistance = maxDistanceOfPopover;
   std::size_t searched = 0;
   for (auto level = fewChildren(root); !level.empty() && searched < maxElementsSearched; searched += level.size()) {
     auto next = partsOfAll(root, level);
-    for (const auto& element : level) {
-      if (!liesInOwnWindow(root, element)) continue;
-      const auto distance = distanceOfPopover(root.other(element), window);
-      if (distance < bestDistance) {
-        best = element;
-        bestDistance = distance;
-      }
-    }
+    best = popoverAmong(root, level, window);
     if (!best.isNull()) break;
     level = std::move(next);
   }
@@ -209,8 +234,10 @@ OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window) {
   return place ? fitOf(*place, window, topLevel).pixels : OwnPixels{};
 }
 
-AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window) {
+AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window, const AtspiReference& lastClicked) {
   auto popover = popoverAroundFocus(root, window);
+  if (popover.isNull() && lastClicked.busName == root.reference().busName)
+    popover = popoverByClick(root, lastClicked, window);
   return popover.isNull() ? popoverBelow(root, window) : popover;
 }
 

@@ -23,8 +23,9 @@ std::vector<TopLevelCandidate> topLevelsLike(const ElementView& root, const Wind
 OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window);
 
 /// What a toolkit whose popovers are windows shows in this one: the element around the keyboard focus that is of its
-/// size, else, where the focus was not told to have gone into it, the first open popover of that size. Null: none is.
-AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window);
+/// size, else, where the focus was not told to have gone into it, an open popover of that size: the one that what was
+/// clicked last lies in or has opened, else, which costs hundreds of calls, the first there is. Null: none is.
+AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window, const AtspiReference& lastClicked = {});
 
 /// The window as its application takes it to be.
 WindowOnScreen inOwnPixels(WindowOnScreen window, const OwnPixels& pixels);

@@ -130,6 +130,12 @@ TEST_F(Gtk4, FindsAnOpenPopoverByItsSize) {
   window.overrideRedirect = true;
   window.client = {500, 400, 80, 60};
   EXPECT_EQ(popoverOf(root, window), reference("popover"));
+  set("box", {.role = AtspiRole::filler, .parent = "frame", .children = {"label", "clicked"}});
+  set("frame", {.role = AtspiRole::frame, .states = visible, .children = {"button", "box"}});
+  set("label", {.role = AtspiRole::label, .parent = "box"});
+  set("clicked", {.role = AtspiRole::menu, .name = "QuayPopover", .parent = "box", .extents = {10, 20, 80, 60}});
+  EXPECT_EQ(popoverOf(view("root"), window, reference("label")), reference("clicked")) << "which that has opened";
+  EXPECT_EQ(popoverOf(view("root"), window, reference("popover")), reference("popover")) << "in which that lies";
   window.client = {500, 400, 300, 300};
   EXPECT_TRUE(popoverOf(root, window).isNull());
 }
