@@ -19,7 +19,7 @@ class Gtk4(toolkits.Gtk4, TextTests, EndToEndTest):
         window = hands.window_below_pointer()
         hands.point_to(self.application.place(widget))
         wait_until(lambda: hands.window_below_pointer() != window, "the pop-up to open")
-        self.application.click(widget)
+        hands.click(hold=0.08, after=0)
 
     def test_a_button_in_a_popover_is_told(self):
         self.application.click("Voyage")

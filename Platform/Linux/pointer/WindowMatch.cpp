@@ -235,9 +235,9 @@ OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window) {
 }
 
 AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window, const AtspiReference& lastClicked) {
-  auto popover = popoverAroundFocus(root, window);
-  if (popover.isNull() && lastClicked.busName == root.reference().busName)
-    popover = popoverByClick(root, lastClicked, window);
+  const bool isClickKnown = lastClicked.busName == root.reference().busName;
+  auto popover = isClickKnown ? popoverByClick(root, lastClicked, window) : AtspiReference{};
+  if (popover.isNull()) popover = popoverAroundFocus(root, window);
   return popover.isNull() ? popoverBelow(root, window) : popover;
 }
 

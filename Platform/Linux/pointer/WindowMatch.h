@@ -22,9 +22,9 @@ std::vector<TopLevelCandidate> topLevelsLike(const ElementView& root, const Wind
 /// How large the application draws in a window that is known to be of this top-level accessible.
 OwnPixels pixelsIn(const ElementView& topLevel, const WindowOnScreen& window);
 
-/// What a toolkit whose popovers are windows shows in this one: the element around the keyboard focus that is of its
-/// size, else, where the focus was not told to have gone into it, an open popover of that size: the one that what was
-/// clicked last lies in or has opened, else, which costs hundreds of calls, the first there is. Null: none is.
+/// What a toolkit whose popovers are windows shows in this one, which is of its size: the popover that what was clicked
+/// last lies in or has opened, else the element around the keyboard focus, else, which costs hundreds of calls while
+/// the popover may close, the first open one. Null: none is.
 AtspiReference popoverOf(const ElementView& root, const WindowOnScreen& window, const AtspiReference& lastClicked = {});
 
 /// The window as its application takes it to be.

@@ -17,6 +17,7 @@ constexpr std::string_view nameOfButtonInDropDown = "GtkToggleButton";
 constexpr int maxLevelsInDropDown = 8;
 constexpr int maxLevelsInButton = 2;
 constexpr int maxFrames = 8;
+constexpr int maxLevelsInPopover = 24;
 
 // What a drop-down shows of what is chosen, until 4.8; later it has no name.
 constexpr std::string_view nameOfChosen = "GtkListItemWidget";
@@ -203,12 +204,13 @@ CGPoint inContent(const ElementView& topLevel, const PointedAt& at) {
   return {at.point.x - window.client.x - left + place.x, at.point.y - window.client.y - top + place.y};
 }
 
+// It finds nothing in popovers.
+AtspiReference askedInContent(const ElementView& topLevel, CGPoint inside, bool isInPopover) {
+  return isInPopover ? AtspiReference{} : askedElementAt(topLevel, inside, Coordinates::ofWindow);
+}
+
 // In coordinates of the window, since it knows no others; a popover has its place in that of the window it belongs to.
-AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
-  const bool isInPopover = at.window.overrideRedirect;
-  auto inside = inContent(topLevel, at);
-  // It finds nothing in popovers.
-  const auto answer = isInPopover ? AtspiReference{} : askedElementAt(topLevel, inside, Coordinates::ofWindow);
+AtspiReference goOnFrom(const AtspiReference& answer, const ElementView& topLevel, CGPoint inside, bool isInPopover) {
   const auto hit = answer.isNull() ? topLevel : topLevel.other(answer);
   topLevel.reader().notePath(hit.reference());
   hit.need(Ask::childCount);
@@ -217,6 +219,29 @@ AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
     inside = {inside.x - x, inside.y - y};
   }
   return withoutDropDownsButton(topLevel, deepestByPlace(hit, inside, Coordinates::ofWindow));
+}
+
+AtspiReference elementAt(const ElementView& topLevel, const PointedAt& at) {
+  const bool isInPopover = at.window.overrideRedirect;
+  const auto inside = inContent(topLevel, at);
+  return goOnFrom(askedInContent(topLevel, inside, isInPopover), topLevel, inside, isInPopover);
+}
+
+bool liesInPopover(const ElementView& topLevel, const AtspiReference& element) {
+  const auto popover = searchUp(topLevel.other(element), maxLevelsInPopover, [&](const ElementView& view) {
+    if (view.reference() == topLevel.reference()) return Search::ends;
+    return foundIf(isPopover(view.need({Ask::role, Ask::name, Ask::firstActionName, Ask::parent})));
+  });
+  return !popover.isNull();
+}
+
+// Later than 4.8 it also finds what lies in popovers that were closed, over whatever has their place now.
+AtspiReference elementBesidePopovers(const ElementView& topLevel, const PointedAt& at) {
+  const bool isInPopover = at.window.overrideRedirect;
+  const auto inside = inContent(topLevel, at);
+  auto answer = askedInContent(topLevel, inside, isInPopover);
+  if (!answer.isNull() && liesInPopover(topLevel, answer)) answer = {};
+  return goOnFrom(answer, topLevel, inside, isInPopover);
 }
 
 constexpr Toolkit withClassNames{
@@ -250,6 +275,7 @@ const Toolkit gtk4 = [] {
   auto later = withClassNames;
   later.nameWithoutOpened = nameWithoutOpened;
   later.nameOfNameless = nameOfNameless;
+  later.elementAt = elementBesidePopovers;
   later.liesInOwnWindow = isPopover;
   later.liesInOwnWindowBy |= Ask::firstActionName;
   return later;

@@ -140,5 +140,24 @@ TEST_F(Gtk4, FindsAnOpenPopoverByItsSize) {
   EXPECT_TRUE(popoverOf(root, window).isNull());
 }
 
+class LaterGtk4 : public FakeApplicationTest {
+ protected:
+  LaterGtk4() : FakeApplicationTest("GTK", "4.18.6") {}
+};
+
+TEST_F(LaterGtk4, FindsNothingInPopoversThatWereClosed) {
+  application_.set("frame",
+                   {.role = AtspiRole::frame, .children = {"menuButton", "save"}, .extents = {0, 0, 300, 200}});
+  application_.set("save", {.role = AtspiRole::pushButton, .parent = "frame", .extents = {0, 40, 300, 40}});
+  application_.set("menuButton", {.role = AtspiRole::pushButton, .parent = "frame", .extents = {0, 0, 300, 40}});
+  application_.set("closed", {.role = AtspiRole::menu, .parent = "menuButton", .actions = {"default.activate"}});
+  application_.set("item", {.role = AtspiRole::menuItem, .parent = "closed", .extents = {0, 40, 300, 40}});
+  application_.answerWithElement("GetAccessibleAtPoint", "item");
+  const auto frame = view("frame");
+  WindowOnScreen window;
+  window.client = {0, 0, 300, 200};
+  EXPECT_EQ(frame.toolkit().elementAt(frame, {.point = {150, 60}, .window = window}), reference("save"));
+}
+
 }  // namespace
 }  // namespace norra::linux_desktop
