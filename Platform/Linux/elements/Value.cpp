@@ -65,6 +65,11 @@ AttributeResult checkedState(const ElementView& view) {
   return valueOf(NSNumber{std::int64_t{isOn ? 1 : 0}});
 }
 
+// That its menu is open is nothing that it holds, and would be told as a text.
+bool opensMenu(const ElementView& view) {
+  return view.role() == AtspiRole::toggleButton && mappedRole(view).role == "AXMenuButton";
+}
+
 bool isEmpty(const AttributeResult& text) {
   const auto* value = std::get_if<std::string>(&text.value);
   return !value || value->empty();
@@ -207,6 +212,7 @@ std::string_view mappedAction(std::string_view action) {
 AttributeResult contentOf(const ElementView& view) {
   const auto role = view.role();
   if (is(role, RoleKind::field)) return textValue(view);
+  if (opensMenu(view)) return noValue();
   if (is(role, RoleKind::checkable) || isExpander(view)) return checkedState(view);
   if (role == AtspiRole::comboBox) return contentOfComboBox(view);
   if (role == AtspiRole::spinButton && view.has(AtspiInterface::value)) return numberOrText(view);

@@ -159,5 +159,13 @@ TEST_F(LaterGtk4, FindsNothingInPopoversThatWereClosed) {
   EXPECT_EQ(frame.toolkit().elementAt(frame, {.point = {150, 60}, .window = window}), reference("save"));
 }
 
+// Its value would be told as a text that was written.
+TEST_F(LaterGtk4, SaysOfAMenuButtonNotThatItsMenuIsOpen) {
+  const auto isOpen = bit(AtspiState::checked) | bit(AtspiState::hasPopup) | bit(AtspiState::expandable);
+  application_.set("tools", {.role = AtspiRole::toggleButton, .name = "Tools", .states = isOpen});
+  EXPECT_EQ(text("tools", "AXRole"), "AXMenuButton");
+  EXPECT_FALSE(valueOf<NSNumber>(element("tools"), "AXValue"));
+}
+
 }  // namespace
 }  // namespace norra::linux_desktop
