@@ -7,9 +7,10 @@
 namespace norra::linux_desktop {
 namespace {
 
+// Returns when the server has done so: who looks then whether the window is there is told if it goes later.
 void selectEvents(X11Connection& connection, xcb_window_t window, std::uint32_t events) {
-  xcb_change_window_attributes(connection.get(), window, XCB_CW_EVENT_MASK, &events);
-  xcb_flush(connection.get());
+  const auto request = xcb_change_window_attributes_checked(connection.get(), window, XCB_CW_EVENT_MASK, &events);
+  const std::unique_ptr<xcb_generic_error_t, Free> error(xcb_request_check(connection.get(), request));
 }
 
 }  // namespace
