@@ -31,7 +31,7 @@ class ScaledTest:
             for widget, told in self.clicks:
                 with self.subTest(widget, x=x):
                     self.point_to(widget)
-                    self.application.click(widget)
+                    hands.click(hold=0.08, after=0)
                     if told:
                         self.expect_among(told)
 
